@@ -1,0 +1,52 @@
+# Two commands for a fresh Debian machine:
+#   make test   installs what is missing, builds, runs every test
+#   make run    installs what is missing, builds, starts the form application
+BUILD     ?= build
+BUILDTYPE ?= RelWithDebInfo
+PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
+             libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+WERROR    := $(if $(CI),ON,OFF)
+
+.PHONY: all setup configure build test format format-check bench run clean
+
+all: build
+
+# Installs only the packages that are missing, so a second run costs a dpkg query.
+setup:
+	@missing=""; for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q 'install ok installed' || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing:$$missing"; \
+	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get update -qq && \
+	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
+	fi
+
+$(BUILD)/build.ninja:
+	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
+	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUILLMAR_WERROR=$(WERROR)
+
+configure: setup $(BUILD)/build.ninja
+
+build: configure
+	cmake --build $(BUILD)
+
+format-check: setup
+	@files=$$(git ls-files '*.h' '*.cpp'); \
+	[ -z "$$files" ] || clang-format --dry-run -Werror $$files
+
+format:
+	git ls-files '*.h' '*.cpp' | xargs -r clang-format -i
+
+test: build format-check
+	ctest --test-dir $(BUILD) --output-on-failure -j2
+
+bench: build
+	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b; done
+
+run: build
+	@echo "quillmar-forms, the form application, is not built yet; 'make test' builds and tests the library."
+
+clean:
+	rm -rf $(BUILD)

@@ -1,0 +1,589 @@
+#include "control/Quillmar.h"
+
+#include "validation/Conversions.h"
+#include "validation/NumericAnalysis.h"
+#include "validation/Rules.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace quillmar {
+namespace {
+
+void CheckRange(int32_t value, int32_t low, int32_t high) {
+    if (value < low || value > high) throw PropertyError(PropertyError::InvalidPropertyValue);
+}
+
+} // namespace
+
+Quillmar::Quillmar(HostServices host)
+    : m_host(host) {
+    m_host.editBox.SetEvents(this);
+}
+
+Quillmar::~Quillmar() {
+    m_host.editBox.SetEvents(nullptr);
+}
+
+void Quillmar::Notify(std::u16string_view name) {
+    m_host.container.PropertyChanged(name);
+}
+
+LocaleInfo Quillmar::Locale() const {
+    return m_host.locale.Locale();
+}
+
+int32_t Quillmar::RulesOf(std::u16string_view text) const {
+    return EvaluateRules(text, m_settings, Locale(), m_host.editBox.MaxLength());
+}
+
+// Methods.
+
+int32_t Quillmar::CheckInput() const {
+    if (m_settings.MustBeType == vldUnspecified) return 0;
+    return RulesOf(m_host.editBox.Text());
+}
+
+bool Quillmar::IsValid() const {
+    if (m_settings.MustBeType == vldUnspecified) return true;
+    return CheckInput() <= 0;
+}
+
+void Quillmar::Refresh() {
+    m_host.editBox.Refresh();
+}
+
+void Quillmar::ShowAboutBox() {
+    m_host.aboutBox.Show();
+}
+
+// Type flags.
+
+void Quillmar::ClearTypeFlags() {
+    m_state.NumericMode = false;
+    m_state.TypeIsByte = false;
+    m_state.TypeIsInteger = false;
+    m_state.TypeIsLong = false;
+    m_state.TypeIsSingle = false;
+    m_state.TypeIsDouble = false;
+    m_state.TypeIsCurrency = false;
+    m_state.TypeIsDate = false;
+    m_state.TypeIsTime = false;
+}
+
+void Quillmar::EnterNumericMode() {
+    m_state.TypeIsDate = false;
+    m_state.TypeIsTime = false;
+    m_state.NumericMode = true;
+    if (IsDateTimeType(m_settings.MustBeType)) {
+        // A sign or exponent rule turns a date or time field into a double field, quietly.
+        m_settings.MustBeType = vldDouble;
+        m_state.TypeIsDouble = true;
+    }
+    const LocaleInfo locale = Locale();
+    for (Variant* limit : { &m_settings.MaxValue, &m_settings.MinValue, &m_settings.DefaultValue })
+        if (!IsNumericText(TextOf(*limit, locale), locale)) *limit = std::u16string();
+}
+
+void Quillmar::ClearLimitsOfOtherClass(int wantedClass) {
+    const LocaleInfo locale = Locale();
+    for (Variant* limit : { &m_settings.MaxValue, &m_settings.MinValue, &m_settings.DefaultValue })
+        if (ClassifyDateTime(*limit, locale) != wantedClass) *limit = std::u16string();
+}
+
+// Properties held by the control.
+
+void Quillmar::SetThousandSeparator(int32_t value) {
+    CheckRange(value, 0, 1);
+    m_settings.ThousandSeparator = static_cast<ThousandSeparatorConstants>(value);
+    Notify(u"ThousandSeparator");
+}
+
+void Quillmar::SetMustBePositive(bool value) {
+    m_settings.MustBePositive = value;
+    Notify(u"MustBePositive");
+    if (!value) return;
+    EnterNumericMode();
+    if (m_settings.MustBePositive) SetMustBeNegative(false);
+}
+
+void Quillmar::SetMustBeNegative(bool value) {
+    m_settings.MustBeNegative = value;
+    Notify(u"MustBeNegative");
+    if (!value) return;
+    EnterNumericMode();
+    if (m_settings.MustBeNegative) SetMustBePositive(false);
+}
+
+void Quillmar::SetBeeping(bool value) {
+    m_settings.Beeping = value;
+    Notify(u"Beeping");
+}
+
+void Quillmar::SetMustBeUpperCase(bool value) {
+    m_settings.MustBeUpperCase = value;
+    Notify(u"MustBeUpperCase");
+    if (!value) return;
+    SetMustBeLowerCase(false);
+    SetMustBeProperCase(false);
+}
+
+void Quillmar::SetMustBeLowerCase(bool value) {
+    m_settings.MustBeLowerCase = value;
+    Notify(u"MustBeLowerCase");
+    if (!value) return;
+    SetMustBeUpperCase(false);
+    SetMustBeProperCase(false);
+}
+
+void Quillmar::SetMustBeProperCase(bool value) {
+    m_settings.MustBeProperCase = value;
+    Notify(u"MustBeProperCase");
+    if (!value) return;
+    SetMustBeUpperCase(false);
+    SetMustBeLowerCase(false);
+}
+
+void Quillmar::SetNoDigits(bool value) {
+    m_settings.NoDigits = value;
+    Notify(u"NoDigits");
+    if (!value) return;
+    SetOnlyLetters(false);
+    SetOnlyLettersWithSpace(false);
+}
+
+void Quillmar::SetOnlyLetters(bool value) {
+    m_settings.OnlyLetters = value;
+    Notify(u"OnlyLetters");
+    if (!value) return;
+    SetNoDigits(false);
+    SetOnlyLettersWithSpace(false);
+}
+
+void Quillmar::SetOnlyLettersWithSpace(bool value) {
+    m_settings.OnlyLettersWithSpace = value;
+    Notify(u"OnlyLettersWithSpace");
+    if (!value) return;
+    SetNoDigits(false);
+    SetOnlyLetters(false);
+}
+
+void Quillmar::SetAllowScientificFormat(bool value) {
+    m_settings.AllowScientificFormat = value;
+    Notify(u"AllowScientificFormat");
+    if (value) EnterNumericMode();
+}
+
+void Quillmar::SetFinalValidationActive(bool value) {
+    m_settings.FinalValidationActive = value;
+    Notify(u"FinalValidationActive");
+}
+
+void Quillmar::SetValidCharactersSet(std::u16string_view value) {
+    m_settings.ValidCharactersSet = value;
+    Notify(u"ValidCharactersSet");
+}
+
+void Quillmar::SetExtraExcludedCharacters(std::u16string_view value) {
+    m_settings.ExtraExcludedCharacters = value;
+    Notify(u"ExtraExcludedCharacters");
+}
+
+void Quillmar::SetExtraIncludedCharacters(std::u16string_view value) {
+    m_settings.ExtraIncludedCharacters = value;
+    Notify(u"ExtraIncludedCharacters");
+}
+
+void Quillmar::SetRequiredField(bool value) {
+    m_settings.RequiredField = value;
+    Notify(u"RequiredField");
+}
+
+void Quillmar::SetMaxNumberOfDecimals(int32_t value) {
+    // Stored before the check, unlike MaxRelativeAccuracy: a refused count stays in place, unannounced.
+    m_settings.MaxNumberOfDecimals = static_cast<int16_t>(std::clamp<int32_t>(value, 0, INT16_MAX));
+    if (m_settings.MaxNumberOfDecimals > 32) throw PropertyError(PropertyError::InvalidPropertyValue);
+    Notify(u"MaxNumberOfDecimals");
+}
+
+void Quillmar::SetCustomMask(std::u16string_view value) {
+    m_settings.CustomMask = value;
+    Notify(u"CustomMask");
+}
+
+void Quillmar::SetDefaultValue(const Variant& value) {
+    if (value.IsEmpty() || value.IsEmptyString()) {
+        m_settings.DefaultValue = std::u16string();
+    } else if (!m_state.NumericMode && !m_state.TypeIsDate && !m_state.TypeIsTime) {
+        m_settings.DefaultValue = value;
+    } else if (m_state.NumericMode) {
+        const auto number = NumberOf(value, Locale());
+        if (!number) return;
+        m_settings.DefaultValue = value.IsString() ? Variant(number->value) : value;
+    } else {
+        const LocaleInfo locale = Locale();
+        const auto days = DateTimeOf(value, locale);
+        if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass)) return;
+        m_settings.DefaultValue = Date { *days };
+    }
+    Notify(u"DefaultValue");
+}
+
+void Quillmar::SetLimit(Variant& limit, const Variant& value, std::u16string_view name) {
+    const LocaleInfo locale = Locale();
+    if (value.IsEmpty() || value.IsEmptyString()) {
+        limit = std::u16string();
+    } else {
+        const auto number = NumberOf(value, locale);
+        const auto days = DateTimeOf(value, locale);
+        if (!number && !days) return;
+        if (m_state.NumericMode) {
+            if (!number) return;
+            limit = value.IsString() ? Variant(number->value) : value;
+        }
+        if (m_state.TypeIsDate || m_state.TypeIsTime) {
+            if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass)) return;
+            limit = Date { *days };
+        }
+    }
+    Notify(name);
+}
+
+void Quillmar::SetMinValue(const Variant& value) {
+    SetLimit(m_settings.MinValue, value, u"MinValue");
+}
+
+void Quillmar::SetMaxValue(const Variant& value) {
+    SetLimit(m_settings.MaxValue, value, u"MaxValue");
+}
+
+void Quillmar::SetMustNotBeZero(bool value) {
+    m_settings.MustNotBeZero = value;
+    Notify(u"MustNotBeZero");
+}
+
+void Quillmar::RequireDesignTime(int error) const {
+    if (m_host.container.UserMode()) throw PropertyError(error);
+}
+
+VariantArray Quillmar::MustNotBeValues() const {
+    RequireDesignTime(PropertyError::NotAvailableAtRunTime);
+    return m_settings.MustNotBeValues;
+}
+
+void Quillmar::SetMustNotBeValues(const VariantArray& value) {
+    RequireDesignTime(PropertyError::NotSettableAtRunTime);
+    m_settings.MustNotBeValues = value;
+    Notify(u"MustNotBeValues");
+}
+
+VariantArray Quillmar::Actions() const {
+    RequireDesignTime(PropertyError::NotAvailableAtRunTime);
+    return m_settings.Actions;
+}
+
+void Quillmar::SetActions(const VariantArray& value) {
+    RequireDesignTime(PropertyError::NotSettableAtRunTime);
+    m_settings.Actions = value;
+    Notify(u"Actions");
+}
+
+void Quillmar::SetShowErrorMessage(bool value) {
+    m_settings.ShowErrorMessage = value;
+    Notify(u"ShowErrorMessage");
+}
+
+void Quillmar::SetValidationMode(int32_t value) {
+    CheckRange(value, 0, 1);
+    m_settings.ValidationMode = static_cast<ValidationModeConstants>(value);
+    Notify(u"ValidationMode");
+}
+
+void Quillmar::SetMessageBoxTitle(std::u16string_view value) {
+    m_settings.MessageBoxTitle = value;
+    Notify(u"MessageBoxTitle");
+}
+
+void Quillmar::SetErrorMessageMode(int32_t value) {
+    CheckRange(value, 1, 3);
+    m_settings.ErrorMessageMode = static_cast<ErrorMessageModeConstants>(value);
+    Notify(u"ErrorMessageMode");
+}
+
+void Quillmar::SetMustBeType(int32_t value) {
+    CheckRange(value, vldUnspecified, vldTime);
+    ClearTypeFlags();
+    switch (value) {
+    case vldByte:
+        m_state.TypeIsByte = true;
+        EnterNumericMode();
+        SetMustBeNegative(false);
+        break;
+    case vldInteger:
+        m_state.TypeIsInteger = true;
+        EnterNumericMode();
+        break;
+    case vldLong:
+        m_state.TypeIsLong = true;
+        EnterNumericMode();
+        break;
+    case vldSingle:
+        m_state.TypeIsSingle = true;
+        EnterNumericMode();
+        break;
+    case vldDouble:
+        m_state.TypeIsDouble = true;
+        EnterNumericMode();
+        break;
+    case vldCurrency:
+        m_state.TypeIsCurrency = true;
+        EnterNumericMode();
+        break;
+    case vldDate:
+    case vldTime:
+        (value == vldDate ? m_state.TypeIsDate : m_state.TypeIsTime) = true;
+        SetAllowScientificFormat(false);
+        SetMustBeNegative(false);
+        SetMustBePositive(false);
+        ClearLimitsOfOtherClass(value == vldDate ? DateClass : TimeClass);
+        break;
+    default:
+        break;
+    }
+    // Stored after EnterNumericMode, so a date field turned numeric ends with the requested type.
+    m_settings.MustBeType = static_cast<MustBeTypeConstants>(value);
+    if (m_state.NumericMode) m_state.TypeIsDouble = value == vldDouble;
+    Notify(u"MustBeType");
+}
+
+void Quillmar::SetOnErrorSelectEntireField(bool value) {
+    m_settings.OnErrorSelectEntireField = value;
+    Notify(u"OnErrorSelectEntireField");
+}
+
+void Quillmar::SetInputSifting(int32_t value) {
+    CheckRange(value, 0, 2);
+    m_settings.InputSifting = static_cast<InputSiftingConstants>(value);
+    Notify(u"InputSifting");
+}
+
+void Quillmar::SetMaxRelativeAccuracy(int32_t value) {
+    if (value > 32) throw PropertyError(PropertyError::InvalidPropertyValue);
+    m_settings.MaxRelativeAccuracy = static_cast<int16_t>(std::max(value, 0));
+    Notify(u"MaxRelativeAccuracy");
+}
+
+void Quillmar::SetMessageBoxIcon(int32_t value) {
+    CheckRange(value, vldMBINone, vldMBIQuestion);
+    m_settings.MessageBoxIcon = static_cast<MsgBoxIcons>(value);
+    Notify(u"MessageBoxIcon");
+}
+
+void Quillmar::SetErrorMessage(std::u16string_view value) {
+    m_settings.ErrorMessage = value;
+    Notify(u"ErrorMessage");
+}
+
+void Quillmar::SetShowAsUnderstood(bool value) {
+    m_settings.ShowAsUnderstood = value;
+    Notify(u"ShowAsUnderstood");
+}
+
+// Text and value.
+
+void Quillmar::WriteText(std::u16string_view text) {
+    m_state.InternalTextChange = true;
+    m_host.editBox.SetText(text);
+    m_state.InternalTextChange = false;
+}
+
+std::u16string Quillmar::Text() const {
+    return m_host.editBox.Text();
+}
+
+void Quillmar::SetText(std::u16string_view value) {
+    WriteText(value);
+    const std::u16string text = m_host.editBox.Text();
+    if (RulesOf(text) == 0) {
+        const LocaleInfo locale = Locale();
+        Variant converted = ConvertToType(text, m_settings.MustBeType, locale);
+        if (!converted.IsEmpty() && RulesOf(TextOf(converted, locale)) == 0)
+            m_state.LastValidValue = std::move(converted);
+    }
+    Notify(u"Text");
+}
+
+Variant Quillmar::Value() const {
+    const LocaleInfo locale = Locale();
+    Variant candidate;
+    if (m_settings.MaxRelativeAccuracy != 0 && !m_state.TextEditedSinceValue && !m_state.ExactValue.IsEmpty())
+        candidate = ConvertToType(m_state.ExactValue, m_settings.MustBeType, locale);
+    else
+        candidate = ConvertToType(m_host.editBox.Text(), m_settings.MustBeType, locale);
+    if (candidate.IsEmpty()) return m_host.editBox.Text();
+    return candidate;
+}
+
+void Quillmar::SetValue(const Variant& value) {
+    const LocaleInfo locale = Locale();
+    m_state.InternalTextChange = true;
+    if (m_state.NumericMode) {
+        if (m_settings.MaxRelativeAccuracy < 1) {
+            m_state.ExactValue = Variant();
+            m_host.editBox.SetText(TextOf(value, locale));
+        } else {
+            m_state.ExactValue = value;
+            m_host.editBox.SetText(RoundToRelativeAccuracy(value, m_settings.MaxRelativeAccuracy, locale));
+        }
+        m_state.TextEditedSinceValue = false;
+    } else {
+        m_host.editBox.SetText(TextOf(value, locale));
+    }
+    m_state.InternalTextChange = false;
+    Notify(u"Value");
+}
+
+void Quillmar::OnChange() {
+    if (m_events) m_events->Change();
+    if (!m_state.ExactValue.IsEmpty()) m_state.TextEditedSinceValue = true;
+}
+
+// Properties of the edit box.
+
+int32_t Quillmar::MaxLength() const { return m_host.editBox.MaxLength(); }
+int32_t Quillmar::SelStart() const { return m_host.editBox.SelStart(); }
+int32_t Quillmar::SelLength() const { return m_host.editBox.SelLength(); }
+std::u16string Quillmar::SelText() const { return m_host.editBox.SelText(); }
+int16_t Quillmar::Alignment() const { return m_host.editBox.Alignment(); }
+int16_t Quillmar::Appearance() const { return m_host.editBox.Appearance(); }
+int16_t Quillmar::BorderStyle() const { return m_host.editBox.BorderStyle(); }
+bool Quillmar::Locked() const { return m_host.editBox.Locked(); }
+std::u16string Quillmar::PasswordChar() const { return m_host.editBox.PasswordChar(); }
+bool Quillmar::RightToLeft() const { return m_host.editBox.RightToLeft(); }
+int16_t Quillmar::MousePointer() const { return m_host.editBox.MousePointer(); }
+PictureRef Quillmar::MouseIcon() const { return m_host.editBox.MouseIcon(); }
+bool Quillmar::FontBold() const { return m_host.editBox.Font().bold; }
+bool Quillmar::FontItalic() const { return m_host.editBox.Font().italic; }
+bool Quillmar::FontUnderline() const { return m_host.editBox.Font().underline; }
+bool Quillmar::FontStrikethru() const { return m_host.editBox.Font().strikethru; }
+float Quillmar::FontSize() const { return m_host.editBox.Font().size; }
+int16_t Quillmar::OLEDragMode() const { return m_host.editBox.OLEDragMode(); }
+int16_t Quillmar::OLEDropMode() const { return m_host.editBox.OLEDropMode(); }
+FontDesc Quillmar::Font() const { return m_host.editBox.Font(); }
+uint32_t Quillmar::BackColor() const { return m_host.editBox.BackColor(); }
+uint32_t Quillmar::ForeColor() const { return m_host.editBox.ForeColor(); }
+std::u16string Quillmar::FontName() const { return m_host.editBox.Font().name; }
+int32_t Quillmar::hwnd() const { return m_host.editBox.Handle(); }
+bool Quillmar::HideSelection() const { return m_host.editBox.HideSelection(); }
+
+// Colours and the font face are set by a loaded form only; assignments from code are ignored.
+void Quillmar::SetFont(const FontDesc&) { }
+void Quillmar::SetBackColor(uint32_t) { }
+void Quillmar::SetForeColor(uint32_t) { }
+void Quillmar::SetFontName(std::u16string_view) { }
+
+void Quillmar::SetMaxLength(int32_t value) {
+    m_host.editBox.SetMaxLength(value);
+    Notify(u"MaxLength");
+}
+
+void Quillmar::SetSelStart(int32_t value) {
+    m_host.editBox.SetSelStart(value);
+    Notify(u"SelStart");
+}
+
+void Quillmar::SetSelLength(int32_t value) {
+    m_host.editBox.SetSelLength(value);
+    Notify(u"SelLength");
+}
+
+void Quillmar::SetSelText(std::u16string_view value) {
+    m_host.editBox.SetSelText(value);
+    Notify(u"SelText");
+}
+
+void Quillmar::SetAlignment(int16_t value) {
+    m_host.editBox.SetAlignment(value);
+    Notify(u"Alignment");
+}
+
+void Quillmar::SetAppearance(int16_t value) {
+    m_host.editBox.SetAppearance(value);
+    Notify(u"Appearance");
+}
+
+void Quillmar::SetBorderStyle(int16_t value) {
+    m_host.editBox.SetBorderStyle(value);
+    Notify(u"BorderStyle");
+}
+
+void Quillmar::SetLocked(bool value) {
+    m_host.editBox.SetLocked(value);
+    Notify(u"Locked");
+}
+
+void Quillmar::SetPasswordChar(std::u16string_view value) {
+    m_host.editBox.SetPasswordChar(value);
+    Notify(u"PasswordChar");
+}
+
+void Quillmar::SetRightToLeft(bool value) {
+    m_host.editBox.SetRightToLeft(value);
+    Notify(u"RightToLeft");
+}
+
+void Quillmar::SetMousePointer(int16_t value) {
+    m_host.editBox.SetMousePointer(value);
+    Notify(u"MousePointer");
+}
+
+void Quillmar::SetMouseIcon(PictureRef value) {
+    m_host.editBox.SetMouseIcon(std::move(value));
+    Notify(u"MouseIcon");
+}
+
+template <typename Apply>
+void Quillmar::EditFont(Apply apply, std::u16string_view name) {
+    FontDesc font = m_host.editBox.Font();
+    apply(font);
+    m_host.editBox.SetFont(font);
+    Notify(name);
+}
+
+void Quillmar::SetFontBold(bool value) {
+    EditFont([value](FontDesc& f) { f.bold = value; }, u"FontBold");
+}
+
+void Quillmar::SetFontItalic(bool value) {
+    EditFont([value](FontDesc& f) { f.italic = value; }, u"FontItalic");
+}
+
+void Quillmar::SetFontUnderline(bool value) {
+    EditFont([value](FontDesc& f) { f.underline = value; }, u"FontUnderline");
+}
+
+void Quillmar::SetFontStrikethru(bool value) {
+    EditFont([value](FontDesc& f) { f.strikethru = value; }, u"FontStrikethru");
+}
+
+void Quillmar::SetFontSize(float value) {
+    EditFont([value](FontDesc& f) { f.size = value; }, u"FontSize");
+}
+
+void Quillmar::SetOLEDragMode(int16_t value) {
+    m_host.editBox.SetOLEDragMode(value);
+    Notify(u"OLEDragMode");
+}
+
+void Quillmar::SetOLEDropMode(int16_t value) {
+    m_host.editBox.SetOLEDropMode(value);
+    Notify(u"OLEDropMode");
+}
+
+void Quillmar::SetEnabled(bool value) {
+    m_enabled = value;
+    m_host.editBox.SetEnabled(value);
+    Notify(u"Enabled");
+}
+
+} // namespace quillmar

@@ -1,0 +1,273 @@
+#pragma once
+
+#include "control/Enums.h"
+#include "control/PropertyError.h"
+#include "control/QuillmarEvents.h"
+#include "control/Settings.h"
+#include "control/Variant.h"
+#include "host/Host.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillmar {
+
+/// The type flags and the state the control derives and keeps beside its properties.
+struct ControlState {
+    bool NumericMode = false;
+    bool TypeIsByte = false;
+    bool TypeIsInteger = false;
+    bool TypeIsLong = false;
+    bool TypeIsSingle = false;
+    bool TypeIsDouble = false;
+    bool TypeIsCurrency = false;
+    bool TypeIsDate = false;
+    bool TypeIsTime = false;
+    /// True while the control itself writes the edit box's text.
+    bool InternalTextChange = false;
+    /// The last value known to be valid.
+    Variant LastValidValue;
+    /// The full-precision number last given to `Value` while a relative accuracy is in force.
+    Variant ExactValue;
+    /// The user changed the text since `Value` was last written.
+    bool TextEditedSinceValue = false;
+};
+
+/// The single-line data-entry field. Every property `X` has a reader `X()` and, unless read-only, a writer
+/// `SetX(value)`. Each writer that succeeds stores the value, tells the container `PropertyChanged` with the
+/// property's name, then runs its interlocks through the other writers (which notify in turn); only
+/// `SetMustBeType` runs its interlocks first and notifies last. A refused value throws `PropertyError` (380,
+/// or 382/393 for the two list properties at run time) and changes nothing. Nothing else throws.
+/// The control reaches its host only through the services it is given, which must outlive it.
+class Quillmar : private EditBoxEvents {
+public:
+    explicit Quillmar(HostServices host);
+    ~Quillmar() override;
+    Quillmar(const Quillmar&) = delete;
+    Quillmar& operator=(const Quillmar&) = delete;
+
+    /// Where the events go; nullptr for none. The listener must outlive the control or be reset.
+    void SetEventListener(QuillmarEvents* listener) noexcept { m_events = listener; }
+
+    /// The declared rules as the checks read them.
+    [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
+    /// The derived type flags and the kept values.
+    [[nodiscard]] const ControlState& state() const noexcept { return m_state; }
+
+    // Methods.
+
+    /// The constraints the edit box's text breaks (`ConstraintsConstants` bits); 0 for a valid text and
+    /// always 0 when `MustBeType` is `vldUnspecified`.
+    [[nodiscard]] int32_t CheckInput() const;
+    /// True when `CheckInput` is 0 (or negative); always true for `vldUnspecified`.
+    [[nodiscard]] bool IsValid() const;
+    /// Repaints the edit box.
+    void Refresh();
+    /// Opens the about box modally.
+    void ShowAboutBox();
+
+    // Properties held by the control.
+
+    [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const noexcept { return m_settings.ThousandSeparator; }
+    /// 0 or 1; anything else throws 380.
+    void SetThousandSeparator(int32_t value);
+    [[nodiscard]] bool MustBePositive() const noexcept { return m_settings.MustBePositive; }
+    /// True makes the field numeric (a date or time type becomes `vldDouble`) and clears `MustBeNegative`.
+    void SetMustBePositive(bool value);
+    [[nodiscard]] bool MustBeNegative() const noexcept { return m_settings.MustBeNegative; }
+    /// True makes the field numeric and clears `MustBePositive`.
+    void SetMustBeNegative(bool value);
+    [[nodiscard]] bool Beeping() const noexcept { return m_settings.Beeping; }
+    void SetBeeping(bool value);
+    [[nodiscard]] bool MustBeUpperCase() const noexcept { return m_settings.MustBeUpperCase; }
+    /// True clears `MustBeLowerCase`, then `MustBeProperCase`.
+    void SetMustBeUpperCase(bool value);
+    [[nodiscard]] bool MustBeLowerCase() const noexcept { return m_settings.MustBeLowerCase; }
+    /// True clears `MustBeUpperCase`, then `MustBeProperCase`.
+    void SetMustBeLowerCase(bool value);
+    [[nodiscard]] bool MustBeProperCase() const noexcept { return m_settings.MustBeProperCase; }
+    /// True clears `MustBeUpperCase`, then `MustBeLowerCase`.
+    void SetMustBeProperCase(bool value);
+    [[nodiscard]] bool NoDigits() const noexcept { return m_settings.NoDigits; }
+    /// True clears `OnlyLetters`, then `OnlyLettersWithSpace`.
+    void SetNoDigits(bool value);
+    [[nodiscard]] bool OnlyLetters() const noexcept { return m_settings.OnlyLetters; }
+    /// True clears `NoDigits`, then `OnlyLettersWithSpace`.
+    void SetOnlyLetters(bool value);
+    [[nodiscard]] bool OnlyLettersWithSpace() const noexcept { return m_settings.OnlyLettersWithSpace; }
+    /// True clears `NoDigits`, then `OnlyLetters`.
+    void SetOnlyLettersWithSpace(bool value);
+    [[nodiscard]] bool AllowScientificFormat() const noexcept { return m_settings.AllowScientificFormat; }
+    /// True makes the field numeric.
+    void SetAllowScientificFormat(bool value);
+    [[nodiscard]] bool FinalValidationActive() const noexcept { return m_settings.FinalValidationActive; }
+    void SetFinalValidationActive(bool value);
+    [[nodiscard]] const std::u16string& ValidCharactersSet() const noexcept { return m_settings.ValidCharactersSet; }
+    void SetValidCharactersSet(std::u16string_view value);
+    [[nodiscard]] const std::u16string& ExtraExcludedCharacters() const noexcept
+    {
+        return m_settings.ExtraExcludedCharacters;
+    }
+    void SetExtraExcludedCharacters(std::u16string_view value);
+    [[nodiscard]] const std::u16string& ExtraIncludedCharacters() const noexcept
+    {
+        return m_settings.ExtraIncludedCharacters;
+    }
+    void SetExtraIncludedCharacters(std::u16string_view value);
+    [[nodiscard]] bool RequiredField() const noexcept { return m_settings.RequiredField; }
+    void SetRequiredField(bool value);
+    [[nodiscard]] int16_t MaxNumberOfDecimals() const noexcept { return m_settings.MaxNumberOfDecimals; }
+    /// Stores the value first (negative as 0), then throws 380 above 32: the refused value stays stored
+    /// and no notification is sent.
+    void SetMaxNumberOfDecimals(int32_t value);
+    [[nodiscard]] const std::u16string& CustomMask() const noexcept { return m_settings.CustomMask; }
+    void SetCustomMask(std::u16string_view value);
+    [[nodiscard]] const Variant& DefaultValue() const noexcept { return m_settings.DefaultValue; }
+    /// The empty string clears it. For a numeric field a non-number is ignored quietly and a text is stored
+    /// as its double; for a date (time) field anything but a date (time) is ignored and a text is stored as
+    /// its date-time; for a text field anything is stored as given.
+    void SetDefaultValue(const Variant& value);
+    [[nodiscard]] const Variant& MinValue() const noexcept { return m_settings.MinValue; }
+    /// The empty string clears it. A number (numeric field) or a date or time of the field's class is stored
+    /// (texts converted); anything else is ignored quietly. A text field stores nothing but still notifies.
+    void SetMinValue(const Variant& value);
+    [[nodiscard]] const Variant& MaxValue() const noexcept { return m_settings.MaxValue; }
+    /// As `SetMinValue`.
+    void SetMaxValue(const Variant& value);
+    [[nodiscard]] bool MustNotBeZero() const noexcept { return m_settings.MustNotBeZero; }
+    void SetMustNotBeZero(bool value);
+    /// A copy of the forbidden values (slot 0 unused); throws 393 at run time.
+    [[nodiscard]] VariantArray MustNotBeValues() const;
+    /// Stores a copy; throws 382 at run time.
+    void SetMustNotBeValues(const VariantArray& value);
+    /// A copy of the four slots of actions; throws 393 at run time.
+    [[nodiscard]] VariantArray Actions() const;
+    /// Stores a copy; throws 382 at run time.
+    void SetActions(const VariantArray& value);
+    [[nodiscard]] bool ShowErrorMessage() const noexcept { return m_settings.ShowErrorMessage; }
+    void SetShowErrorMessage(bool value);
+    [[nodiscard]] ValidationModeConstants ValidationMode() const noexcept { return m_settings.ValidationMode; }
+    /// 0 or 1; anything else throws 380.
+    void SetValidationMode(int32_t value);
+    [[nodiscard]] const std::u16string& MessageBoxTitle() const noexcept { return m_settings.MessageBoxTitle; }
+    void SetMessageBoxTitle(std::u16string_view value);
+    [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const noexcept { return m_settings.ErrorMessageMode; }
+    /// 1, 2 or 3; anything else throws 380.
+    void SetErrorMessageMode(int32_t value);
+    [[nodiscard]] MustBeTypeConstants MustBeType() const noexcept { return m_settings.MustBeType; }
+    /// 0 to 9; anything else throws 380. Re-derives the type flags and clears what the new type cannot hold
+    /// (for a byte `MustBeNegative`; for a date or time the sign rules, the scientific format and the limits
+    /// and default of the other class), then stores and notifies.
+    void SetMustBeType(int32_t value);
+    [[nodiscard]] bool OnErrorSelectEntireField() const noexcept { return m_settings.OnErrorSelectEntireField; }
+    void SetOnErrorSelectEntireField(bool value);
+    [[nodiscard]] InputSiftingConstants InputSifting() const noexcept { return m_settings.InputSifting; }
+    /// 0, 1 or 2; anything else throws 380.
+    void SetInputSifting(int32_t value);
+    [[nodiscard]] int16_t MaxRelativeAccuracy() const noexcept { return m_settings.MaxRelativeAccuracy; }
+    /// Negative counts as 0; above 32 throws 380 and keeps the old value.
+    void SetMaxRelativeAccuracy(int32_t value);
+    [[nodiscard]] MsgBoxIcons MessageBoxIcon() const noexcept { return m_settings.MessageBoxIcon; }
+    /// 0 to 4; anything else throws 380.
+    void SetMessageBoxIcon(int32_t value);
+    [[nodiscard]] const std::u16string& ErrorMessage() const noexcept { return m_settings.ErrorMessage; }
+    void SetErrorMessage(std::u16string_view value);
+    [[nodiscard]] bool ShowAsUnderstood() const noexcept { return m_settings.ShowAsUnderstood; }
+    void SetShowAsUnderstood(bool value);
+
+    // Text and value.
+
+    /// The edit box's text.
+    [[nodiscard]] std::u16string Text() const;
+    /// Writes the edit box's text; a text that is valid and converts to the type becomes `LastValidValue`.
+    void SetText(std::u16string_view value);
+    /// The text converted to the field's type (while a relative accuracy is in force and the user has not
+    /// edited the text, the exact number last written); the text itself when it does not convert.
+    [[nodiscard]] Variant Value() const;
+    /// Shows the value's text; in a numeric field with `MaxRelativeAccuracy` of 1 or more, shows it rounded
+    /// to that many significant digits and keeps the exact number for `Value`.
+    void SetValue(const Variant& value);
+
+    // Properties of the edit box.
+
+    [[nodiscard]] int32_t MaxLength() const;
+    void SetMaxLength(int32_t value);
+    [[nodiscard]] int32_t SelStart() const;
+    void SetSelStart(int32_t value);
+    [[nodiscard]] int32_t SelLength() const;
+    void SetSelLength(int32_t value);
+    [[nodiscard]] std::u16string SelText() const;
+    void SetSelText(std::u16string_view value);
+    [[nodiscard]] int16_t Alignment() const;
+    void SetAlignment(int16_t value);
+    [[nodiscard]] int16_t Appearance() const;
+    void SetAppearance(int16_t value);
+    [[nodiscard]] int16_t BorderStyle() const;
+    void SetBorderStyle(int16_t value);
+    [[nodiscard]] bool Locked() const;
+    void SetLocked(bool value);
+    [[nodiscard]] std::u16string PasswordChar() const;
+    void SetPasswordChar(std::u16string_view value);
+    [[nodiscard]] bool RightToLeft() const;
+    void SetRightToLeft(bool value);
+    [[nodiscard]] int16_t MousePointer() const;
+    void SetMousePointer(int16_t value);
+    [[nodiscard]] PictureRef MouseIcon() const;
+    void SetMouseIcon(PictureRef value);
+    [[nodiscard]] bool FontBold() const;
+    void SetFontBold(bool value);
+    [[nodiscard]] bool FontItalic() const;
+    void SetFontItalic(bool value);
+    [[nodiscard]] bool FontUnderline() const;
+    void SetFontUnderline(bool value);
+    [[nodiscard]] bool FontStrikethru() const;
+    void SetFontStrikethru(bool value);
+    [[nodiscard]] float FontSize() const;
+    void SetFontSize(float value);
+    [[nodiscard]] int16_t OLEDragMode() const;
+    void SetOLEDragMode(int16_t value);
+    [[nodiscard]] int16_t OLEDropMode() const;
+    void SetOLEDropMode(int16_t value);
+    /// The control's own enabled state; the writer sets the control's and the edit box's.
+    [[nodiscard]] bool Enabled() const noexcept { return m_enabled; }
+    void SetEnabled(bool value);
+    /// The edit box's font. Assigning it from code changes nothing (only a loaded form sets it).
+    [[nodiscard]] FontDesc Font() const;
+    void SetFont(const FontDesc& value);
+    [[nodiscard]] uint32_t BackColor() const;
+    /// Changes nothing; only a loaded form sets the colour.
+    void SetBackColor(uint32_t value);
+    [[nodiscard]] uint32_t ForeColor() const;
+    /// Changes nothing; only a loaded form sets the colour.
+    void SetForeColor(uint32_t value);
+    [[nodiscard]] std::u16string FontName() const;
+    /// Changes nothing; only a loaded form sets the font name.
+    void SetFontName(std::u16string_view value);
+    /// The edit box's handle.
+    [[nodiscard]] int32_t hwnd() const;
+    [[nodiscard]] bool HideSelection() const;
+
+private:
+    void OnChange() override;
+
+    void Notify(std::u16string_view name);
+    [[nodiscard]] LocaleInfo Locale() const;
+    [[nodiscard]] int32_t RulesOf(std::u16string_view text) const;
+    void ClearTypeFlags();
+    void EnterNumericMode();
+    void ClearLimitsOfOtherClass(int wantedClass);
+    void SetLimit(Variant& limit, const Variant& value, std::u16string_view name);
+    void RequireDesignTime(int error) const;
+    void WriteText(std::u16string_view text);
+    template <typename Apply>
+    void EditFont(Apply apply, std::u16string_view name);
+
+    HostServices m_host;
+    QuillmarEvents* m_events = nullptr;
+    Settings m_settings;
+    ControlState m_state;
+    bool m_enabled = true;
+};
+
+} // namespace quillmar

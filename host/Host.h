@@ -1,0 +1,153 @@
+#pragma once
+
+#include "control/Variant.h"
+#include "host/LocaleInfo.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmar {
+
+/// A font as the edit box shows it.
+struct FontDesc {
+    std::u16string name = u"MS Sans Serif";
+    float size = 8.25f;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikethru = false;
+    friend bool operator==(const FontDesc&, const FontDesc&) = default;
+};
+
+/// A picture (the mouse icon), shared by reference as the host hands it over.
+struct Picture {
+    ByteArray data;
+};
+using PictureRef = std::shared_ptr<const Picture>;
+
+/// What the edit box reports to the control that owns it.
+class EditBoxEvents {
+public:
+    virtual ~EditBoxEvents() = default;
+    /// The text changed, by the user or by a program.
+    virtual void OnChange() = 0;
+};
+
+/// The single-line edit box the control covers itself with. Positions and lengths are UTF-16 code units.
+class EditBox {
+public:
+    virtual ~EditBox() = default;
+
+    /// Where the edit box reports its events; nullptr stops the reports.
+    virtual void SetEvents(EditBoxEvents* events) = 0;
+
+    [[nodiscard]] virtual std::u16string Text() const = 0;
+    /// Replaces the text (not cut to `MaxLength`), puts the caret at the end and reports a change
+    /// when the text differs.
+    virtual void SetText(std::u16string_view text) = 0;
+    [[nodiscard]] virtual int32_t SelStart() const = 0;
+    /// Moves the caret (clamped to the text) and clears the selection.
+    virtual void SetSelStart(int32_t start) = 0;
+    [[nodiscard]] virtual int32_t SelLength() const = 0;
+    /// Selects from the caret on (clamped to the text).
+    virtual void SetSelLength(int32_t length) = 0;
+    [[nodiscard]] virtual std::u16string SelText() const = 0;
+    /// Replaces the selection, puts the caret after the inserted text and reports a change.
+    virtual void SetSelText(std::u16string_view text) = 0;
+    /// The longest text the user may type; 0 means no limit.
+    [[nodiscard]] virtual int32_t MaxLength() const = 0;
+    virtual void SetMaxLength(int32_t length) = 0;
+
+    [[nodiscard]] virtual int16_t Alignment() const = 0;
+    virtual void SetAlignment(int16_t value) = 0;
+    [[nodiscard]] virtual int16_t Appearance() const = 0;
+    virtual void SetAppearance(int16_t value) = 0;
+    [[nodiscard]] virtual int16_t BorderStyle() const = 0;
+    virtual void SetBorderStyle(int16_t value) = 0;
+    [[nodiscard]] virtual bool Locked() const = 0;
+    virtual void SetLocked(bool value) = 0;
+    [[nodiscard]] virtual std::u16string PasswordChar() const = 0;
+    virtual void SetPasswordChar(std::u16string_view value) = 0;
+    [[nodiscard]] virtual bool RightToLeft() const = 0;
+    virtual void SetRightToLeft(bool value) = 0;
+    [[nodiscard]] virtual int16_t MousePointer() const = 0;
+    virtual void SetMousePointer(int16_t value) = 0;
+    [[nodiscard]] virtual PictureRef MouseIcon() const = 0;
+    virtual void SetMouseIcon(PictureRef value) = 0;
+    [[nodiscard]] virtual FontDesc Font() const = 0;
+    virtual void SetFont(const FontDesc& font) = 0;
+    /// Colours are OLE colours (0x80000005 is the system window colour).
+    [[nodiscard]] virtual uint32_t BackColor() const = 0;
+    virtual void SetBackColor(uint32_t value) = 0;
+    [[nodiscard]] virtual uint32_t ForeColor() const = 0;
+    virtual void SetForeColor(uint32_t value) = 0;
+    [[nodiscard]] virtual int16_t OLEDragMode() const = 0;
+    virtual void SetOLEDragMode(int16_t value) = 0;
+    [[nodiscard]] virtual int16_t OLEDropMode() const = 0;
+    virtual void SetOLEDropMode(int16_t value) = 0;
+    [[nodiscard]] virtual bool Enabled() const = 0;
+    virtual void SetEnabled(bool value) = 0;
+    [[nodiscard]] virtual bool HideSelection() const = 0;
+    /// A handle unique to this edit box among the live ones.
+    [[nodiscard]] virtual int32_t Handle() const = 0;
+    /// Repaints the edit box.
+    virtual void Refresh() = 0;
+};
+
+/// The form that holds the control.
+class Container {
+public:
+    virtual ~Container() = default;
+    /// A property of the control changed; a designer marks the form dirty.
+    virtual void PropertyChanged(std::u16string_view name) = 0;
+    /// True while the form runs, false while it is being designed.
+    [[nodiscard]] virtual bool UserMode() const = 0;
+    /// The form's font, the default font of a new control.
+    [[nodiscard]] virtual FontDesc AmbientFont() const = 0;
+    /// The name the form gives the control; nullopt when the host has no such extender.
+    [[nodiscard]] virtual std::optional<std::u16string> ExtenderName() const = 0;
+    /// The tool tip the form gives the control; nullopt when the host has no such extender.
+    [[nodiscard]] virtual std::optional<std::u16string> ExtenderToolTipText() const = 0;
+    /// Whether the form shows the control.
+    [[nodiscard]] virtual bool ExtenderVisible() const = 0;
+    /// Puts the focus on the control.
+    virtual void SetFocus() = 0;
+};
+
+/// The beep and the modal message box.
+class Alerts {
+public:
+    virtual ~Alerts() = default;
+    virtual void Beep() = 0;
+    /// Shows a modal message box with one OK button and the `MsgBoxIcons` icon; returns when it closes.
+    virtual void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) = 0;
+};
+
+/// Where the control learns the user's locale, asked afresh at every use.
+class LocaleSource {
+public:
+    virtual ~LocaleSource() = default;
+    [[nodiscard]] virtual LocaleInfo Locale() const = 0;
+};
+
+/// The control's about box.
+class AboutBox {
+public:
+    virtual ~AboutBox() = default;
+    /// Shows the about box modally and returns when it closes.
+    virtual void Show() = 0;
+};
+
+/// The host services one control uses; each must outlive the control.
+struct HostServices {
+    Container& container;
+    EditBox& editBox;
+    Alerts& alerts;
+    LocaleSource& locale;
+    AboutBox& aboutBox;
+};
+
+} // namespace quillmar

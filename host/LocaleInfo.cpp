@@ -1,0 +1,148 @@
+#include "host/LocaleInfo.h"
+
+#include <unicode/datefmt.h>
+#include <unicode/decimfmt.h>
+#include <unicode/dtfmtsym.h>
+#include <unicode/locid.h>
+#include <unicode/numfmt.h>
+#include <unicode/smpdtfmt.h>
+#include <unicode/unistr.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace quillmar {
+
+namespace {
+
+std::u16string ToU16(const icu::UnicodeString& text) {
+    return std::u16string(text.getBuffer(), static_cast<size_t>(text.length()));
+}
+
+// "fr_FR.UTF-8" and "de_DE@euro" name the same facts as "fr_FR" and "de_DE"; the C locale reads as
+// American English.
+std::string BaseName(std::string_view name) {
+    std::string_view base = name.substr(0, name.find_first_of(".@"));
+    if (base.empty() || base == "C" || base == "POSIX") return "en_US";
+    return std::string(base);
+}
+
+void ReadDecimalSeparator(const icu::Locale& locale, LocaleInfo& info) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
+    if (U_FAILURE(status) || !format) return;
+    icu::UnicodeString text;
+    format->format(0.5, text);
+    // Only a "0<sep>5" written with ASCII digits tells the separator; other digit systems keep '.'.
+    int32_t zero = text.indexOf(u'0');
+    if (zero >= 0 && zero + 2 < text.length() && text.charAt(zero + 2) == u'5')
+        info.decimalSeparator = text.charAt(zero + 1);
+}
+
+void ReadGroupSeparator(const icu::Locale& locale, LocaleInfo& info) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::DecimalFormatSymbols symbols(locale, status);
+    if (U_FAILURE(status)) return;
+    icu::DecimalFormat format(icu::UnicodeString(u"##,##0.00"), symbols, status);
+    if (U_FAILURE(status)) return;
+    icu::UnicodeString text;
+    format.format(1000.1, text);
+    if (text.length() >= 2) info.groupSeparator = text.charAt(1);
+}
+
+std::unique_ptr<icu::DateFormat> ShortFormat(bool date, const icu::Locale& locale) {
+    return std::unique_ptr<icu::DateFormat>(date
+            ? icu::DateFormat::createDateInstance(icu::DateFormat::kShort, locale)
+            : icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, locale));
+}
+
+// The pattern with its quoted literals blanked out, so that a letter inside quotes ("HH 'h' mm") is not
+// taken for a field.
+std::u16string ShortPattern(bool date, const icu::Locale& locale) {
+    std::unique_ptr<icu::DateFormat> format = ShortFormat(date, locale);
+    auto* simple = dynamic_cast<icu::SimpleDateFormat*>(format.get());
+    if (!simple) return {};
+    icu::UnicodeString pattern;
+    simple->toPattern(pattern);
+    std::u16string text = ToU16(pattern);
+    bool quoted = false;
+    for (char16_t& c : text) {
+        if (c == u'\'') {
+            quoted = !quoted;
+            c = u' ';
+        } else if (quoted) {
+            c = u' ';
+        }
+    }
+    return text;
+}
+
+void ReadDatePattern(const icu::Locale& locale, LocaleInfo& info) {
+    std::u16string pattern = ShortPattern(true, locale);
+    std::u16string order;
+    char16_t separator = 0;
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        char16_t c = pattern[i];
+        if (c == u'y' || c == u'M' || c == u'd') {
+            if (order.find(c) == std::u16string::npos) order += c;
+        } else if (!order.empty() && order.size() < 3 && separator == 0
+            && (c == u'/' || c == u'.' || c == u'-')) {
+            separator = c;
+        }
+    }
+    if (order == u"Mdy")
+        info.dateOrder = DateOrder::MonthDayYear;
+    else if (order == u"dMy")
+        info.dateOrder = DateOrder::DayMonthYear;
+    else if (order == u"yMd")
+        info.dateOrder = DateOrder::YearMonthDay;
+    else
+        return;
+    info.dateSeparator = separator ? separator : u'/';
+    info.padDay = pattern.find(u"dd") != std::u16string::npos;
+    info.padMonth = pattern.find(u"MM") != std::u16string::npos;
+}
+
+void ReadTime(const icu::Locale& locale, LocaleInfo& info) {
+    std::u16string pattern = ShortPattern(false, locale);
+    if (!pattern.empty()) info.twelveHour = pattern.find_first_of(u"hK") != std::u16string::npos;
+
+    UErrorCode status = U_ZERO_ERROR;
+    icu::DateFormatSymbols symbols(locale, status);
+    if (U_FAILURE(status)) return;
+    int32_t count = 0;
+    const icu::UnicodeString* strings = symbols.getAmPmStrings(count);
+    if (!strings || count < 2 || strings[0].isEmpty() || strings[1].isEmpty()) return;
+    info.am = ToU16(strings[0]);
+    info.pm = ToU16(strings[1]);
+}
+
+} // namespace
+
+LocaleInfo LocaleInfo::FromName(std::string_view name) {
+    LocaleInfo info;
+    try {
+        std::string base = BaseName(name);
+        icu::Locale locale(base.c_str());
+        if (locale.isBogus()) return info;
+        info.name = locale.getName();
+        ReadDecimalSeparator(locale, info);
+        ReadGroupSeparator(locale, info);
+        ReadDatePattern(locale, info);
+        ReadTime(locale, info);
+    } catch (...) {
+        // ICU itself does not throw, but the copies into std::string may run out of memory; the facts
+        // read so far stand and the rest keep their defaults.
+    }
+    return info;
+}
+
+LocaleInfo LocaleInfo::FromEnvironment() {
+    for (const char* variable : { "LC_ALL", "LC_NUMERIC", "LANG" }) {
+        const char* value = std::getenv(variable);
+        if (value && *value) return FromName(value);
+    }
+    return FromName("C");
+}
+
+} // namespace quillmar

@@ -1,0 +1,175 @@
+#pragma once
+
+#include "control/QuillmarEvents.h"
+#include "host/Host.h"
+
+#include <string>
+#include <vector>
+
+namespace quillmar::standalone {
+
+/// An in-memory single-line edit box: text, selection, limits and appearance, reporting real changes.
+class MemoryEditBox final : public EditBox {
+public:
+    MemoryEditBox();
+
+    void SetEvents(EditBoxEvents* events) override { m_events = events; }
+    [[nodiscard]] std::u16string Text() const override { return m_text; }
+    void SetText(std::u16string_view text) override;
+    [[nodiscard]] int32_t SelStart() const override { return m_selStart; }
+    void SetSelStart(int32_t start) override;
+    [[nodiscard]] int32_t SelLength() const override { return m_selLength; }
+    void SetSelLength(int32_t length) override;
+    [[nodiscard]] std::u16string SelText() const override;
+    void SetSelText(std::u16string_view text) override;
+    [[nodiscard]] int32_t MaxLength() const override { return m_maxLength; }
+    void SetMaxLength(int32_t length) override { m_maxLength = length < 0 ? 0 : length; }
+
+    [[nodiscard]] int16_t Alignment() const override { return m_alignment; }
+    void SetAlignment(int16_t value) override { m_alignment = value; }
+    [[nodiscard]] int16_t Appearance() const override { return m_appearance; }
+    void SetAppearance(int16_t value) override { m_appearance = value; }
+    [[nodiscard]] int16_t BorderStyle() const override { return m_borderStyle; }
+    void SetBorderStyle(int16_t value) override { m_borderStyle = value; }
+    [[nodiscard]] bool Locked() const override { return m_locked; }
+    void SetLocked(bool value) override { m_locked = value; }
+    [[nodiscard]] std::u16string PasswordChar() const override { return m_passwordChar; }
+    void SetPasswordChar(std::u16string_view value) override { m_passwordChar = value.substr(0, 1); }
+    [[nodiscard]] bool RightToLeft() const override { return m_rightToLeft; }
+    void SetRightToLeft(bool value) override { m_rightToLeft = value; }
+    [[nodiscard]] int16_t MousePointer() const override { return m_mousePointer; }
+    void SetMousePointer(int16_t value) override { m_mousePointer = value; }
+    [[nodiscard]] PictureRef MouseIcon() const override { return m_mouseIcon; }
+    void SetMouseIcon(PictureRef value) override { m_mouseIcon = std::move(value); }
+    [[nodiscard]] FontDesc Font() const override { return m_font; }
+    void SetFont(const FontDesc& font) override { m_font = font; }
+    [[nodiscard]] uint32_t BackColor() const override { return m_backColor; }
+    void SetBackColor(uint32_t value) override { m_backColor = value; }
+    [[nodiscard]] uint32_t ForeColor() const override { return m_foreColor; }
+    void SetForeColor(uint32_t value) override { m_foreColor = value; }
+    [[nodiscard]] int16_t OLEDragMode() const override { return m_oleDragMode; }
+    void SetOLEDragMode(int16_t value) override { m_oleDragMode = value; }
+    [[nodiscard]] int16_t OLEDropMode() const override { return m_oleDropMode; }
+    void SetOLEDropMode(int16_t value) override { m_oleDropMode = value; }
+    [[nodiscard]] bool Enabled() const override { return m_enabled; }
+    void SetEnabled(bool value) override { m_enabled = value; }
+    [[nodiscard]] bool HideSelection() const override { return true; }
+    [[nodiscard]] int32_t Handle() const override { return m_handle; }
+    void Refresh() override { ++m_refreshCount; }
+
+    /// How many times the box was asked to repaint.
+    [[nodiscard]] int RefreshCount() const noexcept { return m_refreshCount; }
+
+private:
+    void Replace(std::u16string text, int32_t caret);
+
+    EditBoxEvents* m_events = nullptr;
+    std::u16string m_text;
+    int32_t m_selStart = 0;
+    int32_t m_selLength = 0;
+    int32_t m_maxLength = 0;
+    int16_t m_alignment = 0;
+    int16_t m_appearance = 1;
+    int16_t m_borderStyle = 1;
+    bool m_locked = false;
+    std::u16string m_passwordChar;
+    bool m_rightToLeft = false;
+    int16_t m_mousePointer = 0;
+    PictureRef m_mouseIcon;
+    FontDesc m_font;
+    uint32_t m_backColor = 0x80000005;
+    uint32_t m_foreColor = 0x80000008;
+    int16_t m_oleDragMode = 0;
+    int16_t m_oleDropMode = 0;
+    bool m_enabled = true;
+    int32_t m_handle;
+    int m_refreshCount = 0;
+};
+
+/// A container that records every PropertyChanged notification and every request for the focus.
+class RecordingContainer final : public Container {
+public:
+    void PropertyChanged(std::u16string_view name) override { notifications.emplace_back(name); }
+    [[nodiscard]] bool UserMode() const override { return userMode; }
+    [[nodiscard]] FontDesc AmbientFont() const override { return ambientFont; }
+    [[nodiscard]] std::optional<std::u16string> ExtenderName() const override { return name; }
+    [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override { return toolTipText; }
+    [[nodiscard]] bool ExtenderVisible() const override { return visible; }
+    void SetFocus() override { ++focusRequests; }
+
+    bool userMode = true;
+    FontDesc ambientFont;
+    std::optional<std::u16string> name = u"Quillmar1";
+    std::optional<std::u16string> toolTipText;
+    bool visible = true;
+    std::vector<std::u16string> notifications;
+    int focusRequests = 0;
+};
+
+/// One message box as it was shown.
+struct ShownMessage {
+    std::u16string text;
+    std::u16string title;
+    int16_t icon = 0;
+    friend bool operator==(const ShownMessage&, const ShownMessage&) = default;
+};
+
+/// Beeps and message boxes, counted and recorded instead of shown.
+class RecordingAlerts final : public Alerts {
+public:
+    void Beep() override { ++beeps; }
+    void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override {
+        messages.push_back({ std::u16string(text), std::u16string(title), icon });
+    }
+
+    int beeps = 0;
+    std::vector<ShownMessage> messages;
+};
+
+/// A locale fixed by name (or taken from the process environment).
+class FixedLocale final : public LocaleSource {
+public:
+    FixedLocale() : m_info(LocaleInfo::FromEnvironment()) { }
+    explicit FixedLocale(LocaleInfo info) : m_info(std::move(info)) { }
+    [[nodiscard]] LocaleInfo Locale() const override { return m_info; }
+    void Set(LocaleInfo info) { m_info = std::move(info); }
+
+private:
+    LocaleInfo m_info;
+};
+
+/// An about box that only counts how often it was opened.
+class CountingAboutBox final : public AboutBox {
+public:
+    void Show() override { ++shown; }
+    int shown = 0;
+};
+
+/// The events raised to the form, recorded in order as short texts ("Change", "KeyPress 65").
+class RecordingEvents : public QuillmarEvents {
+public:
+    void KeyDown(int16_t& keyCode, int16_t& shift) override;
+    void KeyPress(int16_t& keyAscii) override;
+    void KeyUp(int16_t& keyCode, int16_t& shift) override;
+    void Change() override { log.emplace_back("Change"); }
+
+    std::vector<std::string> log;
+};
+
+/// Every host service in memory, for tests, headless use and batch validation. The locale is the process's
+/// unless one is named.
+class StandaloneHost {
+public:
+    StandaloneHost() = default;
+    explicit StandaloneHost(std::string_view localeName) : locale(LocaleInfo::FromName(localeName)) { }
+
+    [[nodiscard]] HostServices Services() { return { container, editBox, alerts, locale, aboutBox }; }
+
+    RecordingContainer container;
+    MemoryEditBox editBox;
+    RecordingAlerts alerts;
+    FixedLocale locale;
+    CountingAboutBox aboutBox;
+};
+
+} // namespace quillmar::standalone

@@ -1,0 +1,273 @@
+#include "validation/Numbers.h"
+
+#include "control/Enums.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace quillmar {
+namespace {
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool IsBlank(char16_t c) { return c == u' ' || c == u'\t'; }
+bool IsSpaceLike(char16_t c) { return c == u' ' || c == 0x00A0 || c == 0x202F || c == 0x2009; }
+
+bool IsGroupSeparator(char16_t c, const LocaleInfo& locale) {
+    if (c == locale.groupSeparator) return true;
+    // Locales that group with a narrow or no-break space are typed with an ordinary space.
+    return IsSpaceLike(locale.groupSeparator) && IsSpaceLike(c);
+}
+
+// The ASCII text "[-]<digits>e<exponent>" that std::from_chars reads.
+std::string ScientificAscii(const ParsedNumber& number) {
+    std::string ascii;
+    ascii.reserve(number.digits.size() + 24);
+    if (number.negative) ascii += '-';
+    ascii += number.digits.empty() ? std::string("0") : number.digits;
+    ascii += 'e';
+    ascii += std::to_string(number.exponent);
+    return ascii;
+}
+
+// Decimal position of the leading digit: the value lies in [10^(m-1), 10^m).
+int64_t Magnitude(const ParsedNumber& number) {
+    return static_cast<int64_t>(number.digits.size()) + number.exponent;
+}
+
+template <typename Float>
+std::optional<Float> ReadFloat(const ParsedNumber& number) {
+    if (number.digits.empty()) return number.negative ? -Float(0) : Float(0);
+    if (Magnitude(number) > std::numeric_limits<Float>::max_exponent10 + 1) return std::nullopt;
+    if (Magnitude(number) < std::numeric_limits<Float>::min_exponent10 - 30)
+        return number.negative ? -Float(0) : Float(0);
+    const std::string ascii = ScientificAscii(number);
+    Float value {};
+    const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        if (Magnitude(number) > 0) return std::nullopt;
+        return number.negative ? -Float(0) : Float(0);
+    }
+    if (error != std::errc() || end != ascii.data() + ascii.size() || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+// Lays out significant digits `digits` whose leading digit has the power of ten `exp10`.
+std::u16string LayOut(bool negative, std::string_view digits, int exp10, const LocaleInfo& locale) {
+    std::u16string text;
+    if (negative) text += u'-';
+    auto append = [&](std::string_view ascii) {
+        for (char c : ascii)
+            text += static_cast<char16_t>(c);
+    };
+    if (exp10 >= -5 && exp10 < 15) {
+        if (exp10 < 0) {
+            text += u'0';
+            text += locale.decimalSeparator;
+            text.append(static_cast<size_t>(-exp10 - 1), u'0');
+            append(digits);
+        } else {
+            const size_t whole = static_cast<size_t>(exp10) + 1;
+            append(digits.substr(0, std::min(whole, digits.size())));
+            if (digits.size() < whole) text.append(whole - digits.size(), u'0');
+            if (digits.size() > whole) {
+                text += locale.decimalSeparator;
+                append(digits.substr(whole));
+            }
+        }
+        return text;
+    }
+    append(digits.substr(0, 1));
+    if (digits.size() > 1) {
+        text += locale.decimalSeparator;
+        append(digits.substr(1));
+    }
+    text += exp10 < 0 ? u"E-" : u"E+";
+    append(std::to_string(exp10 < 0 ? -exp10 : exp10));
+    return text;
+}
+
+// Splits the output of std::to_chars in scientific form ("d.ddde+XX") and lays it out.
+std::u16string LayOutScientific(const char* first, const char* last, const LocaleInfo& locale) {
+    const std::string_view out(first, static_cast<size_t>(last - first));
+    const size_t e = out.find('e');
+    std::string digits;
+    size_t start = 0;
+    bool negative = false;
+    if (!out.empty() && out[0] == '-') {
+        negative = true;
+        start = 1;
+    }
+    for (size_t i = start; i < e; ++i)
+        if (out[i] != '.') digits += out[i];
+    while (digits.size() > 1 && digits.back() == '0')
+        digits.pop_back();
+    int exp10 = 0;
+    std::from_chars(out.data() + e + 1 + (out[e + 1] == '+' ? 1 : 0), out.data() + out.size(), exp10);
+    if (digits == "0") return u"0";
+    return LayOut(negative, digits, exp10, locale);
+}
+
+} // namespace
+
+std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleInfo& locale) {
+    size_t i = 0;
+    const size_t n = text.size();
+    while (i < n && IsBlank(text[i]))
+        ++i;
+    ParsedNumber number;
+    if (i < n && (text[i] == u'+' || text[i] == u'-')) {
+        number.negative = text[i] == u'-';
+        ++i;
+    }
+    std::string all;
+    size_t wholeDigits = 0;
+    size_t fractionDigits = 0;
+    for (; i < n; ++i) {
+        if (IsDigit(text[i])) {
+            all += static_cast<char>(text[i]);
+            ++wholeDigits;
+        } else if (IsGroupSeparator(text[i], locale) && text[i] != locale.decimalSeparator && wholeDigits > 0
+            && i + 1 < n && IsDigit(text[i + 1])) {
+            continue;
+        } else {
+            break;
+        }
+    }
+    if (i < n && text[i] == locale.decimalSeparator) {
+        for (++i; i < n && IsDigit(text[i]); ++i) {
+            all += static_cast<char>(text[i]);
+            ++fractionDigits;
+        }
+    }
+    if (wholeDigits + fractionDigits == 0) return std::nullopt;
+    int64_t exponent = 0;
+    if (i < n && (text[i] == u'e' || text[i] == u'E')) {
+        ++i;
+        bool negativeExponent = false;
+        if (i < n && (text[i] == u'+' || text[i] == u'-')) {
+            negativeExponent = text[i] == u'-';
+            ++i;
+        }
+        const size_t expStart = i;
+        for (; i < n && IsDigit(text[i]); ++i)
+            exponent = std::min<int64_t>(exponent * 10 + (text[i] - u'0'), int64_t { 1 } << 40);
+        if (i == expStart) return std::nullopt;
+        if (negativeExponent) exponent = -exponent;
+    }
+    while (i < n && IsBlank(text[i]))
+        ++i;
+    if (i != n) return std::nullopt;
+
+    const size_t firstSignificant = all.find_first_not_of('0');
+    if (firstSignificant != std::string::npos) {
+        const size_t lastSignificant = all.find_last_not_of('0');
+        number.digits = all.substr(firstSignificant, lastSignificant - firstSignificant + 1);
+        number.exponent = exponent - static_cast<int64_t>(fractionDigits)
+            + static_cast<int64_t>(all.size() - 1 - lastSignificant);
+    }
+    const std::optional<double> value = ReadFloat<double>(number);
+    if (!value) return std::nullopt;
+    number.value = *value;
+    return number;
+}
+
+bool IsNumericText(std::u16string_view text, const LocaleInfo& locale) {
+    return ParseNumber(text, locale).has_value();
+}
+
+double TextToNumber(std::u16string_view text, const LocaleInfo& locale) {
+    const auto number = ParseNumber(text, locale);
+    return number ? number->value : 0.0;
+}
+
+std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexcept {
+    if (number.digits.empty()) return 0;
+    const int64_t shift = number.exponent + scale;
+    const int64_t size = static_cast<int64_t>(number.digits.size());
+    // Count of digits that stay in front of the decimal point after scaling.
+    const int64_t kept = size + shift;
+    if (kept > 19) return std::nullopt;
+    uint64_t magnitude = 0;
+    constexpr uint64_t limit = std::numeric_limits<uint64_t>::max() / 10;
+    for (int64_t k = 0; k < kept; ++k) {
+        if (magnitude > limit) return std::nullopt;
+        const uint64_t digit = k < size ? static_cast<uint64_t>(number.digits[static_cast<size_t>(k)] - '0') : 0;
+        magnitude = magnitude * 10 + digit;
+    }
+    if (kept >= 0 && kept < size) {
+        const char first = number.digits[static_cast<size_t>(kept)];
+        // Trailing zeros are stripped, so any digit after the first dropped one is non-zero.
+        const bool moreAfter = kept + 1 < size;
+        if (first > '5' || (first == '5' && (moreAfter || (magnitude & 1U))))
+            ++magnitude;
+    }
+    constexpr uint64_t maxPositive = static_cast<uint64_t>(std::numeric_limits<int64_t>::max());
+    if (number.negative) {
+        if (magnitude > maxPositive + 1) return std::nullopt;
+        return magnitude == maxPositive + 1 ? std::numeric_limits<int64_t>::min() : -static_cast<int64_t>(magnitude);
+    }
+    if (magnitude > maxPositive) return std::nullopt;
+    return static_cast<int64_t>(magnitude);
+}
+
+std::optional<float> ToSingle(const ParsedNumber& number) noexcept {
+    try {
+        return ReadFloat<float>(number);
+    } catch (...) {
+        return std::nullopt;
+    }
+}
+
+std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant) {
+    if (!std::isfinite(value)) return {};
+    if (value == 0) return u"0";
+    char buffer[64];
+    const auto result = maxSignificant >= 1 && maxSignificant <= 17
+        ? std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, maxSignificant - 1)
+        : std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
+    return LayOutScientific(buffer, result.ptr, locale);
+}
+
+std::u16string FormatSingle(float value, const LocaleInfo& locale) {
+    if (!std::isfinite(value)) return {};
+    if (value == 0) return u"0";
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
+    return LayOutScientific(buffer, result.ptr, locale);
+}
+
+std::u16string FormatCurrency(Currency value, const LocaleInfo& locale) {
+    const bool negative = value.ticks < 0;
+    const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(value.ticks) : static_cast<uint64_t>(value.ticks);
+    std::u16string text = FormatInteger(static_cast<int64_t>(magnitude / 10000));
+    if (negative) text.insert(text.begin(), u'-');
+    uint64_t fraction = magnitude % 10000;
+    if (fraction != 0) {
+        std::u16string decimals(4, u'0');
+        for (int k = 3; k >= 0; --k, fraction /= 10)
+            decimals[static_cast<size_t>(k)] = static_cast<char16_t>(u'0' + fraction % 10);
+        while (decimals.back() == u'0')
+            decimals.pop_back();
+        text += locale.decimalSeparator;
+        text += decimals;
+    }
+    return text;
+}
+
+std::u16string FormatInteger(int64_t value) {
+    char buffer[24];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return std::u16string(buffer, result.ptr);
+}
+
+std::u16string DecimalSeparator(const LocaleInfo& locale) {
+    return std::u16string(1, locale.decimalSeparator);
+}
+
+std::u16string ThousandsSeparator(int32_t thousandSeparator, const LocaleInfo& locale) {
+    if (thousandSeparator != vldTSAllowed) return {};
+    return std::u16string(1, locale.groupSeparator);
+}
+
+} // namespace quillmar

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "control/Variant.h"
+#include "host/LocaleInfo.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmar {
+
+/// A number read from a text, kept exactly: the value is `digits` x 10^`exponent`, negated when `negative`.
+struct ParsedNumber {
+    bool negative = false;
+    /// The significant decimal digits (ASCII) without leading or trailing zeros; empty for zero.
+    std::string digits;
+    /// The power of ten of the last digit.
+    int64_t exponent = 0;
+    /// The nearest double (a signed zero for zero or an underflow).
+    double value = 0;
+};
+
+/// The one numeric parser of the system. Accepts: blanks (space, tab) before and after; an optional
+/// leading "+" or "-"; decimal digits among which the locale's group separator may stand between two
+/// digits of the whole part (where that separator is a space of any width, an ordinary or no-break space
+/// also counts); at most one locale decimal separator; at least one digit; an optional exponent of "E"
+/// or "e", an optional sign and one or more digits. A value beyond the double range is not a number.
+/// Never throws; O(length).
+[[nodiscard]] std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleInfo& locale);
+
+/// True when `ParseNumber` accepts the text.
+[[nodiscard]] bool IsNumericText(std::u16string_view text, const LocaleInfo& locale);
+
+/// The text's value as a double; 0 when the text is not a number.
+[[nodiscard]] double TextToNumber(std::u16string_view text, const LocaleInfo& locale);
+
+/// The number x 10^scale rounded to the nearest integer, ties to even, computed exactly from the digits;
+/// nullopt when the result lies outside the signed 64-bit range.
+[[nodiscard]] std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexcept;
+
+/// The number rounded once to the nearest 32-bit float; nullopt beyond the float range.
+[[nodiscard]] std::optional<float> ToSingle(const ParsedNumber& number) noexcept;
+
+/// The text of a double with the locale's decimal separator and no grouping: the shortest text that reads
+/// back as the same double, or, when `maxSignificant` is 1 to 17, the value rounded to that many significant
+/// digits with trailing zeros dropped. Plain digits for magnitudes from 1E-5 up to below 1E+15, otherwise
+/// one digit, the separator, the fraction and "E+n" or "E-n". Non-finite values give the empty text.
+[[nodiscard]] std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant = 0);
+
+/// The shortest text that reads back as the same 32-bit float (laid out as `FormatDouble`).
+[[nodiscard]] std::u16string FormatSingle(float value, const LocaleInfo& locale);
+
+/// The text of a currency amount: the whole part, then the separator and up to four decimals
+/// without trailing zeros.
+[[nodiscard]] std::u16string FormatCurrency(Currency value, const LocaleInfo& locale);
+
+/// The decimal text of an integer.
+[[nodiscard]] std::u16string FormatInteger(int64_t value);
+
+/// The locale's decimal separator as a one-character text.
+[[nodiscard]] std::u16string DecimalSeparator(const LocaleInfo& locale);
+
+/// The thousands separator that may be typed: the locale's group separator when `thousandSeparator` is
+/// `vldTSAllowed`, the empty text for `vldTSForbidden` and any other value.
+[[nodiscard]] std::u16string ThousandsSeparator(int32_t thousandSeparator, const LocaleInfo& locale);
+
+} // namespace quillmar
