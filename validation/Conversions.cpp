@@ -23,13 +23,9 @@ std::optional<ParsedNumber> ExactDouble(double value) {
 }
 
 std::optional<ParsedNumber> ExactInteger(int64_t value, int scale) {
-    char buffer[32];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    if (scale != 0) {
-        *result.ptr++ = 'e';
-        result = std::to_chars(result.ptr, buffer + sizeof buffer, -scale);
-    }
-    return ParseAscii(buffer, result.ptr);
+    std::string ascii = std::to_string(value);
+    if (scale != 0) ascii += "e-" + std::to_string(scale);
+    return ParseAscii(ascii.data(), ascii.data() + ascii.size());
 }
 
 template <typename Int>

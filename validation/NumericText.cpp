@@ -99,7 +99,11 @@ bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScie
         return scan.wholeValue <= IntegralLimit(type, scan.negative);
     // A complete number must convert to the type; a beginning is judged when it is complete.
     const auto number = ParseNumber(text, locale);
-    if (!number) return type != vldCurrency || scan.wholeValue <= IntegralLimit(type, scan.negative);
+    if (!number) {
+        const bool endsWithDigit = !text.empty() && text.back() >= u'0' && text.back() <= u'9';
+        if (endsWithDigit) return false; // complete, yet beyond the double range
+        return type != vldCurrency || scan.wholeValue <= IntegralLimit(type, scan.negative);
+    }
     if (type == vldSingle) return ToSingle(*number).has_value();
     if (type == vldCurrency) return RoundToScale(*number, 4).has_value();
     return true;
