@@ -242,7 +242,8 @@ void Quillmar::SetLimit(Variant& limit, const Variant& value, std::u16string_vie
             limit = value.IsString() ? Variant(number->value) : value;
         }
         if (m_state.TypeIsDate || m_state.TypeIsTime) {
-            if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass)) return;
+            if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass))
+                return;
             limit = Date { *days };
         }
     }
@@ -450,31 +451,81 @@ void Quillmar::OnChange() {
 
 // Properties of the edit box.
 
-int32_t Quillmar::MaxLength() const { return m_host.editBox.MaxLength(); }
-int32_t Quillmar::SelStart() const { return m_host.editBox.SelStart(); }
-int32_t Quillmar::SelLength() const { return m_host.editBox.SelLength(); }
-std::u16string Quillmar::SelText() const { return m_host.editBox.SelText(); }
-int16_t Quillmar::Alignment() const { return m_host.editBox.Alignment(); }
-int16_t Quillmar::Appearance() const { return m_host.editBox.Appearance(); }
-int16_t Quillmar::BorderStyle() const { return m_host.editBox.BorderStyle(); }
-bool Quillmar::Locked() const { return m_host.editBox.Locked(); }
-std::u16string Quillmar::PasswordChar() const { return m_host.editBox.PasswordChar(); }
-bool Quillmar::RightToLeft() const { return m_host.editBox.RightToLeft(); }
-int16_t Quillmar::MousePointer() const { return m_host.editBox.MousePointer(); }
-PictureRef Quillmar::MouseIcon() const { return m_host.editBox.MouseIcon(); }
-bool Quillmar::FontBold() const { return m_host.editBox.Font().bold; }
-bool Quillmar::FontItalic() const { return m_host.editBox.Font().italic; }
-bool Quillmar::FontUnderline() const { return m_host.editBox.Font().underline; }
-bool Quillmar::FontStrikethru() const { return m_host.editBox.Font().strikethru; }
-float Quillmar::FontSize() const { return m_host.editBox.Font().size; }
-int16_t Quillmar::OLEDragMode() const { return m_host.editBox.OLEDragMode(); }
-int16_t Quillmar::OLEDropMode() const { return m_host.editBox.OLEDropMode(); }
-FontDesc Quillmar::Font() const { return m_host.editBox.Font(); }
-uint32_t Quillmar::BackColor() const { return m_host.editBox.BackColor(); }
-uint32_t Quillmar::ForeColor() const { return m_host.editBox.ForeColor(); }
-std::u16string Quillmar::FontName() const { return m_host.editBox.Font().name; }
-int32_t Quillmar::hwnd() const { return m_host.editBox.Handle(); }
-bool Quillmar::HideSelection() const { return m_host.editBox.HideSelection(); }
+int32_t Quillmar::MaxLength() const {
+    return m_host.editBox.MaxLength();
+}
+int32_t Quillmar::SelStart() const {
+    return m_host.editBox.SelStart();
+}
+int32_t Quillmar::SelLength() const {
+    return m_host.editBox.SelLength();
+}
+std::u16string Quillmar::SelText() const {
+    return m_host.editBox.SelText();
+}
+int16_t Quillmar::Alignment() const {
+    return m_host.editBox.Alignment();
+}
+int16_t Quillmar::Appearance() const {
+    return m_host.editBox.Appearance();
+}
+int16_t Quillmar::BorderStyle() const {
+    return m_host.editBox.BorderStyle();
+}
+bool Quillmar::Locked() const {
+    return m_host.editBox.Locked();
+}
+std::u16string Quillmar::PasswordChar() const {
+    return m_host.editBox.PasswordChar();
+}
+bool Quillmar::RightToLeft() const {
+    return m_host.editBox.RightToLeft();
+}
+int16_t Quillmar::MousePointer() const {
+    return m_host.editBox.MousePointer();
+}
+PictureRef Quillmar::MouseIcon() const {
+    return m_host.editBox.MouseIcon();
+}
+bool Quillmar::FontBold() const {
+    return m_host.editBox.Font().bold;
+}
+bool Quillmar::FontItalic() const {
+    return m_host.editBox.Font().italic;
+}
+bool Quillmar::FontUnderline() const {
+    return m_host.editBox.Font().underline;
+}
+bool Quillmar::FontStrikethru() const {
+    return m_host.editBox.Font().strikethru;
+}
+float Quillmar::FontSize() const {
+    return m_host.editBox.Font().size;
+}
+int16_t Quillmar::OLEDragMode() const {
+    return m_host.editBox.OLEDragMode();
+}
+int16_t Quillmar::OLEDropMode() const {
+    return m_host.editBox.OLEDropMode();
+}
+FontDesc Quillmar::Font() const {
+    return m_host.editBox.Font();
+}
+uint32_t Quillmar::BackColor() const {
+    return m_host.editBox.BackColor();
+}
+uint32_t Quillmar::ForeColor() const {
+    return m_host.editBox.ForeColor();
+}
+std::u16string Quillmar::FontName() const {
+    return m_host.editBox.Font().name;
+}
+int32_t Quillmar::hwnd() const {
+    return m_host.editBox.Handle();
+}
+bool Quillmar::HideSelection() const {
+    return m_host.editBox.HideSelection();
+}
 
 // Colours and the font face are set by a loaded form only; assignments from code are ignored.
 void Quillmar::SetFont(const FontDesc&) { }
@@ -542,8 +593,7 @@ void Quillmar::SetMouseIcon(PictureRef value) {
     Notify(u"MouseIcon");
 }
 
-template <typename Apply>
-void Quillmar::EditFont(Apply apply, std::u16string_view name) {
+template <typename Apply> void Quillmar::EditFont(Apply apply, std::u16string_view name) {
     FontDesc font = m_host.editBox.Font();
     apply(font);
     m_host.editBox.SetFont(font);

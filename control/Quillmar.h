@@ -69,7 +69,9 @@ public:
 
     // Properties held by the control.
 
-    [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const noexcept { return m_settings.ThousandSeparator; }
+    [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const noexcept {
+        return m_settings.ThousandSeparator;
+    }
     /// 0 or 1; anything else throws 380.
     void SetThousandSeparator(int32_t value);
     [[nodiscard]] bool MustBePositive() const noexcept { return m_settings.MustBePositive; }
@@ -103,15 +105,15 @@ public:
     void SetAllowScientificFormat(bool value);
     [[nodiscard]] bool FinalValidationActive() const noexcept { return m_settings.FinalValidationActive; }
     void SetFinalValidationActive(bool value);
-    [[nodiscard]] const std::u16string& ValidCharactersSet() const noexcept { return m_settings.ValidCharactersSet; }
+    [[nodiscard]] const std::u16string& ValidCharactersSet() const noexcept {
+        return m_settings.ValidCharactersSet;
+    }
     void SetValidCharactersSet(std::u16string_view value);
-    [[nodiscard]] const std::u16string& ExtraExcludedCharacters() const noexcept
-    {
+    [[nodiscard]] const std::u16string& ExtraExcludedCharacters() const noexcept {
         return m_settings.ExtraExcludedCharacters;
     }
     void SetExtraExcludedCharacters(std::u16string_view value);
-    [[nodiscard]] const std::u16string& ExtraIncludedCharacters() const noexcept
-    {
+    [[nodiscard]] const std::u16string& ExtraIncludedCharacters() const noexcept {
         return m_settings.ExtraIncludedCharacters;
     }
     void SetExtraIncludedCharacters(std::u16string_view value);
@@ -147,12 +149,18 @@ public:
     void SetActions(const VariantArray& value);
     [[nodiscard]] bool ShowErrorMessage() const noexcept { return m_settings.ShowErrorMessage; }
     void SetShowErrorMessage(bool value);
-    [[nodiscard]] ValidationModeConstants ValidationMode() const noexcept { return m_settings.ValidationMode; }
+    [[nodiscard]] ValidationModeConstants ValidationMode() const noexcept {
+        return m_settings.ValidationMode;
+    }
     /// 0 or 1; anything else throws 380.
     void SetValidationMode(int32_t value);
-    [[nodiscard]] const std::u16string& MessageBoxTitle() const noexcept { return m_settings.MessageBoxTitle; }
+    [[nodiscard]] const std::u16string& MessageBoxTitle() const noexcept {
+        return m_settings.MessageBoxTitle;
+    }
     void SetMessageBoxTitle(std::u16string_view value);
-    [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const noexcept { return m_settings.ErrorMessageMode; }
+    [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const noexcept {
+        return m_settings.ErrorMessageMode;
+    }
     /// 1, 2 or 3; anything else throws 380.
     void SetErrorMessageMode(int32_t value);
     [[nodiscard]] MustBeTypeConstants MustBeType() const noexcept { return m_settings.MustBeType; }
@@ -160,7 +168,9 @@ public:
     /// (for a byte `MustBeNegative`; for a date or time the sign rules, the scientific format and the limits
     /// and default of the other class), then stores and notifies.
     void SetMustBeType(int32_t value);
-    [[nodiscard]] bool OnErrorSelectEntireField() const noexcept { return m_settings.OnErrorSelectEntireField; }
+    [[nodiscard]] bool OnErrorSelectEntireField() const noexcept {
+        return m_settings.OnErrorSelectEntireField;
+    }
     void SetOnErrorSelectEntireField(bool value);
     [[nodiscard]] InputSiftingConstants InputSifting() const noexcept { return m_settings.InputSifting; }
     /// 0, 1 or 2; anything else throws 380.
@@ -260,8 +270,7 @@ private:
     void SetLimit(Variant& limit, const Variant& value, std::u16string_view name);
     void RequireDesignTime(int error) const;
     void WriteText(std::u16string_view text);
-    template <typename Apply>
-    void EditFont(Apply apply, std::u16string_view name);
+    template <typename Apply> void EditFont(Apply apply, std::u16string_view name);
 
     HostServices m_host;
     QuillmarEvents* m_events = nullptr;

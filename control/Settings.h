@@ -60,9 +60,13 @@ struct Settings {
 };
 
 /// True for the numeric types `vldByte` to `vldCurrency`.
-[[nodiscard]] constexpr bool IsNumericType(int32_t type) noexcept { return type >= vldByte && type <= vldCurrency; }
+[[nodiscard]] constexpr bool IsNumericType(int32_t type) noexcept {
+    return type >= vldByte && type <= vldCurrency;
+}
 
 /// True for `vldDate` and `vldTime`.
-[[nodiscard]] constexpr bool IsDateTimeType(int32_t type) noexcept { return type == vldDate || type == vldTime; }
+[[nodiscard]] constexpr bool IsDateTimeType(int32_t type) noexcept {
+    return type == vldDate || type == vldTime;
+}
 
 } // namespace quillmar

@@ -7,8 +7,7 @@ namespace quillmar {
 
 PropertyError::PropertyError(int number)
     : std::runtime_error("property error " + std::to_string(number))
-    , m_number(number) {
-}
+    , m_number(number) { }
 
 bool Variant::IsNumber() const noexcept {
     switch (kind()) {

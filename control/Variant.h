@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <optional>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -32,22 +32,48 @@ using ByteArray = std::vector<uint8_t>;
 class Variant {
 public:
     /// The kinds a variant can hold, in the order of the underlying alternatives.
-    enum class Kind : uint8_t { Empty, Boolean, String, Byte, Integer, Long, Single, Double, Currency, Date, Bytes, Array };
+    enum class Kind : uint8_t {
+        Empty,
+        Boolean,
+        String,
+        Byte,
+        Integer,
+        Long,
+        Single,
+        Double,
+        Currency,
+        Date,
+        Bytes,
+        Array
+    };
 
     Variant() = default;
-    Variant(bool v) : m_value(v) { }
-    Variant(std::u16string v) : m_value(std::move(v)) { }
-    Variant(const char16_t* v) : m_value(std::u16string(v)) { }
-    Variant(std::u16string_view v) : m_value(std::u16string(v)) { }
-    Variant(uint8_t v) : m_value(v) { }
-    Variant(int16_t v) : m_value(v) { }
-    Variant(int32_t v) : m_value(v) { }
-    Variant(float v) : m_value(v) { }
-    Variant(double v) : m_value(v) { }
-    Variant(quillmar::Currency v) : m_value(v) { }
-    Variant(quillmar::Date v) : m_value(v) { }
-    Variant(ByteArray v) : m_value(std::move(v)) { }
-    Variant(VariantArray v) : m_value(std::move(v)) { }
+    Variant(bool v)
+        : m_value(v) { }
+    Variant(std::u16string v)
+        : m_value(std::move(v)) { }
+    Variant(const char16_t* v)
+        : m_value(std::u16string(v)) { }
+    Variant(std::u16string_view v)
+        : m_value(std::u16string(v)) { }
+    Variant(uint8_t v)
+        : m_value(v) { }
+    Variant(int16_t v)
+        : m_value(v) { }
+    Variant(int32_t v)
+        : m_value(v) { }
+    Variant(float v)
+        : m_value(v) { }
+    Variant(double v)
+        : m_value(v) { }
+    Variant(quillmar::Currency v)
+        : m_value(v) { }
+    Variant(quillmar::Date v)
+        : m_value(v) { }
+    Variant(ByteArray v)
+        : m_value(std::move(v)) { }
+    Variant(VariantArray v)
+        : m_value(std::move(v)) { }
 
     [[nodiscard]] Kind kind() const noexcept { return static_cast<Kind>(m_value.index()); }
     [[nodiscard]] bool IsEmpty() const noexcept { return kind() == Kind::Empty; }

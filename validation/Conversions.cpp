@@ -28,8 +28,7 @@ std::optional<ParsedNumber> ExactInteger(int64_t value, int scale) {
     return ParseAscii(ascii.data(), ascii.data() + ascii.size());
 }
 
-template <typename Int>
-Variant IntegralOf(const std::optional<ParsedNumber>& number) {
+template <typename Int> Variant IntegralOf(const std::optional<ParsedNumber>& number) {
     if (!number) return {};
     const auto rounded = RoundToScale(*number, 0);
     if (!rounded || *rounded < std::numeric_limits<Int>::min() || *rounded > std::numeric_limits<Int>::max())

@@ -9,9 +9,15 @@
 namespace quillmar {
 namespace {
 
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-bool IsBlank(char16_t c) { return c == u' ' || c == u'\t'; }
-bool IsSpaceLike(char16_t c) { return c == u' ' || c == 0x00A0 || c == 0x202F || c == 0x2009; }
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+bool IsBlank(char16_t c) {
+    return c == u' ' || c == u'\t';
+}
+bool IsSpaceLike(char16_t c) {
+    return c == u' ' || c == 0x00A0 || c == 0x202F || c == 0x2009;
+}
 
 bool IsGroupSeparator(char16_t c, const LocaleInfo& locale) {
     if (c == locale.groupSeparator) return true;
@@ -35,8 +41,7 @@ int64_t Magnitude(const ParsedNumber& number) {
     return static_cast<int64_t>(number.digits.size()) + number.exponent;
 }
 
-template <typename Float>
-std::optional<Float> ReadFloat(const ParsedNumber& number) {
+template <typename Float> std::optional<Float> ReadFloat(const ParsedNumber& number) {
     if (number.digits.empty()) return number.negative ? -Float(0) : Float(0);
     if (Magnitude(number) > std::numeric_limits<Float>::max_exponent10 + 1) return std::nullopt;
     if (Magnitude(number) < std::numeric_limits<Float>::min_exponent10 - 30)
@@ -48,7 +53,8 @@ std::optional<Float> ReadFloat(const ParsedNumber& number) {
         if (Magnitude(number) > 0) return std::nullopt;
         return number.negative ? -Float(0) : Float(0);
     }
-    if (error != std::errc() || end != ascii.data() + ascii.size() || !std::isfinite(value)) return std::nullopt;
+    if (error != std::errc() || end != ascii.data() + ascii.size() || !std::isfinite(value))
+        return std::nullopt;
     return value;
 }
 
@@ -192,20 +198,21 @@ std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexc
     constexpr uint64_t limit = std::numeric_limits<uint64_t>::max() / 10;
     for (int64_t k = 0; k < kept; ++k) {
         if (magnitude > limit) return std::nullopt;
-        const uint64_t digit = k < size ? static_cast<uint64_t>(number.digits[static_cast<size_t>(k)] - '0') : 0;
+        const uint64_t digit
+            = k < size ? static_cast<uint64_t>(number.digits[static_cast<size_t>(k)] - '0') : 0;
         magnitude = magnitude * 10 + digit;
     }
     if (kept >= 0 && kept < size) {
         const char first = number.digits[static_cast<size_t>(kept)];
         // Trailing zeros are stripped, so any digit after the first dropped one is non-zero.
         const bool moreAfter = kept + 1 < size;
-        if (first > '5' || (first == '5' && (moreAfter || (magnitude & 1U))))
-            ++magnitude;
+        if (first > '5' || (first == '5' && (moreAfter || (magnitude & 1U)))) ++magnitude;
     }
     constexpr uint64_t maxPositive = static_cast<uint64_t>(std::numeric_limits<int64_t>::max());
     if (number.negative) {
         if (magnitude > maxPositive + 1) return std::nullopt;
-        return magnitude == maxPositive + 1 ? std::numeric_limits<int64_t>::min() : -static_cast<int64_t>(magnitude);
+        return magnitude == maxPositive + 1 ? std::numeric_limits<int64_t>::min()
+                                            : -static_cast<int64_t>(magnitude);
     }
     if (magnitude > maxPositive) return std::nullopt;
     return static_cast<int64_t>(magnitude);
@@ -224,7 +231,8 @@ std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSigni
     if (value == 0) return u"0";
     char buffer[64];
     const auto result = maxSignificant >= 1 && maxSignificant <= 17
-        ? std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, maxSignificant - 1)
+        ? std::to_chars(
+            buffer, buffer + sizeof buffer, value, std::chars_format::scientific, maxSignificant - 1)
         : std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
     return LayOutScientific(buffer, result.ptr, locale);
 }
@@ -239,7 +247,8 @@ std::u16string FormatSingle(float value, const LocaleInfo& locale) {
 
 std::u16string FormatCurrency(Currency value, const LocaleInfo& locale) {
     const bool negative = value.ticks < 0;
-    const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(value.ticks) : static_cast<uint64_t>(value.ticks);
+    const uint64_t magnitude
+        = negative ? 0 - static_cast<uint64_t>(value.ticks) : static_cast<uint64_t>(value.ticks);
     std::u16string text = FormatInteger(static_cast<int64_t>(magnitude / 10000));
     if (negative) text.insert(text.begin(), u'-');
     uint64_t fraction = magnitude % 10000;

@@ -16,7 +16,9 @@ std::u16string PatternLiteral(char16_t c) {
     return std::u16string(1, c);
 }
 
-double PowerOfTen(int exponent) { return std::pow(10.0, exponent); }
+double PowerOfTen(int exponent) {
+    return std::pow(10.0, exponent);
+}
 
 // Multiplies by 10^exponent, dividing for negative exponents so that 0.0123 stays as exact as it can.
 double ScaleByPowerOfTen(double value, int exponent) {
@@ -30,10 +32,12 @@ std::u16string ScientificPicture(const Variant& value, const LocaleInfo& locale)
     char buffer[64];
     std::to_chars_result result {};
     if (value.kind() == Variant::Kind::Single) {
-        result = std::to_chars(buffer, buffer + sizeof buffer, value.AsSingle(), std::chars_format::scientific);
+        result
+            = std::to_chars(buffer, buffer + sizeof buffer, value.AsSingle(), std::chars_format::scientific);
     } else {
         // At most 15 significant digits, so that floating-point noise is not shown.
-        result = std::to_chars(buffer, buffer + sizeof buffer, number->value, std::chars_format::scientific, 14);
+        result
+            = std::to_chars(buffer, buffer + sizeof buffer, number->value, std::chars_format::scientific, 14);
     }
     const std::string_view out(buffer, static_cast<size_t>(result.ptr - buffer));
     const size_t e = out.find('e');

@@ -34,6 +34,7 @@ namespace quillmar {
 /// and at most 15 significant digits. Digits of the whole part are never replaced by zeros: a value with
 /// at least `digits` whole digits is only rounded to a whole number. A value that is not a number, or
 /// `digits` of 0 or less, gives the value's text unchanged.
-[[nodiscard]] std::u16string RoundToRelativeAccuracy(const Variant& value, int digits, const LocaleInfo& locale);
+[[nodiscard]] std::u16string RoundToRelativeAccuracy(
+    const Variant& value, int digits, const LocaleInfo& locale);
 
 } // namespace quillmar

@@ -9,7 +9,9 @@
 namespace quillmar {
 namespace {
 
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
 
 struct NumberShape {
     bool decimalAllowed = false;
@@ -55,7 +57,8 @@ ShapeScan Scan(std::u16string_view text, const NumberShape& shape, char16_t deci
         } else if (shape.exponentAllowed && (c == u'e' || c == u'E') && !sawExponent) {
             if (mantissaDigits == 0) return scan;
             sawExponent = true;
-        } else if (shape.exponentAllowed && (c == u'+' || c == u'-') && (previous == u'e' || previous == u'E')) {
+        } else if (shape.exponentAllowed && (c == u'+' || c == u'-')
+            && (previous == u'e' || previous == u'E')) {
             continue;
         } else {
             return scan;
@@ -93,7 +96,8 @@ uint64_t IntegralLimit(int32_t type, bool negative) {
 bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
     std::u16string_view thousandsSeparator, const LocaleInfo& locale) {
     if (type < vldByte || type > vldCurrency) return false;
-    const ShapeScan scan = Scan(text, ShapeOf(type, allowScientific, thousandsSeparator), locale.decimalSeparator);
+    const ShapeScan scan
+        = Scan(text, ShapeOf(type, allowScientific, thousandsSeparator), locale.decimalSeparator);
     if (!scan.ok) return false;
     if (type == vldByte || type == vldInteger || type == vldLong)
         return scan.wholeValue <= IntegralLimit(type, scan.negative);

@@ -26,7 +26,8 @@ struct PatternMatchStats {
 };
 
 /// `MatchPattern` with its step count, for proving the bound in tests.
-[[nodiscard]] PatternMatchStats MatchPatternCounted(std::u16string_view text, std::u16string_view pattern) noexcept;
+[[nodiscard]] PatternMatchStats MatchPatternCounted(
+    std::u16string_view text, std::u16string_view pattern) noexcept;
 
 /// The number of units of a well-formed pattern (each `?`, `*`, `#`, list or literal is one unit);
 /// nullopt for a malformed pattern.

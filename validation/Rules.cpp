@@ -9,8 +9,6 @@
 namespace quillmar {
 namespace {
 
-
-
 int32_t DateTimeRules(std::u16string_view text, const Settings& settings, const LocaleInfo& locale) {
     const int32_t typeBit = settings.MustBeType == vldDate ? vldCCMustBeDate : vldCCMustBeTime;
     const int wantedClass = settings.MustBeType == vldDate ? DateClass : TimeClass;
@@ -26,8 +24,10 @@ int32_t DateTimeRules(std::u16string_view text, const Settings& settings, const 
         if (!days || ClassifyDateTime(limit, locale) != wantedClass) return std::nullopt;
         return days;
     };
-    if (const auto minimum = limitOf(settings.MinValue); minimum && parsed->days < *minimum) result |= vldCCMinValue;
-    if (const auto maximum = limitOf(settings.MaxValue); maximum && parsed->days > *maximum) result |= vldCCMaxValue;
+    if (const auto minimum = limitOf(settings.MinValue); minimum && parsed->days < *minimum)
+        result |= vldCCMinValue;
+    if (const auto maximum = limitOf(settings.MaxValue); maximum && parsed->days > *maximum)
+        result |= vldCCMaxValue;
     const VariantArray& forbidden = settings.MustNotBeValues;
     for (size_t i = 1; i < forbidden.size(); ++i) {
         const auto days = DateTimeOf(forbidden[i], locale);
@@ -104,19 +104,22 @@ int32_t CharacterRules(char16_t c, const Settings& settings) {
     const bool asciiLetter = (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
     // Characters of code 127 and above always pass the letter rules: they are taken for letters.
     if (settings.OnlyLetters && !asciiLetter && c < 127) result |= vldCCOnlyLetters;
-    if (settings.OnlyLettersWithSpace && !asciiLetter && c != u' ' && c < 127) result |= vldCCOnlyLettersWithSpace;
+    if (settings.OnlyLettersWithSpace && !asciiLetter && c != u' ' && c < 127)
+        result |= vldCCOnlyLettersWithSpace;
     return result;
 }
 
-int32_t TextRules(std::u16string_view text, const Settings& settings, const LocaleInfo& locale, int32_t maxLength) {
+int32_t TextRules(
+    std::u16string_view text, const Settings& settings, const LocaleInfo& locale, int32_t maxLength) {
     int32_t result = 0;
     if (!settings.CustomMask.empty() && !MatchPattern(text, settings.CustomMask)) result |= vldCCCustomMask;
     if (settings.MustBeUpperCase && UpperCase(text) != text) result |= vldCCMustBeUpperCase;
     if (settings.MustBeLowerCase && LowerCase(text) != text) result |= vldCCMustBeLowerCase;
     if (settings.MustBeProperCase && ProperCase(text) != text) result |= vldCCMustBeProperCase;
     if (maxLength > 0 && text.size() > static_cast<size_t>(maxLength)) result |= vldCCMaxLength;
-    const bool anyCharacterRule = !settings.ExtraExcludedCharacters.empty() || !settings.ValidCharactersSet.empty()
-        || settings.NoDigits || settings.OnlyLetters || settings.OnlyLettersWithSpace;
+    const bool anyCharacterRule = !settings.ExtraExcludedCharacters.empty()
+        || !settings.ValidCharactersSet.empty() || settings.NoDigits || settings.OnlyLetters
+        || settings.OnlyLettersWithSpace;
     if (anyCharacterRule) {
         for (char16_t c : text)
             result |= CharacterRules(c, settings);

@@ -14,8 +14,7 @@ int32_t NextHandle() {
 } // namespace
 
 MemoryEditBox::MemoryEditBox()
-    : m_handle(NextHandle()) {
-}
+    : m_handle(NextHandle()) { }
 
 void MemoryEditBox::Replace(std::u16string text, int32_t caret) {
     const bool changed = text != m_text;

@@ -129,8 +129,10 @@ public:
 /// A locale fixed by name (or taken from the process environment).
 class FixedLocale final : public LocaleSource {
 public:
-    FixedLocale() : m_info(LocaleInfo::FromEnvironment()) { }
-    explicit FixedLocale(LocaleInfo info) : m_info(std::move(info)) { }
+    FixedLocale()
+        : m_info(LocaleInfo::FromEnvironment()) { }
+    explicit FixedLocale(LocaleInfo info)
+        : m_info(std::move(info)) { }
     [[nodiscard]] LocaleInfo Locale() const override { return m_info; }
     void Set(LocaleInfo info) { m_info = std::move(info); }
 
@@ -161,7 +163,8 @@ public:
 class StandaloneHost {
 public:
     StandaloneHost() = default;
-    explicit StandaloneHost(std::string_view localeName) : locale(LocaleInfo::FromName(localeName)) { }
+    explicit StandaloneHost(std::string_view localeName)
+        : locale(LocaleInfo::FromName(localeName)) { }
 
     [[nodiscard]] HostServices Services() { return { container, editBox, alerts, locale, aboutBox }; }
 

@@ -146,7 +146,8 @@ TEST_F(PropertyModel, TypeFlagsFollowTheType) {
         SCOPED_TRACE(type);
         control.SetMustBeType(type);
         std::vector<bool> expected(9, false);
-        if (type >= vldByte && type <= vldCurrency) expected[0] = expected[static_cast<size_t>(type - 1)] = true;
+        if (type >= vldByte && type <= vldCurrency)
+            expected[0] = expected[static_cast<size_t>(type - 1)] = true;
         if (type == vldDate) expected[7] = true;
         if (type == vldTime) expected[8] = true;
         EXPECT_EQ(flagsOf(control.state()), expected);

@@ -1,6 +1,6 @@
+#include "validation/Numbers.h"
 #include "control/Enums.h"
 #include "validation/Conversions.h"
-#include "validation/Numbers.h"
 
 #include <gtest/gtest.h>
 

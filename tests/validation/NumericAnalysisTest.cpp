@@ -13,9 +13,17 @@ TEST(DecimalExponent, LandsExactPowersOfTenOnTheirExponent) {
         double value;
         int16_t exponent;
     } cases[] = {
-        { 0, -300 }, { 1000, 3 }, { 0.001, -3 }, { 1e-300, -300 }, { 999.999, 2 }, { -2500, 3 }, { 1, 0 },
+        { 0, -300 },
+        { 1000, 3 },
+        { 0.001, -3 },
+        { 1e-300, -300 },
+        { 999.999, 2 },
+        { -2500, 3 },
+        { 1, 0 },
         { 9.99999999999999, 1 }, // its logarithm rounds to 1 at 14 decimals
-        { 1e308, 308 }, { 1e15, 15 }, { 1e-7, -7 },
+        { 1e308, 308 },
+        { 1e15, 15 },
+        { 1e-7, -7 },
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.value);
