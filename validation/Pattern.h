@@ -19,7 +19,7 @@ namespace quillmar {
 namespace detail {
 
 /// The outcome of a match together with the number of steps it took (one step compares one text
-/// character with one pattern unit, or moves past one `*`).
+/// character with one pattern unit, or moves past one `*` or `[]`).
 struct PatternMatchStats {
     bool matched = false;
     uint64_t steps = 0;
