@@ -32,6 +32,8 @@ struct ControlState {
     Variant ExactValue;
     /// The user changed the text since `Value` was last written.
     bool TextEditedSinceValue = false;
+    /// The text the control last put back as the previous valid value.
+    std::u16string PreviousText;
 };
 
 /// The single-line data-entry field. Every property `X` has a reader `X()` and, unless read-only, a writer
@@ -62,6 +64,12 @@ public:
     [[nodiscard]] int32_t CheckInput() const;
     /// True when `CheckInput` is 0 (or negative); always true for `vldUnspecified`.
     [[nodiscard]] bool IsValid() const;
+    /// The final validation, as on leaving the field. A valid text is rewritten as understood (when
+    /// `ShowAsUnderstood`) and remembered as `LastValidValue`; an invalid one gets the first corrective
+    /// action of `Actions` that can be done, is selected when `OnErrorSelectEntireField`, beeps when
+    /// `Beeping` and is explained in a message box when `ShowErrorMessage`. True when the text is valid, or
+    /// when the field has no type or final validation is off.
+    bool Validate();
     /// Repaints the edit box.
     void Refresh();
     /// Opens the about box modally.
@@ -270,6 +278,9 @@ private:
     void SetLimit(Variant& limit, const Variant& value, std::u16string_view name);
     void RequireDesignTime(int error) const;
     void WriteText(std::u16string_view text);
+    void WriteTextCaretAtEnd(std::u16string_view text);
+    int32_t PerformActions();
+    void ShowErrorBox(std::u16string_view savedText, int32_t bits, int32_t actionCode);
     template <typename Apply> void EditFont(Apply apply, std::u16string_view name);
 
     HostServices m_host;

@@ -117,12 +117,22 @@ public:
     virtual void SetFocus() = 0;
 };
 
+/// The icons of a message box, by the flag values the platform's message boxes use.
+enum MessageBoxIconFlag : int16_t {
+    IconNone = 0,
+    IconStop = 16,
+    IconQuestion = 32,
+    IconExclamation = 48,
+    IconInformation = 64,
+};
+
 /// The beep and the modal message box.
 class Alerts {
 public:
     virtual ~Alerts() = default;
     virtual void Beep() = 0;
-    /// Shows a modal message box with one OK button and the `MsgBoxIcons` icon; returns when it closes.
+    /// Shows a modal message box with one OK button and an icon (`MessageBoxIconFlag`); returns when it
+    /// is closed.
     virtual void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) = 0;
 };
 

@@ -1,0 +1,202 @@
+#include "control/Quillmar.h"
+#include "host/standalone/StandaloneHost.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+
+namespace quillmar {
+namespace {
+
+using standalone::ShownMessage;
+
+constexpr int32_t kClosest = vldACInsertClosest | vldACChecked;
+constexpr int32_t kPrevious = vldACReturnPrevious | vldACChecked;
+constexpr int32_t kDefault = vldACInsertDefault | vldACChecked;
+
+// A quantity field as a form author declares it: a positive integer from 1 to 100, 50 by default.
+void Quantity(Quillmar& field) {
+    field.SetMustBeType(vldInteger);
+    field.SetMustBePositive(true);
+    field.SetMinValue(u"1");
+    field.SetMaxValue(u"100");
+    field.SetDefaultValue(u"50");
+}
+
+void WithActions(Quillmar& field, int32_t first, int32_t second, int32_t third) {
+    field.SetActions({ {}, first, second, third });
+}
+
+struct ValidateCase {
+    const char* name;
+    std::function<void(Quillmar&)> declare;
+    std::u16string typed;
+    bool valid;
+    std::u16string after;
+    std::optional<ShownMessage> message;
+    int beeps;
+};
+
+const std::u16string kRange = u"An integer between 1 and 100 is required.";
+
+const ValidateCase kCases[] = {
+    { "closest first", Quantity, u"250", false, u"100",
+        ShownMessage { kRange + u"\r\nClosest value inserted.", u"Invalid Entry", IconExclamation }, 1 },
+    { "below the range", Quantity, u"-3", false, u"1",
+        ShownMessage { kRange + u"\r\nClosest value inserted.", u"Invalid Entry", IconExclamation }, 1 },
+    { "no previous value yet: the default",
+        [](Quillmar& f) {
+            Quantity(f);
+            WithActions(f, kPrevious, kDefault, kClosest);
+        },
+        u"250", false, u"50",
+        ShownMessage { kRange + u"\r\nDefault value inserted.", u"Invalid Entry", IconExclamation }, 1 },
+    { "not a number: no closest value", [](Quillmar& f) { Quantity(f); }, u"abc", false, u"50",
+        ShownMessage {
+            u"Invalid numeric entry.\r\nDefault value inserted.", u"Invalid Entry", IconExclamation },
+        1 },
+    { "unchecked entries never run",
+        [](Quillmar& f) {
+            Quantity(f);
+            WithActions(f, vldACReturnPrevious, vldACInsertDefault, vldACInsertClosest);
+        },
+        u"250", false, u"250", ShownMessage { kRange, u"Invalid Entry", IconExclamation }, 1 },
+    { "custom message without action line",
+        [](Quillmar& f) {
+            Quantity(f);
+            f.SetErrorMessageMode(vldCustom);
+            f.SetErrorMessage(u"Order 1 to 100 pieces.");
+            f.SetMessageBoxIcon(vldMBICritical);
+            f.SetMessageBoxTitle(u"Quantity");
+        },
+        u"250", false, u"100", ShownMessage { u"Order 1 to 100 pieces.", u"Quantity", IconStop }, 1 },
+    { "basic message",
+        [](Quillmar& f) {
+            Quantity(f);
+            f.SetErrorMessageMode(vldAutoBasic);
+            f.SetMessageBoxIcon(3);
+        },
+        u"250", false, u"100", ShownMessage { u"Invalid numeric entry.", u"Invalid Entry", IconInformation },
+        1 },
+    { "silent field",
+        [](Quillmar& f) {
+            Quantity(f);
+            f.SetShowErrorMessage(false);
+            f.SetBeeping(false);
+        },
+        u"250", false, u"100", std::nullopt, 0 },
+    { "valid text rewritten as understood", Quantity, u"007", true, u"7", std::nullopt, 0 },
+    { "rewrite switched off",
+        [](Quillmar& f) {
+            Quantity(f);
+            f.SetShowAsUnderstood(false);
+        },
+        u"007", true, u"007", std::nullopt, 0 },
+    { "exponent form kept",
+        [](Quillmar& f) {
+            f.SetMustBeType(vldDouble);
+            f.SetAllowScientificFormat(true);
+        },
+        u"1e3", true, u"1E+3", std::nullopt, 0 },
+    { "exponent refused before any rewrite", [](Quillmar& f) { f.SetMustBeType(vldDouble); }, u"1e3", false,
+        u"1000",
+        ShownMessage {
+            u"A number is required.\r\nClosest value inserted.", u"Invalid Entry", IconExclamation },
+        1 },
+    { "date in full", [](Quillmar& f) { f.SetMustBeType(vldDate); }, u"1/2/03", true, u"1/2/2003",
+        std::nullopt, 0 },
+    { "time in full", [](Quillmar& f) { f.SetMustBeType(vldTime); }, u"10:30 pm", true, u"10:30:00 PM",
+        std::nullopt, 0 },
+    { "no type: always valid", [](Quillmar& f) { f.SetRequiredField(true); }, u"", true, u"", std::nullopt,
+        0 },
+    { "final validation off",
+        [](Quillmar& f) {
+            Quantity(f);
+            f.SetFinalValidationActive(false);
+        },
+        u"250", true, u"250", std::nullopt, 0 },
+    { "text default written unchecked",
+        [](Quillmar& f) {
+            f.SetMustBeType(vldString);
+            f.SetCustomMask(u"###");
+            f.SetDefaultValue(u"abc");
+        },
+        u"12", false, u"abc",
+        ShownMessage {
+            u"Invalid text entry.\r\nThis field must be in a form like ###.\r\nDefault value inserted.",
+            u"Invalid Entry", IconExclamation },
+        1 },
+};
+
+TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
+    for (const ValidateCase& c : kCases) {
+        SCOPED_TRACE(c.name);
+        standalone::StandaloneHost host("en_US");
+        host.container.userMode = false; // the form is designed first, so the lists may be set
+        Quillmar field(host.Services());
+        c.declare(field);
+        host.container.userMode = true;
+        host.editBox.SetText(c.typed);
+        EXPECT_EQ(field.Validate(), c.valid);
+        EXPECT_EQ(field.Text(), c.after);
+        EXPECT_EQ(host.alerts.beeps, c.beeps);
+        if (c.message) {
+            ASSERT_EQ(host.alerts.messages.size(), 1u);
+            EXPECT_EQ(host.alerts.messages[0], *c.message);
+        } else {
+            EXPECT_TRUE(host.alerts.messages.empty());
+        }
+        if (c.valid && c.after != c.typed) {
+            EXPECT_EQ(field.SelStart(), static_cast<int32_t>(c.after.size())); // the caret at the end
+            EXPECT_EQ(field.CheckInput(), 0); // the rewritten text is valid again
+        }
+    }
+}
+
+class ValidateField : public ::testing::Test {
+protected:
+    ValidateField() {
+        host.container.userMode = false;
+        Quantity(field);
+        WithActions(field, kPrevious, kDefault, kClosest);
+        host.container.userMode = true;
+    }
+    standalone::StandaloneHost host { "en_US" };
+    Quillmar field { host.Services() };
+};
+
+TEST_F(ValidateField, ReturnsThePreviousValidValue) {
+    host.editBox.SetText(u"42");
+    ASSERT_TRUE(field.Validate());
+    EXPECT_EQ(field.state().LastValidValue, Variant(int16_t { 42 }));
+    host.editBox.SetText(u"420");
+    EXPECT_FALSE(field.Validate());
+    EXPECT_EQ(field.Text(), u"42");
+    EXPECT_EQ(field.state().PreviousText, u"42");
+    EXPECT_EQ(host.alerts.messages.back().text, kRange + u"\r\nPrevious value returned.");
+}
+
+TEST_F(ValidateField, SelectsTheCorrectedField) {
+    field.SetOnErrorSelectEntireField(true);
+    host.editBox.SetText(u"1000");
+    EXPECT_FALSE(field.Validate());
+    EXPECT_EQ(field.SelStart(), 0);
+    EXPECT_EQ(field.SelLength(), 2); // the default 50
+}
+
+TEST_F(ValidateField, ReportsTheBrokenRulesInACommaLocale) {
+    host.locale.Set(LocaleInfo::FromName("de_DE"));
+    field.SetMustBeType(vldDouble);
+    field.SetMaxValue(u"99,5");
+    host.editBox.SetText(u"1,25");
+    EXPECT_TRUE(field.Validate());
+    host.editBox.SetText(u"120,5");
+    EXPECT_FALSE(field.Validate());
+    EXPECT_EQ(field.Text(), u"1,25");
+    EXPECT_EQ(host.alerts.messages.back().text,
+        u"A number between 1 and 99,5 is required.\r\nPrevious value returned.");
+}
+
+} // namespace
+} // namespace quillmar

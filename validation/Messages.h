@@ -1,0 +1,25 @@
+#pragma once
+
+#include "control/Settings.h"
+#include "host/LocaleInfo.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillmar {
+
+/// The line that names the corrective action taken, with its own leading line break ("\r\n"):
+/// 8 "Previous value returned.", 16 "Default value inserted.", 32 "Closest value inserted.";
+/// the empty text for 0 and any other code.
+[[nodiscard]] std::u16string ActionSuffix(int32_t actionCode);
+
+/// The error message for a text that broke the constraints `bits` (never 0), in the style of
+/// `settings.ErrorMessageMode`: the basic one-line message, or the advanced message (what the field
+/// requires, a second line naming a forbidden value, then the action line of `actionCode`); the empty text
+/// for `vldCustom` and any other mode. Lines are joined with "\r\n". `maxLength` is the edit box's limit.
+/// Never throws.
+[[nodiscard]] std::u16string ComposeErrorMessage(std::u16string_view text, int32_t bits, int32_t actionCode,
+    const Settings& settings, const LocaleInfo& locale, int32_t maxLength);
+
+} // namespace quillmar
