@@ -14,11 +14,6 @@ bool IsIntegralType(int32_t type) {
     return type == vldByte || type == vldInteger || type == vldLong;
 }
 
-std::optional<double> NumericLimit(const Variant& limit, const LocaleInfo& locale) {
-    const auto number = NumberOf(limit, locale);
-    return number ? std::optional<double>(number->value) : std::nullopt;
-}
-
 std::optional<double> DateLimit(const Variant& limit, int wantedClass, const LocaleInfo& locale) {
     if (ClassifyDateTime(limit, locale) != wantedClass) return std::nullopt;
     return DateTimeOf(limit, locale);
@@ -50,9 +45,9 @@ Variant FindClosestValue(
         const auto number = ParseNumber(text, locale);
         if (!number) return {};
         double value = number->value;
-        if (const auto maximum = NumericLimit(settings.MaxValue, locale); maximum && value > *maximum)
+        if (const auto maximum = NumericValueOf(settings.MaxValue, locale); maximum && value > *maximum)
             value = *maximum;
-        if (const auto minimum = NumericLimit(settings.MinValue, locale); minimum && value < *minimum)
+        if (const auto minimum = NumericValueOf(settings.MinValue, locale); minimum && value < *minimum)
             value = *minimum;
         candidate = value;
     } else {

@@ -86,6 +86,12 @@ std::optional<ParsedNumber> NumberOf(const Variant& value, const LocaleInfo& loc
     }
 }
 
+std::optional<double> NumericValueOf(const Variant& value, const LocaleInfo& locale) {
+    if (value.IsNumber() || value.kind() == Variant::Kind::Boolean) return value.ToDouble();
+    const auto number = NumberOf(value, locale);
+    return number ? std::optional<double>(number->value) : std::nullopt;
+}
+
 bool IsNumericValue(const Variant& value, const LocaleInfo& locale) {
     return NumberOf(value, locale).has_value();
 }

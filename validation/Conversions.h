@@ -25,6 +25,9 @@ enum DateTimeClass : int {
 /// by its own value; nullopt for anything else (dates included: their text is not a number).
 [[nodiscard]] std::optional<ParsedNumber> NumberOf(const Variant& value, const LocaleInfo& locale);
 
+/// The value of `NumberOf` as a double, read directly from numeric variants (the checks compare doubles).
+[[nodiscard]] std::optional<double> NumericValueOf(const Variant& value, const LocaleInfo& locale);
+
 /// True when `NumberOf` gives a number.
 [[nodiscard]] bool IsNumericValue(const Variant& value, const LocaleInfo& locale);
 

@@ -75,12 +75,12 @@ int32_t NumericRules(std::u16string_view text, const Settings& settings, const L
     if (value == 0 && settings.MustNotBeZero) result |= vldCCMustNotBeZero;
     const VariantArray& forbidden = settings.MustNotBeValues;
     for (size_t i = 1; i < forbidden.size(); ++i) {
-        const auto item = NumberOf(forbidden[i], locale);
-        if (item && item->value == value) result |= vldCCMustNotBeValues;
+        const auto item = NumericValueOf(forbidden[i], locale);
+        if (item && *item == value) result |= vldCCMustNotBeValues;
     }
-    if (const auto minimum = NumberOf(settings.MinValue, locale); minimum && value < minimum->value)
+    if (const auto minimum = NumericValueOf(settings.MinValue, locale); minimum && value < *minimum)
         result |= vldCCMinValue;
-    if (const auto maximum = NumberOf(settings.MaxValue, locale); maximum && value > maximum->value)
+    if (const auto maximum = NumericValueOf(settings.MaxValue, locale); maximum && value > *maximum)
         result |= vldCCMaxValue;
     const std::u16string thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
     if (!NumericWholeTextTest(text, settings.MustBeType, settings.AllowScientificFormat, thousands, locale))

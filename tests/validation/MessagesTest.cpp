@@ -188,13 +188,12 @@ const TextCase kTextCases[] = {
         u"Invalid text entry.\r\nSome of the characters in this text are not allowed." },
     { vldCCMaxLength, {}, u"xy", 1,
         u"Invalid text entry.\r\nMaximum allowed length of the text is 1 character." },
-    // Items match exactly, case included.
+    // Items match exactly: neither a trailing blank nor another case counts.
     { vldCCMustNotBeValues, { {}, u"ABC", u"abc ", u"abc" }, u"abc", 5,
         u"Invalid text entry.\r\n\"abc\" is not allowed.\r\nPrevious value returned.", vldACReturnPrevious },
+    // A text field is type-free: an unspecified type gets the same lines.
     { vldCCMustBeUpperCase, { {}, u"ABC" }, u"abc", 5,
-        u"Invalid text entry.\r\nOnly uppercase letters are allowed." },
-    { vldCCCustomMask, {}, u"1", 5, u"Invalid text entry.\r\nThis field must be in a form like ##-##.", 0,
-        vldUnspecified },
+        u"Invalid text entry.\r\nOnly uppercase letters are allowed.", 0, vldUnspecified },
 };
 
 TEST(ComposeErrorMessage, AdvancedText) {
@@ -210,8 +209,7 @@ TEST(ComposeErrorMessage, AdvancedText) {
 
 TEST(ComposeErrorMessage, CustomAndUnknownModesGiveNoText) {
     Settings s;
-    s.MustBeType = vldString;
-    s.ErrorMessage = u"Own text";
+    s.ErrorMessage = u"Own text"; // put in by the caller that shows the message
     for (const auto mode : { vldCustom, static_cast<ErrorMessageModeConstants>(0) }) {
         s.ErrorMessageMode = mode;
         EXPECT_EQ(
