@@ -191,7 +191,7 @@ const TextCase kTextCases[] = {
     // Items match exactly: neither a trailing blank nor another case counts.
     { vldCCMustNotBeValues, { {}, u"ABC", u"abc ", u"abc" }, u"abc", 5,
         u"Invalid text entry.\r\n\"abc\" is not allowed.\r\nPrevious value returned.", vldACReturnPrevious },
-    // A text field is type-free: an unspecified type gets the same lines.
+    // Any type outside numbers and dates gets the text lines.
     { vldCCMustBeUpperCase, { {}, u"ABC" }, u"abc", 5,
         u"Invalid text entry.\r\nOnly uppercase letters are allowed.", 0, vldUnspecified },
 };
