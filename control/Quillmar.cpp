@@ -57,6 +57,10 @@ void Quillmar::ShowAboutBox() {
     m_host.aboutBox.Show();
 }
 
+void Quillmar::OLEDrag() {
+    m_host.editBox.OLEDrag();
+}
+
 // Type flags.
 
 void Quillmar::ClearTypeFlags() {
@@ -442,11 +446,6 @@ void Quillmar::SetValue(const Variant& value) {
     }
     m_state.InternalTextChange = false;
     Notify(u"Value");
-}
-
-void Quillmar::OnChange() {
-    if (m_events) m_events->Change();
-    if (!m_state.ExactValue.IsEmpty()) m_state.TextEditedSinceValue = true;
 }
 
 // Properties of the edit box.

@@ -6,6 +6,7 @@
 #include "control/Settings.h"
 #include "control/Variant.h"
 #include "host/Host.h"
+#include "host/PropertyStore.h"
 
 #include <cstdint>
 #include <string>
@@ -14,16 +15,7 @@
 namespace quillmar {
 
 /// The type flags and the state the control derives and keeps beside its properties.
-struct ControlState {
-    bool NumericMode = false;
-    bool TypeIsByte = false;
-    bool TypeIsInteger = false;
-    bool TypeIsLong = false;
-    bool TypeIsSingle = false;
-    bool TypeIsDouble = false;
-    bool TypeIsCurrency = false;
-    bool TypeIsDate = false;
-    bool TypeIsTime = false;
+struct ControlState : TypeFlags {
     /// True while the control itself writes the edit box's text.
     bool InternalTextChange = false;
     /// The last value known to be valid.
@@ -34,6 +26,13 @@ struct ControlState {
     bool TextEditedSinceValue = false;
     /// The text the control last put back as the previous valid value.
     std::u16string PreviousText;
+    /// The last accepted text and selection, taken after each key release, mouse release and accepted
+    /// change; strong sifting restores it.
+    std::u16string SavedText;
+    int32_t SavedSelStart = 0;
+    int32_t SavedSelLength = 0;
+    /// True while Ctrl is held in the edit box: keys typed with it are not sifted.
+    bool CtrlKeyDown = false;
 };
 
 /// The single-line data-entry field. Every property `X` has a reader `X()` and, unless read-only, a writer
@@ -57,6 +56,18 @@ public:
     /// The derived type flags and the kept values.
     [[nodiscard]] const ControlState& state() const noexcept { return m_state; }
 
+    // Persistence.
+
+    /// A control placed on a form for the first time: every property at its initial value, set directly
+    /// (no writer runs, nothing is notified), the type flags cleared, and the extender's name as the text.
+    void InitProperties();
+    /// A control loaded with its form: reads every entry in order, raw where the value is taken as saved,
+    /// through the writers for `MustBeType`, "Text", `Enabled` and `MouseIcon`, into the edit box for its own
+    /// properties. A stored `MustBeType` outside 0 to 9 throws 380 from its writer, as any writer would.
+    void ReadProperties(const PropertyStore& store);
+    /// Writes every entry against its default, the edit box's properties as the box holds them now.
+    void WriteProperties(PropertyStore& store) const;
+
     // Methods.
 
     /// The constraints the edit box's text breaks (`ConstraintsConstants` bits); 0 for a valid text and
@@ -72,6 +83,19 @@ public:
     bool Validate();
     /// Repaints the edit box.
     void Refresh();
+    /// Starts a drag-and-drop operation with the edit box as its source.
+    void OLEDrag();
+
+    // Surface.
+
+    /// The host resized the control: the edit box covers it from the origin, and the control takes the size
+    /// the edit box accepted. Never throws.
+    void Resize(int32_t width, int32_t height);
+    /// The host shows the control: the edit box takes the tool tip the form set on the control. Never throws.
+    void Show();
+    /// The control that last kept the user in place after a failed final validation on this thread (the
+    /// handle of its edit box), 0 when none.
+    [[nodiscard]] static int32_t FocusHoldWindow() noexcept;
     /// Opens the about box modally.
     void ShowAboutBox();
 
@@ -267,7 +291,30 @@ public:
     [[nodiscard]] bool HideSelection() const;
 
 private:
+    void OnKeyDown(int16_t& keyCode, int16_t& shift) override;
+    void OnKeyPress(int16_t& keyAscii) override;
+    void OnKeyUp(int16_t& keyCode, int16_t& shift) override;
+    void OnMouseDown(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void OnMouseMove(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void OnMouseUp(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void OnClick() override;
+    void OnDblClick() override;
     void OnChange() override;
+    void OnFocusExit() override;
+    void OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) override;
+    void OnOLESetData(DataObject& data, int16_t& dataFormat) override;
+    void OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) override;
+    void OnOLEDragOver(DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y,
+        int16_t& state) override;
+    void OnOLEDragDrop(
+        DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y) override;
+    void OnOLECompleteDrag(int32_t& effect) override;
+
+    void RepairChange();
+    void GuardedWrite(std::u16string_view text, int32_t selStart, int32_t selLength);
+    void TakeSnapshot();
+    void RestoreSnapshot();
+    void Beep();
 
     void Notify(std::u16string_view name);
     [[nodiscard]] LocaleInfo Locale() const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/Host.h"
+
 #include <cstdint>
 
 namespace quillmar {
@@ -9,6 +11,14 @@ namespace quillmar {
 class QuillmarEvents {
 public:
     virtual ~QuillmarEvents() = default;
+    virtual void OLEStartDrag(DataObject& /*data*/, int32_t& /*allowedEffects*/) { }
+    virtual void OLESetData(DataObject& /*data*/, int16_t& /*dataFormat*/) { }
+    virtual void OLEGiveFeedback(int32_t& /*effect*/, bool& /*defaultCursors*/) { }
+    virtual void OLEDragOver(DataObject& /*data*/, int32_t& /*effect*/, int16_t& /*button*/,
+        int16_t& /*shift*/, float& /*x*/, float& /*y*/, int16_t& /*state*/) { }
+    virtual void OLEDragDrop(DataObject& /*data*/, int32_t& /*effect*/, int16_t& /*button*/,
+        int16_t& /*shift*/, float& /*x*/, float& /*y*/) { }
+    virtual void OLECompleteDrag(int32_t& /*effect*/) { }
     virtual void KeyDown(int16_t& /*keyCode*/, int16_t& /*shift*/) { }
     virtual void KeyPress(int16_t& /*keyAscii*/) { }
     virtual void KeyUp(int16_t& /*keyCode*/, int16_t& /*shift*/) { }

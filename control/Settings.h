@@ -59,6 +59,20 @@ struct Settings {
     friend bool operator==(const Settings&, const Settings&) = default;
 };
 
+/// The type flags the control derives from `MustBeType` (and from the sign and exponent rules, which make a
+/// field numeric). Keystroke sifting and change repair branch on them.
+struct TypeFlags {
+    bool NumericMode = false;
+    bool TypeIsByte = false;
+    bool TypeIsInteger = false;
+    bool TypeIsLong = false;
+    bool TypeIsSingle = false;
+    bool TypeIsDouble = false;
+    bool TypeIsCurrency = false;
+    bool TypeIsDate = false;
+    bool TypeIsTime = false;
+};
+
 /// True for the numeric types `vldByte` to `vldCurrency`.
 [[nodiscard]] constexpr bool IsNumericType(int32_t type) noexcept {
     return type >= vldByte && type <= vldCurrency;

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quillmar {
 
@@ -28,12 +30,54 @@ struct Picture {
 };
 using PictureRef = std::shared_ptr<const Picture>;
 
-/// What the edit box reports to the control that owns it.
+/// The data carried by a drag-and-drop operation: values by clipboard format number.
+class DataObject {
+public:
+    /// Stores the data under the format (replacing what the format held).
+    void SetData(const Variant& data, int16_t format);
+    /// The data of the format, Empty when the format is absent.
+    [[nodiscard]] Variant GetData(int16_t format) const;
+    /// True when the data object holds the format.
+    [[nodiscard]] bool GetFormat(int16_t format) const;
+    /// Removes every format.
+    void Clear() { m_formats.clear(); }
+
+private:
+    std::vector<std::pair<int16_t, Variant>> m_formats;
+};
+
+/// The clipboard format of plain text.
+inline constexpr int16_t kTextFormat = 1;
+
+/// What the edit box reports to the control that owns it. Arguments are by reference, so that the control
+/// (and, through it, the form) can change or cancel a key before the edit box acts on it.
 class EditBoxEvents {
 public:
     virtual ~EditBoxEvents() = default;
+    /// A key went down; `shift` holds 1 for Shift, 2 for Ctrl and 4 for Alt.
+    virtual void OnKeyDown(int16_t& keyCode, int16_t& shift) = 0;
+    /// A character is about to be inserted; a `keyAscii` set to 0 inserts nothing.
+    virtual void OnKeyPress(int16_t& keyAscii) = 0;
+    virtual void OnKeyUp(int16_t& keyCode, int16_t& shift) = 0;
+    virtual void OnMouseDown(int16_t& button, int16_t& shift, float& x, float& y) = 0;
+    virtual void OnMouseMove(int16_t& button, int16_t& shift, float& x, float& y) = 0;
+    virtual void OnMouseUp(int16_t& button, int16_t& shift, float& x, float& y) = 0;
+    virtual void OnClick() = 0;
+    virtual void OnDblClick() = 0;
     /// The text changed, by the user or by a program.
     virtual void OnChange() = 0;
+    /// The focus left the edit box for another control of the form.
+    virtual void OnFocusExit() = 0;
+    virtual void OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) = 0;
+    virtual void OnOLESetData(DataObject& data, int16_t& dataFormat) = 0;
+    virtual void OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) = 0;
+    virtual void OnOLEDragOver(DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x,
+        float& y, int16_t& state)
+        = 0;
+    virtual void OnOLEDragDrop(
+        DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y)
+        = 0;
+    virtual void OnOLECompleteDrag(int32_t& effect) = 0;
 };
 
 /// The single-line edit box the control covers itself with. Positions and lengths are UTF-16 code units.
@@ -95,6 +139,14 @@ public:
     [[nodiscard]] virtual int32_t Handle() const = 0;
     /// Repaints the edit box.
     virtual void Refresh() = 0;
+    [[nodiscard]] virtual std::u16string ToolTipText() const = 0;
+    virtual void SetToolTipText(std::u16string_view text) = 0;
+    /// Places the edit box in the control; the box may keep a size of its own (a minimum height).
+    virtual void Move(int32_t left, int32_t top, int32_t width, int32_t height) = 0;
+    [[nodiscard]] virtual int32_t Width() const = 0;
+    [[nodiscard]] virtual int32_t Height() const = 0;
+    /// Starts a drag-and-drop operation with the edit box as its source.
+    virtual void OLEDrag() = 0;
 };
 
 /// The form that holds the control.
@@ -115,6 +167,8 @@ public:
     [[nodiscard]] virtual bool ExtenderVisible() const = 0;
     /// Puts the focus on the control.
     virtual void SetFocus() = 0;
+    /// Gives the control the size its edit box accepted.
+    virtual void SetExtent(int32_t width, int32_t height) = 0;
 };
 
 /// The icons of a message box, by the flag values the platform's message boxes use.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 
 namespace quillmar::standalone {
 namespace {
@@ -11,17 +12,69 @@ int32_t NextHandle() {
     return next.fetch_add(4);
 }
 
+constexpr int16_t kShiftMask = 1;
+constexpr int16_t kCtrlMask = 2;
+constexpr float kCharacterWidth = 7;
+
+std::string Arguments(std::initializer_list<double> values) {
+    std::string text;
+    for (double v : values) {
+        text += ' ';
+        text += std::to_string(static_cast<long long>(std::lround(v)));
+    }
+    return text;
+}
+
 } // namespace
+
+int16_t VirtualKeyOf(char16_t c) noexcept {
+    if (c >= u'a' && c <= u'z') return static_cast<int16_t>(c - 32);
+    if ((c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u' ') return static_cast<int16_t>(c);
+    switch (c) {
+    case u'-':
+        return 189;
+    case u',':
+        return 188;
+    case u'.':
+        return 190;
+    case u'/':
+        return 191;
+    case u':':
+    case u';':
+        return 186;
+    case u'+':
+        return 187;
+    case 8:
+    case 13:
+    case 27:
+        return static_cast<int16_t>(c);
+    default:
+        return 229; // a character that comes from an input method rather than one key
+    }
+}
 
 MemoryEditBox::MemoryEditBox()
     : m_handle(NextHandle()) { }
 
+void MemoryEditBox::Select(int32_t anchor, int32_t caret) {
+    const int32_t length = static_cast<int32_t>(m_text.size());
+    m_anchor = std::clamp(anchor, 0, length);
+    caret = std::clamp(caret, 0, length);
+    m_selStart = std::min(m_anchor, caret);
+    m_selLength = std::abs(caret - m_anchor);
+}
+
 void MemoryEditBox::Replace(std::u16string text, int32_t caret) {
     const bool changed = text != m_text;
     m_text = std::move(text);
-    m_selStart = std::clamp<int32_t>(caret, 0, static_cast<int32_t>(m_text.size()));
-    m_selLength = 0;
+    Select(caret, caret);
     if (changed && m_events) m_events->OnChange();
+}
+
+void MemoryEditBox::ReplaceSelection(std::u16string_view inserted) {
+    std::u16string replaced = m_text;
+    replaced.replace(static_cast<size_t>(m_selStart), static_cast<size_t>(m_selLength), inserted);
+    Replace(std::move(replaced), m_selStart + static_cast<int32_t>(inserted.size()));
 }
 
 void MemoryEditBox::SetText(std::u16string_view text) {
@@ -29,12 +82,11 @@ void MemoryEditBox::SetText(std::u16string_view text) {
 }
 
 void MemoryEditBox::SetSelStart(int32_t start) {
-    m_selStart = std::clamp<int32_t>(start, 0, static_cast<int32_t>(m_text.size()));
-    m_selLength = 0;
+    Select(start, start);
 }
 
 void MemoryEditBox::SetSelLength(int32_t length) {
-    m_selLength = std::clamp<int32_t>(length, 0, static_cast<int32_t>(m_text.size()) - m_selStart);
+    Select(m_selStart, m_selStart + std::max(length, 0));
 }
 
 std::u16string MemoryEditBox::SelText() const {
@@ -42,21 +94,206 @@ std::u16string MemoryEditBox::SelText() const {
 }
 
 void MemoryEditBox::SetSelText(std::u16string_view text) {
-    std::u16string replaced = m_text;
-    replaced.replace(static_cast<size_t>(m_selStart), static_cast<size_t>(m_selLength), text);
-    Replace(std::move(replaced), m_selStart + static_cast<int32_t>(text.size()));
+    ReplaceSelection(text);
+}
+
+void MemoryEditBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
+    m_width = std::max(width, 0);
+    m_height = std::max(height, MinimumHeight());
+}
+
+int32_t MemoryEditBox::MinimumHeight() const noexcept {
+    return static_cast<int32_t>(std::ceil(m_font.size * 4 / 3)) + 8;
+}
+
+void MemoryEditBox::OLEDrag() {
+    if (!m_events) return;
+    ++m_dragsStarted;
+    DataObject data;
+    data.SetData(SelText(), kTextFormat);
+    int32_t allowedEffects = 1;
+    m_events->OnOLEStartDrag(data, allowedEffects);
+    int32_t effect = allowedEffects;
+    m_events->OnOLECompleteDrag(effect);
+}
+
+void MemoryEditBox::TypeKey(char16_t c, int16_t shift) {
+    int16_t keyCode = VirtualKeyOf(c);
+    if (m_events) m_events->OnKeyDown(keyCode, shift);
+    int16_t keyAscii = static_cast<int16_t>(c);
+    if (m_events) m_events->OnKeyPress(keyAscii);
+    const char16_t typed = static_cast<char16_t>(static_cast<uint16_t>(keyAscii));
+    if (typed == VK_BACK) {
+        if (!m_locked && m_selLength == 0 && m_selStart > 0) Select(m_selStart - 1, m_selStart);
+        if (!m_locked && m_selLength > 0) ReplaceSelection(u"");
+    } else if (typed >= 32 && !m_locked) {
+        // A single-line box ignores control characters; a full box takes nothing more.
+        const bool fits = m_maxLength == 0
+            || m_text.size() - static_cast<size_t>(m_selLength) < static_cast<size_t>(m_maxLength);
+        if (fits) ReplaceSelection(std::u16string_view(&typed, 1));
+    }
+    if (m_events) m_events->OnKeyUp(keyCode, shift);
+}
+
+void MemoryEditBox::TypeText(std::u16string_view text) {
+    for (char16_t c : text)
+        TypeKey(c);
+}
+
+void MemoryEditBox::PressBackspace() {
+    TypeKey(static_cast<char16_t>(VK_BACK));
+}
+
+void MemoryEditBox::PressEnter() {
+    TypeKey(static_cast<char16_t>(VK_RETURN));
+}
+
+void MemoryEditBox::PressDelete() {
+    int16_t keyCode = VK_DELETE;
+    int16_t shift = 0;
+    if (m_events) m_events->OnKeyDown(keyCode, shift);
+    if (!m_locked) {
+        if (m_selLength == 0 && m_selStart < static_cast<int32_t>(m_text.size()))
+            Select(m_selStart, m_selStart + 1);
+        if (m_selLength > 0) ReplaceSelection(u"");
+    }
+    if (m_events) m_events->OnKeyUp(keyCode, shift);
+}
+
+void MemoryEditBox::PressNavigation(int16_t virtualKey, int16_t shift) {
+    int16_t keyCode = virtualKey;
+    int16_t keyShift = shift;
+    if (m_events) m_events->OnKeyDown(keyCode, keyShift);
+    const int32_t caret = m_anchor == m_selStart ? m_selStart + m_selLength : m_selStart;
+    int32_t target = caret;
+    if (virtualKey == VK_LEFT) target = caret - 1;
+    if (virtualKey == VK_RIGHT) target = caret + 1;
+    if (virtualKey == VK_HOME) target = 0;
+    if (virtualKey == VK_END) target = static_cast<int32_t>(m_text.size());
+    if (shift & kShiftMask)
+        Select(m_anchor, target);
+    else
+        Select(target, target);
+    if (m_events) m_events->OnKeyUp(keyCode, keyShift);
+}
+
+void MemoryEditBox::Paste(std::u16string_view text) {
+    if (m_locked) return;
+    std::u16string line(text.substr(0, text.find_first_of(u"\r\n")));
+    if (m_maxLength > 0) {
+        const size_t room = static_cast<size_t>(m_maxLength)
+            - std::min(static_cast<size_t>(m_maxLength), m_text.size() - static_cast<size_t>(m_selLength));
+        line.resize(std::min(line.size(), room));
+    }
+    ReplaceSelection(line);
+}
+
+void MemoryEditBox::PasteWithKeys(std::u16string_view text) {
+    int16_t keyCode = u'V';
+    int16_t shift = kCtrlMask;
+    if (m_events) m_events->OnKeyDown(keyCode, shift);
+    int16_t keyAscii = 22;
+    if (m_events) m_events->OnKeyPress(keyAscii);
+    if (keyAscii != 0) Paste(text);
+    if (m_events) m_events->OnKeyUp(keyCode, shift);
+}
+
+std::u16string MemoryEditBox::CutWithKeys() {
+    int16_t keyCode = u'X';
+    int16_t shift = kCtrlMask;
+    if (m_events) m_events->OnKeyDown(keyCode, shift);
+    int16_t keyAscii = 24;
+    if (m_events) m_events->OnKeyPress(keyAscii);
+    std::u16string cut;
+    if (keyAscii != 0 && !m_locked && m_selLength > 0) {
+        cut = SelText();
+        ReplaceSelection(u"");
+    }
+    if (m_events) m_events->OnKeyUp(keyCode, shift);
+    return cut;
+}
+
+void MemoryEditBox::SelectAll() {
+    Select(0, static_cast<int32_t>(m_text.size()));
+}
+
+void MemoryEditBox::ClickAt(int32_t position) {
+    int16_t button = 1;
+    int16_t shift = 0;
+    float x = static_cast<float>(position) * kCharacterWidth;
+    float y = 5;
+    if (m_events) m_events->OnMouseDown(button, shift, x, y);
+    Select(position, position);
+    if (m_events) m_events->OnMouseUp(button, shift, x, y);
+    if (m_events) m_events->OnClick();
+}
+
+void MemoryEditBox::LeaveField() {
+    if (m_events) m_events->OnFocusExit();
+}
+
+void RecordingEvents::OLEStartDrag(DataObject&, int32_t& allowedEffects) {
+    log.push_back("OLEStartDrag" + Arguments({ static_cast<double>(allowedEffects) }));
+}
+
+void RecordingEvents::OLESetData(DataObject&, int16_t& dataFormat) {
+    log.push_back("OLESetData" + Arguments({ static_cast<double>(dataFormat) }));
+}
+
+void RecordingEvents::OLEGiveFeedback(int32_t& effect, bool& defaultCursors) {
+    log.push_back(
+        "OLEGiveFeedback" + Arguments({ static_cast<double>(effect), defaultCursors ? -1.0 : 0.0 }));
+}
+
+void RecordingEvents::OLEDragOver(
+    DataObject&, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y, int16_t& state) {
+    log.push_back("OLEDragOver"
+        + Arguments({ static_cast<double>(effect), static_cast<double>(button), static_cast<double>(shift), x,
+            y, static_cast<double>(state) }));
+}
+
+void RecordingEvents::OLEDragDrop(
+    DataObject&, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y) {
+    log.push_back("OLEDragDrop"
+        + Arguments(
+            { static_cast<double>(effect), static_cast<double>(button), static_cast<double>(shift), x, y }));
+}
+
+void RecordingEvents::OLECompleteDrag(int32_t& effect) {
+    log.push_back("OLECompleteDrag" + Arguments({ static_cast<double>(effect) }));
 }
 
 void RecordingEvents::KeyDown(int16_t& keyCode, int16_t& shift) {
-    log.push_back("KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift));
+    log.push_back("KeyDown" + Arguments({ static_cast<double>(keyCode), static_cast<double>(shift) }));
 }
 
 void RecordingEvents::KeyPress(int16_t& keyAscii) {
-    log.push_back("KeyPress " + std::to_string(keyAscii));
+    log.push_back("KeyPress" + Arguments({ static_cast<double>(keyAscii) }));
 }
 
 void RecordingEvents::KeyUp(int16_t& keyCode, int16_t& shift) {
-    log.push_back("KeyUp " + std::to_string(keyCode) + " " + std::to_string(shift));
+    log.push_back("KeyUp" + Arguments({ static_cast<double>(keyCode), static_cast<double>(shift) }));
+}
+
+void RecordingEvents::MouseDown(int16_t& button, int16_t& shift, float& x, float& y) {
+    log.push_back("MouseDown" + Arguments({ static_cast<double>(button), static_cast<double>(shift), x, y }));
+}
+
+void RecordingEvents::MouseMove(int16_t& button, int16_t& shift, float& x, float& y) {
+    log.push_back("MouseMove" + Arguments({ static_cast<double>(button), static_cast<double>(shift), x, y }));
+}
+
+void RecordingEvents::MouseUp(int16_t& button, int16_t& shift, float& x, float& y) {
+    log.push_back("MouseUp" + Arguments({ static_cast<double>(button), static_cast<double>(shift), x, y }));
+}
+
+std::vector<std::string> RecordingEvents::Only(std::string_view event) const {
+    std::vector<std::string> matching;
+    for (const std::string& entry : log)
+        if (entry.compare(0, event.size(), event) == 0
+            && (entry.size() == event.size() || entry[event.size()] == ' '))
+            matching.push_back(entry);
+    return matching;
 }
 
 } // namespace quillmar::standalone

@@ -8,10 +8,57 @@
 
 namespace quillmar::standalone {
 
-/// An in-memory single-line edit box: text, selection, limits and appearance, reporting real changes.
+/// Windows-style codes of the keys a test presses.
+enum VirtualKey : int16_t {
+    VK_BACK = 8,
+    VK_RETURN = 13,
+    VK_CONTROL = 17,
+    VK_ESCAPE = 27,
+    VK_END = 35,
+    VK_HOME = 36,
+    VK_LEFT = 37,
+    VK_RIGHT = 39,
+    VK_DELETE = 46,
+};
+
+/// The code a key-down reports for the key that types the character (letters by their capital).
+[[nodiscard]] int16_t VirtualKeyOf(char16_t c) noexcept;
+
+/// An in-memory single-line edit box that behaves as a real one. Typing a key reports the key going down,
+/// the character (which the control may change or cancel), inserts it over the selection (respecting
+/// `MaxLength` and `Locked`), reports the change, then the key coming up. Backspace and Delete remove, a
+/// paste replaces the selection with one change, arrows and Home/End move the caret (with Shift they select).
+/// Programmatic writes report a change only when the text really changes.
 class MemoryEditBox final : public EditBox {
 public:
     MemoryEditBox();
+
+    // What a person does.
+
+    /// Types one character; `shift` as a key-down reports it (1 Shift, 2 Ctrl, 4 Alt).
+    void TypeKey(char16_t c, int16_t shift = 0);
+    /// Types every character of the text in turn.
+    void TypeText(std::u16string_view text);
+    void PressBackspace();
+    void PressDelete();
+    void PressEnter();
+    /// Left, Right, Home or End; with Shift (1) the selection grows from its anchor.
+    void PressNavigation(int16_t virtualKey, int16_t shift = 0);
+    /// Pastes from the context menu: the text (up to its first line break, cut to `MaxLength`) replaces the
+    /// selection and one change is reported.
+    void Paste(std::u16string_view text);
+    /// Pastes with Ctrl+V: the keys go down, the paste character (22) is reported, the text is pasted unless
+    /// the character was cancelled, the keys come up.
+    void PasteWithKeys(std::u16string_view text);
+    /// Cuts the selection with Ctrl+X; returns the cut text.
+    std::u16string CutWithKeys();
+    /// Selects the whole text, as Ctrl+A or a triple click would.
+    void SelectAll();
+    /// Clicks with the left button at a character position: the button goes down, the caret moves, the button
+    /// comes up, the click is reported.
+    void ClickAt(int32_t position);
+    /// The focus moves to another control of the form.
+    void LeaveField();
 
     void SetEvents(EditBoxEvents* events) override { m_events = events; }
     [[nodiscard]] std::u16string Text() const override { return m_text; }
@@ -56,12 +103,24 @@ public:
     [[nodiscard]] bool HideSelection() const override { return true; }
     [[nodiscard]] int32_t Handle() const override { return m_handle; }
     void Refresh() override { ++m_refreshCount; }
+    [[nodiscard]] std::u16string ToolTipText() const override { return m_toolTipText; }
+    void SetToolTipText(std::u16string_view text) override { m_toolTipText = text; }
+    void Move(int32_t left, int32_t top, int32_t width, int32_t height) override;
+    [[nodiscard]] int32_t Width() const override { return m_width; }
+    [[nodiscard]] int32_t Height() const override { return m_height; }
+    void OLEDrag() override;
 
     /// How many times the box was asked to repaint.
     [[nodiscard]] int RefreshCount() const noexcept { return m_refreshCount; }
+    /// The smallest height the box accepts for its font.
+    [[nodiscard]] int32_t MinimumHeight() const noexcept;
+    /// The data objects of the drags started from this box.
+    [[nodiscard]] int DragsStarted() const noexcept { return m_dragsStarted; }
 
 private:
     void Replace(std::u16string text, int32_t caret);
+    void ReplaceSelection(std::u16string_view inserted);
+    void Select(int32_t anchor, int32_t caret);
 
     EditBoxEvents* m_events = nullptr;
     std::u16string m_text;
@@ -84,6 +143,11 @@ private:
     bool m_enabled = true;
     int32_t m_handle;
     int m_refreshCount = 0;
+    int32_t m_anchor = 0;
+    std::u16string m_toolTipText;
+    int32_t m_width = 0;
+    int32_t m_height = 0;
+    int m_dragsStarted = 0;
 };
 
 /// A container that records every PropertyChanged notification and every request for the focus.
@@ -96,6 +160,10 @@ public:
     [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override { return toolTipText; }
     [[nodiscard]] bool ExtenderVisible() const override { return visible; }
     void SetFocus() override { ++focusRequests; }
+    void SetExtent(int32_t w, int32_t h) override {
+        width = w;
+        height = h;
+    }
 
     bool userMode = true;
     FontDesc ambientFont;
@@ -104,6 +172,8 @@ public:
     bool visible = true;
     std::vector<std::u16string> notifications;
     int focusRequests = 0;
+    int32_t width = 0;
+    int32_t height = 0;
 };
 
 /// One message box as it was shown.
@@ -147,13 +217,30 @@ public:
     int shown = 0;
 };
 
-/// The events raised to the form, recorded in order as short texts ("Change", "KeyPress 65").
+/// The events raised to the form, recorded in order as short texts with their arguments ("Change",
+/// "KeyPress 65", "MouseUp 1 0 14 5").
 class RecordingEvents : public QuillmarEvents {
 public:
+    void OLEStartDrag(DataObject& data, int32_t& allowedEffects) override;
+    void OLESetData(DataObject& data, int16_t& dataFormat) override;
+    void OLEGiveFeedback(int32_t& effect, bool& defaultCursors) override;
+    void OLEDragOver(DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y,
+        int16_t& state) override;
+    void OLEDragDrop(
+        DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y) override;
+    void OLECompleteDrag(int32_t& effect) override;
     void KeyDown(int16_t& keyCode, int16_t& shift) override;
     void KeyPress(int16_t& keyAscii) override;
     void KeyUp(int16_t& keyCode, int16_t& shift) override;
+    void MouseDown(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void MouseMove(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void MouseUp(int16_t& button, int16_t& shift, float& x, float& y) override;
+    void Click() override { log.emplace_back("Click"); }
+    void DblClick() override { log.emplace_back("DblClick"); }
     void Change() override { log.emplace_back("Change"); }
+
+    /// The entries of the log that start with the given event name.
+    [[nodiscard]] std::vector<std::string> Only(std::string_view event) const;
 
     std::vector<std::string> log;
 };

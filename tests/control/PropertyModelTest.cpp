@@ -267,6 +267,7 @@ TEST_F(PropertyModel, TextWriterRemembersTheLastValidValue) {
 
 TEST_F(PropertyModel, ValueKeepsFullPrecisionUntilTheUserEdits) {
     control.SetMustBeType(vldDouble);
+    control.SetInputSifting(vldNone);
     control.SetMaxRelativeAccuracy(3);
     control.SetValue(3.14159265);
     EXPECT_EQ(control.Text(), u"3.14");

@@ -135,6 +135,7 @@ TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
         standalone::StandaloneHost host("en_US");
         host.container.userMode = false; // the form is designed first, so the lists may be set
         Quillmar field(host.Services());
+        field.SetInputSifting(vldNone); // the texts below stand for what a user left in the field
         c.declare(field);
         host.container.userMode = true;
         host.editBox.SetText(c.typed);
@@ -158,6 +159,7 @@ class ValidateField : public ::testing::Test {
 protected:
     ValidateField() {
         host.container.userMode = false;
+        field.SetInputSifting(vldNone);
         Quantity(field);
         WithActions(field, kPrevious, kDefault, kClosest);
         host.container.userMode = true;

@@ -1,0 +1,243 @@
+// What the control does with the events of its edit box: each event reaches the form first, then keys are
+// sifted, changes repaired or undone, snapshots taken and the focus exit validated.
+#include "control/Quillmar.h"
+
+#include "input/KeySifting.h"
+#include "input/Shapes.h"
+#include "validation/Numbers.h"
+#include "validation/Pattern.h"
+#include "validation/TextCase.h"
+
+namespace quillmar {
+namespace {
+
+// The control that holds the user after a failed final validation; one per user-interface thread, so that
+// two invalid fields never pull the focus back and forth.
+thread_local int32_t focusHoldWindow = 0;
+
+constexpr int16_t kCtrlMask = 2;
+constexpr int16_t kBackspace = 8;
+
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
+} // namespace
+
+int32_t Quillmar::FocusHoldWindow() noexcept {
+    return focusHoldWindow;
+}
+
+void Quillmar::Beep() {
+    if (m_settings.Beeping) m_host.alerts.Beep();
+}
+
+void Quillmar::TakeSnapshot() {
+    m_state.SavedText = m_host.editBox.Text();
+    m_state.SavedSelStart = m_host.editBox.SelStart();
+    m_state.SavedSelLength = m_host.editBox.SelLength();
+}
+
+void Quillmar::GuardedWrite(std::u16string_view text, int32_t selStart, int32_t selLength) {
+    m_state.InternalTextChange = true;
+    m_host.editBox.SetText(text);
+    m_host.editBox.SetSelStart(selStart);
+    m_host.editBox.SetSelLength(selLength);
+    m_state.InternalTextChange = false;
+}
+
+void Quillmar::RestoreSnapshot() {
+    Beep();
+    GuardedWrite(m_state.SavedText, m_state.SavedSelStart, m_state.SavedSelLength);
+}
+
+// Keys.
+
+void Quillmar::OnKeyDown(int16_t& keyCode, int16_t& shift) {
+    if (m_events) m_events->KeyDown(keyCode, shift);
+    m_state.CtrlKeyDown = (shift & kCtrlMask) != 0;
+}
+
+void Quillmar::OnKeyPress(int16_t& keyAscii) {
+    if (m_events) m_events->KeyPress(keyAscii);
+    if (m_settings.InputSifting != vldWeak || m_state.CtrlKeyDown || keyAscii == kBackspace || keyAscii == 0)
+        return;
+    EditBox& box = m_host.editBox;
+    const KeyPressOutcome outcome
+        = SiftKeyPress(keyAscii, box.Text(), box.SelStart(), box.SelLength(), m_settings, m_state, Locale());
+    if (outcome.edit) {
+        box.SetText(outcome.edit->text);
+        box.SetSelStart(outcome.edit->selStart);
+        box.SetSelLength(outcome.edit->selLength);
+    }
+    keyAscii = outcome.keyAscii;
+    if (outcome.beep) Beep();
+}
+
+void Quillmar::OnKeyUp(int16_t& keyCode, int16_t& shift) {
+    if (m_events) m_events->KeyUp(keyCode, shift);
+    m_state.CtrlKeyDown = false;
+    TakeSnapshot();
+}
+
+// Mouse.
+
+void Quillmar::OnMouseDown(int16_t& button, int16_t& shift, float& x, float& y) {
+    if (m_events) m_events->MouseDown(button, shift, x, y);
+}
+
+void Quillmar::OnMouseMove(int16_t& button, int16_t& shift, float& x, float& y) {
+    if (m_events) m_events->MouseMove(button, shift, x, y);
+    try {
+        const auto toolTip = m_host.container.ExtenderToolTipText();
+        if (toolTip && m_host.editBox.ToolTipText() != *toolTip) m_host.editBox.SetToolTipText(*toolTip);
+    } catch (...) {
+        // A host without a tool tip for its controls leaves the edit box's as it is.
+    }
+}
+
+void Quillmar::OnMouseUp(int16_t& button, int16_t& shift, float& x, float& y) {
+    TakeSnapshot();
+    if (m_events) m_events->MouseUp(button, shift, x, y);
+}
+
+void Quillmar::OnClick() {
+    if (m_events) m_events->Click();
+}
+
+void Quillmar::OnDblClick() {
+    if (m_events) m_events->DblClick();
+}
+
+// Changes.
+
+void Quillmar::OnChange() {
+    if (m_events) m_events->Change();
+    if (!m_state.ExactValue.IsEmpty()) m_state.TextEditedSinceValue = true;
+    if (m_settings.MustBeType == vldUnspecified || m_settings.InputSifting != vldStrong
+        || m_state.InternalTextChange)
+        return;
+    RepairChange();
+}
+
+void Quillmar::RepairChange() {
+    EditBox& box = m_host.editBox;
+    std::u16string text = box.Text();
+    if (text.empty()) return;
+    const LocaleInfo locale = Locale();
+    const auto force = [&](bool rule, std::u16string forced) {
+        if (!rule || forced == text) return;
+        GuardedWrite(forced, box.SelStart(), box.SelLength());
+        text = std::move(forced);
+    };
+    force(m_settings.MustBeUpperCase, UpperCase(text));
+    force(m_settings.MustBeLowerCase, LowerCase(text));
+    force(m_settings.MustBeProperCase, ProperCase(text));
+
+    if (m_state.NumericMode) {
+        const std::u16string thousands = ThousandsSeparator(m_settings.ThousandSeparator, locale);
+        const size_t first = text.find_first_not_of(u' ');
+        const size_t last = text.find_last_not_of(u' ');
+        if (thousands != u" " && (first != 0 || last != text.size() - 1)) {
+            text = first == std::u16string::npos ? std::u16string() : text.substr(first, last - first + 1);
+            GuardedWrite(text, static_cast<int32_t>(text.size()), 0);
+        }
+        if (m_settings.MustBeNegative && !text.empty() && text[0] != u'-') {
+            const int32_t selStart = box.SelStart();
+            const int32_t selLength = box.SelLength();
+            text.insert(text.begin(), u'-');
+            GuardedWrite(text, selStart + 1, selLength);
+        }
+        const char16_t decimal = locale.decimalSeparator;
+        const size_t point = text.find(decimal);
+        const int decimals = m_settings.MaxNumberOfDecimals;
+        if (point != std::u16string::npos && decimals >= 1) {
+            size_t end = point + 1;
+            while (end < text.size() && IsDigit(text[end]))
+                ++end;
+            if (end - point - 1 > static_cast<size_t>(decimals)) {
+                if (m_settings.AllowScientificFormat && text.find_first_of(u"eE") != std::u16string::npos) {
+                    RestoreSnapshot();
+                    return;
+                }
+                text.erase(point + 1 + static_cast<size_t>(decimals),
+                    end - point - 1 - static_cast<size_t>(decimals));
+                GuardedWrite(text, box.SelStart(), box.SelLength());
+            }
+        }
+    }
+    if (WholeTextTest(text, m_state, m_settings, locale))
+        TakeSnapshot();
+    else
+        RestoreSnapshot();
+}
+
+// Focus.
+
+void Quillmar::OnFocusExit() {
+    if (!m_settings.FinalValidationActive || m_settings.ValidationMode != vldAutomatic) return;
+    const bool valid = IsValid();
+    const int32_t handle = hwnd();
+    const bool other = focusHoldWindow != 0 && focusHoldWindow != handle;
+    if (valid || other) {
+        Validate();
+        focusHoldWindow = 0;
+        return;
+    }
+    try {
+        if (m_host.container.ExtenderVisible() && !Validate()) m_host.container.SetFocus();
+    } catch (...) {
+        // A host that cannot tell visibility or return the focus simply lets the user leave.
+    }
+    focusHoldWindow = handle;
+}
+
+// Drag and drop: forwarded as they come.
+
+void Quillmar::OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) {
+    if (m_events) m_events->OLEStartDrag(data, allowedEffects);
+}
+
+void Quillmar::OnOLESetData(DataObject& data, int16_t& dataFormat) {
+    if (m_events) m_events->OLESetData(data, dataFormat);
+}
+
+void Quillmar::OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) {
+    if (m_events) m_events->OLEGiveFeedback(effect, defaultCursors);
+}
+
+void Quillmar::OnOLEDragOver(
+    DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y, int16_t& state) {
+    if (m_events) m_events->OLEDragOver(data, effect, button, shift, x, y, state);
+}
+
+void Quillmar::OnOLEDragDrop(
+    DataObject& data, int32_t& effect, int16_t& button, int16_t& shift, float& x, float& y) {
+    if (m_events) m_events->OLEDragDrop(data, effect, button, shift, x, y);
+}
+
+void Quillmar::OnOLECompleteDrag(int32_t& effect) {
+    if (m_events) m_events->OLECompleteDrag(effect);
+}
+
+// Surface.
+
+void Quillmar::Resize(int32_t width, int32_t height) {
+    try {
+        m_host.editBox.Move(0, 0, width, height);
+        m_host.container.SetExtent(m_host.editBox.Width(), m_host.editBox.Height());
+    } catch (...) {
+        // A resize never fails the host; the control keeps the size it had.
+    }
+}
+
+void Quillmar::Show() {
+    try {
+        if (const auto toolTip = m_host.container.ExtenderToolTipText())
+            m_host.editBox.SetToolTipText(*toolTip);
+    } catch (...) {
+        // A host without a tool tip for its controls shows none.
+    }
+}
+
+} // namespace quillmar

@@ -1,0 +1,153 @@
+#include "input/Shapes.h"
+
+#include "validation/Numbers.h"
+#include "validation/NumericText.h"
+#include "validation/Rules.h"
+
+#include <array>
+
+namespace quillmar {
+namespace {
+
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+bool IsDateSeparator(char16_t c) {
+    return c == u'/' || c == u'-' || c == u'.';
+}
+char16_t Upper(char16_t c) {
+    return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
+}
+
+enum class Part { Day, Month, Year };
+
+struct Component {
+    int digits = 0;
+    int value = 0;
+};
+
+std::array<Part, 3> PartsInOrder(DateOrder order) {
+    switch (order) {
+    case DateOrder::DayMonthYear:
+        return { Part::Day, Part::Month, Part::Year };
+    case DateOrder::YearMonthDay:
+        return { Part::Year, Part::Month, Part::Day };
+    default:
+        return { Part::Month, Part::Day, Part::Year };
+    }
+}
+
+// Whether a component can still be (or grow into) a valid part; `complete` when a separator followed it.
+bool ComponentFits(Part part, const Component& c, bool complete) {
+    if (c.digits == 0) return !complete;
+    switch (part) {
+    case Part::Day:
+        return c.digits <= 2 && c.value <= 31 && (!complete || c.value >= 1);
+    case Part::Month:
+        return c.digits <= 2 && c.value <= 12 && (!complete || c.value >= 1);
+    default:
+        return c.digits <= 4 && (!complete || c.digits != 3 || c.value >= 100);
+    }
+}
+
+} // namespace
+
+bool DateShapeTest(std::u16string_view text, const LocaleInfo& locale) {
+    std::array<Component, 3> components {};
+    size_t count = 1;
+    for (char16_t c : text) {
+        if (IsDigit(c)) {
+            Component& current = components[count - 1];
+            if (++current.digits > 4) return false;
+            current.value = current.value * 10 + (c - u'0');
+        } else if (IsDateSeparator(c)) {
+            if (count == 3) return false;
+            ++count;
+        } else {
+            return false;
+        }
+    }
+    // A first number of three or more digits is a year and puts the parts in year, month, day order.
+    const std::array<Part, 3> parts
+        = components[0].digits >= 3 ? PartsInOrder(DateOrder::YearMonthDay) : PartsInOrder(locale.dateOrder);
+    int day = 0;
+    int month = 0;
+    for (size_t i = 0; i < count; ++i) {
+        const bool complete = i + 1 < count;
+        if (!ComponentFits(parts[i], components[i], complete)) return false;
+        if (parts[i] == Part::Day && complete) day = components[i].value;
+        if (parts[i] == Part::Month && complete) month = components[i].value;
+    }
+    constexpr int kLongestMonth[] = { 0, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
+    return day == 0 || month == 0 || day <= kLongestMonth[month];
+}
+
+bool TimeShapeTest(std::u16string_view text) {
+    enum class State { Hours, Minutes, Seconds, Space, Designator, Done };
+    State state = State::Hours;
+    int digits = 0;
+    int value = 0;
+    int hours = 0;
+    for (char16_t c : text) {
+        const char16_t u = Upper(c);
+        if (IsDigit(c) && (state == State::Hours || state == State::Minutes || state == State::Seconds)) {
+            value = value * 10 + (c - u'0');
+            if (++digits > 2 || value > (state == State::Hours ? 23 : 59)) return false;
+            if (state == State::Hours) hours = value;
+        } else if (c == u':' && digits > 0 && (state == State::Hours || state == State::Minutes)) {
+            state = state == State::Hours ? State::Minutes : State::Seconds;
+            digits = value = 0;
+        } else if (c == u' ' && digits > 0 && (state == State::Minutes || state == State::Seconds)) {
+            state = State::Space;
+        } else if ((u == u'A' || u == u'P')
+            && ((digits > 0 && (state == State::Minutes || state == State::Seconds))
+                || state == State::Space)) {
+            if (hours > 12) return false;
+            state = State::Designator;
+        } else if (u == u'M' && state == State::Designator) {
+            state = State::Done;
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool TextCharacterAllowed(char16_t c, const Settings& settings) noexcept {
+    if (CharInSet(c, settings.ExtraExcludedCharacters)) return false;
+    if (CharInSet(c, settings.ExtraIncludedCharacters)) return true;
+    if (!settings.ValidCharactersSet.empty() && !CharInSet(c, settings.ValidCharactersSet)) return false;
+    if (settings.NoDigits && IsDigit(c)) return false;
+    if (!settings.OnlyLetters && !settings.OnlyLettersWithSpace) return true;
+    // Any character of code 127 or above counts as a letter.
+    return c >= 127 || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z')
+        || (c == u' ' && settings.OnlyLettersWithSpace);
+}
+
+int32_t SiftingType(const TypeFlags& flags) noexcept {
+    if (flags.TypeIsTime) return vldTime;
+    if (flags.TypeIsDate) return vldDate;
+    if (!flags.NumericMode) return vldString;
+    if (flags.TypeIsByte) return vldByte;
+    if (flags.TypeIsInteger) return vldInteger;
+    if (flags.TypeIsLong) return vldLong;
+    if (flags.TypeIsSingle) return vldSingle;
+    if (flags.TypeIsCurrency) return vldCurrency;
+    return vldDouble;
+}
+
+bool WholeTextTest(
+    std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale) {
+    const int32_t type = SiftingType(flags);
+    if (type == vldTime) return TimeShapeTest(text);
+    if (type == vldDate) return DateShapeTest(text, locale);
+    if (type == vldString) {
+        for (char16_t c : text)
+            if (!TextCharacterAllowed(c, settings)) return false;
+        return true;
+    }
+    return NumericWholeTextTest(text, type, settings.AllowScientificFormat,
+        ThousandsSeparator(settings.ThousandSeparator, locale), locale);
+}
+
+} // namespace quillmar
