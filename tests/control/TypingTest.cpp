@@ -1,0 +1,180 @@
+#include "control/Quillmar.h"
+#include "host/standalone/StandaloneHost.h"
+
+#include <gtest/gtest.h>
+
+namespace quillmar {
+namespace {
+
+using standalone::VK_LEFT;
+
+// One field on a form, driven through its edit box as a person would drive it.
+class Field : public ::testing::Test {
+protected:
+    explicit Field(const char* locale = "en_US")
+        : host(locale) {
+        control.SetEventListener(&events);
+    }
+
+    void Declare(int32_t type, InputSiftingConstants sifting) {
+        control.SetMustBeType(type);
+        control.SetInputSifting(sifting);
+        events.log.clear();
+    }
+
+    standalone::StandaloneHost host;
+    Quillmar control { host.Services() };
+    standalone::RecordingEvents events;
+    standalone::MemoryEditBox& box = host.editBox;
+};
+
+TEST_F(Field, MinusTypedAfterTheDigitsMovesToTheFront) {
+    Declare(vldInteger, vldWeak);
+    box.TypeText(u"123-");
+    EXPECT_EQ(control.Text(), u"-123");
+    EXPECT_EQ(control.SelStart(), 4);
+    EXPECT_EQ(host.alerts.beeps, 0);
+    box.TypeText(u"-");
+    EXPECT_EQ(control.Text(), u"-123");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, SecondDecimalSeparatorIsRefusedEvenInsideTheSelection) {
+    Declare(vldDouble, vldWeak);
+    box.TypeText(u"1.5");
+    box.SelectAll();
+    box.TypeKey(u'.');
+    EXPECT_EQ(control.Text(), u"1.5");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, EnterIsRefusedInALettersOnlyField) {
+    Declare(vldString, vldWeak);
+    control.SetOnlyLetters(true);
+    box.TypeText(u"Ab");
+    box.PressEnter();
+    EXPECT_EQ(host.alerts.beeps, 1);
+    EXPECT_EQ(
+        events.Only("KeyPress"), (std::vector<std::string> { "KeyPress 65", "KeyPress 98", "KeyPress 13" }));
+    box.PressBackspace(); // never refused
+    EXPECT_EQ(control.Text(), u"A");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, LettersPastedIntoAnIntegerSpringBack) {
+    Declare(vldInteger, vldStrong);
+    box.TypeText(u"12");
+    box.ClickAt(1);
+    events.log.clear();
+    box.Paste(u"abc");
+    EXPECT_EQ(control.Text(), u"12");
+    EXPECT_EQ(control.SelStart(), 1); // the caret where the mouse left it
+    EXPECT_EQ(events.log, (std::vector<std::string> { "Change", "Change" }));
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, CtrlVIsNotSiftedButTheChangeIsRepaired) {
+    Declare(vldInteger, vldWeak);
+    box.PasteWithKeys(u"abc");
+    EXPECT_EQ(control.Text(), u"abc"); // weak sifting looks at typed keys only
+    EXPECT_EQ(host.alerts.beeps, 0);
+    box.SelectAll();
+    box.TypeKey(u'x'); // Ctrl was released with the V key
+    EXPECT_EQ(control.Text(), u"abc");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, ProperCaseRaisesTheFirstLetterOfEachWord) {
+    Declare(vldString, vldStrong);
+    control.SetMustBeProperCase(true);
+    box.TypeText(u"new yORK");
+    EXPECT_EQ(control.Text(), u"New YORK");
+    EXPECT_EQ(control.SelStart(), 8);
+}
+
+TEST_F(Field, StrongSiftingCutsExtraDecimalsAndTrims) {
+    Declare(vldDouble, vldStrong);
+    control.SetMaxNumberOfDecimals(2);
+    box.TypeText(u"1.234");
+    EXPECT_EQ(control.Text(), u"1.23");
+    box.SelectAll();
+    box.Paste(u" 42 ");
+    EXPECT_EQ(control.Text(), u"42");
+    EXPECT_EQ(host.alerts.beeps, 0);
+    box.SelectAll();
+    box.SetSelText(u""); // deleted from the context menu: accepted, and the snapshot stays
+    EXPECT_EQ(control.Text(), u"");
+    box.Paste(u"x");
+    EXPECT_EQ(control.Text(), u"42");
+}
+
+TEST_F(Field, HostCanChangeOrCancelAKey) {
+    struct Rewriter : standalone::RecordingEvents {
+        void KeyPress(int16_t& key) override {
+            if (key == u'a') key = u'7';
+            if (key == u'b') key = 0;
+        }
+    } rewriter;
+    control.SetEventListener(&rewriter);
+    Declare(vldInteger, vldWeak);
+    box.TypeText(u"1a2bz");
+    EXPECT_EQ(control.Text(), u"172"); // "a" arrives as 7; "b" is cancelled by the form; "z" is refused
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(Field, TimeTypedWithDayPeriodIsUnderstood) {
+    Declare(vldTime, vldWeak);
+    box.TypeText(u"10:30 pm");
+    EXPECT_EQ(host.alerts.beeps, 0);
+    box.LeaveField();
+    EXPECT_EQ(control.Text(), u"10:30:00 PM");
+    EXPECT_TRUE(host.alerts.messages.empty());
+}
+
+TEST_F(Field, SelectionMovesWithShiftAndIsReplacedByTheKey) {
+    Declare(vldString, vldWeak);
+    box.TypeText(u"abcd");
+    box.PressNavigation(VK_LEFT);
+    box.PressNavigation(VK_LEFT, 1);
+    EXPECT_EQ(control.SelText(), u"c");
+    box.TypeKey(u'X');
+    EXPECT_EQ(control.Text(), u"abXd");
+    EXPECT_EQ(control.SelStart(), 3);
+}
+
+TEST_F(Field, CtrlHeldSuspendsSiftingUntilAKeyComesUp) {
+    Declare(vldInteger, vldWeak);
+    box.TypeKey(u'q', 2); // reported while Ctrl is down: not sifted
+    EXPECT_EQ(control.Text(), u"q");
+    box.TypeKey(u'q'); // the key-up cleared the Ctrl state
+    EXPECT_EQ(control.Text(), u"q");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+class GermanField : public Field {
+protected:
+    GermanField()
+        : Field("de_DE") { }
+};
+
+TEST_F(GermanField, DateIsTypedInTheLocaleOrder) {
+    Declare(vldDate, vldWeak);
+    box.TypeText(u"31.12.04");
+    EXPECT_EQ(host.alerts.beeps, 0);
+    box.LeaveField();
+    EXPECT_EQ(control.Text(), u"31.12.2004");
+    box.SelectAll();
+    box.TypeText(u"12.31"); // no 31st month
+    EXPECT_EQ(control.Text(), u"12.3");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+TEST_F(GermanField, CommaIsTheDecimalSeparator) {
+    Declare(vldDouble, vldWeak);
+    box.TypeText(u"2,5.");
+    EXPECT_EQ(control.Text(), u"2,5");
+    EXPECT_EQ(host.alerts.beeps, 1);
+}
+
+} // namespace
+} // namespace quillmar

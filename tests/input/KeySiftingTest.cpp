@@ -1,0 +1,137 @@
+#include "input/KeySifting.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quillmar {
+namespace {
+
+struct SiftCase {
+    const char* name;
+    std::function<void(Settings&, TypeFlags&)> declare;
+    std::u16string text;
+    int32_t selStart, selLength;
+    char16_t key;
+    int16_t expectedKey; // 0: nothing inserted
+    bool beep;
+    std::u16string editedText = u""; // the text the control writes itself, when it does
+};
+
+void Integer(Settings&, TypeFlags& f) {
+    f.NumericMode = f.TypeIsInteger = true;
+}
+void Double(Settings&, TypeFlags& f) {
+    f.NumericMode = f.TypeIsDouble = true;
+}
+void Scientific(Settings& s, TypeFlags& f) {
+    Double(s, f);
+    s.AllowScientificFormat = true;
+}
+
+const SiftCase kCases[] = {
+    { "minus inside moves to the front", Integer, u"123", 3, 0, u'-', 0, false, u"-123" },
+    { "minus at the front", Integer, u"123", 0, 0, u'-', u'-', false },
+    { "second minus", Integer, u"-123", 4, 0, u'-', 0, true },
+    { "minus in a positive field",
+        [](Settings& s, TypeFlags& f) {
+            Integer(s, f);
+            s.MustBePositive = true;
+        },
+        u"1", 0, 0, u'-', 0, true },
+    { "negative field gets its minus",
+        [](Settings& s, TypeFlags& f) {
+            Double(s, f);
+            s.MustBeNegative = true;
+        },
+        u"", 0, 0, u'5', u'5', false, u"-" },
+    { "second separator inside the selection", Double, u"1.5", 0, 3, u'.', 0, true },
+    { "decimal in an integer", Integer, u"1", 1, 0, u'.', 0, true },
+    { "letter in a number", Double, u"1", 1, 0, u'a', 0, true },
+    { "exponent", Scientific, u"1", 1, 0, u'e', u'e', false },
+    { "plus after the exponent", Scientific, u"1e", 2, 0, u'+', u'+', false },
+    { "plus elsewhere", Scientific, u"1", 1, 0, u'+', 0, true },
+    { "minus after the exponent stays", Scientific, u"1E", 2, 0, u'-', u'-', false },
+    { "second exponent", Scientific, u"1e5", 3, 0, u'e', 0, true },
+    { "exponent without mantissa", Scientific, u"", 0, 0, u'e', 0, true },
+    { "thousands twice",
+        [](Settings& s, TypeFlags& f) {
+            Integer(s, f);
+            s.ThousandSeparator = vldTSAllowed;
+        },
+        u"1,", 2, 0, u',', 0, true },
+    { "thousands first",
+        [](Settings& s, TypeFlags& f) {
+            Integer(s, f);
+            s.ThousandSeparator = vldTSAllowed;
+        },
+        u"1", 0, 0, u',', 0, true },
+    { "thousands",
+        [](Settings& s, TypeFlags& f) {
+            Integer(s, f);
+            s.ThousandSeparator = vldTSAllowed;
+        },
+        u"1", 1, 0, u',', u',', false },
+    { "byte minus", [](Settings&, TypeFlags& f) { f.NumericMode = f.TypeIsByte = true; }, u"", 0, 0, u'-', 0,
+        true },
+    { "upper and lower: lower wins",
+        [](Settings& s, TypeFlags&) { s.MustBeUpperCase = s.MustBeLowerCase = true; }, u"", 0, 0, u'Q', u'q',
+        false },
+    { "upper", [](Settings& s, TypeFlags&) { s.MustBeUpperCase = true; }, u"", 0, 0, u'\u00e9', u'\u00c9',
+        false },
+    { "included digit",
+        [](Settings& s, TypeFlags&) {
+            s.NoDigits = true;
+            s.ExtraIncludedCharacters = u"5";
+        },
+        u"", 0, 0, u'5', u'5', false },
+    { "other digit",
+        [](Settings& s, TypeFlags&) {
+            s.NoDigits = true;
+            s.ExtraIncludedCharacters = u"5";
+        },
+        u"", 0, 0, u'6', 0, true },
+    { "Enter in a letters field", [](Settings& s, TypeFlags&) { s.OnlyLetters = true; }, u"", 0, 0, u'\r', 0,
+        true },
+    { "accented letter", [](Settings& s, TypeFlags&) { s.OnlyLetters = true; }, u"", 0, 0, u'\u00e8',
+        u'\u00e8', false },
+    { "space among letters", [](Settings& s, TypeFlags&) { s.OnlyLetters = true; }, u"a", 1, 0, u' ', 0,
+        true },
+    { "space allowed", [](Settings& s, TypeFlags&) { s.OnlyLettersWithSpace = true; }, u"a", 1, 0, u' ', u' ',
+        false },
+    { "time letter", [](Settings&, TypeFlags& f) { f.TypeIsTime = true; }, u"10:30 ", 6, 0, u'p', u'p',
+        false },
+    { "time shape", [](Settings&, TypeFlags& f) { f.TypeIsTime = true; }, u"10:3", 4, 0, u':', u':', false },
+    { "time out of shape", [](Settings&, TypeFlags& f) { f.TypeIsTime = true; }, u"10:30", 5, 0, u'0', 0,
+        true },
+    { "date letter", [](Settings&, TypeFlags& f) { f.TypeIsDate = true; }, u"1", 1, 0, u'x', 0, true },
+    { "date over a selection", [](Settings&, TypeFlags& f) { f.TypeIsDate = true; }, u"12/31", 3, 2, u'1',
+        u'1', false },
+};
+
+TEST(SiftKeyPress, RefusesKeysThatCannotLeadToValidInput) {
+    const LocaleInfo english = LocaleInfo::FromName("en_US");
+    for (const SiftCase& c : kCases) {
+        SCOPED_TRACE(c.name);
+        Settings settings;
+        TypeFlags flags;
+        c.declare(settings, flags);
+        const KeyPressOutcome outcome = SiftKeyPress(
+            static_cast<int16_t>(c.key), c.text, c.selStart, c.selLength, settings, flags, english);
+        EXPECT_EQ(outcome.keyAscii, c.expectedKey);
+        EXPECT_EQ(outcome.beep, c.beep);
+        EXPECT_EQ(outcome.edit ? outcome.edit->text : u"", c.editedText);
+    }
+}
+
+TEST(SiftKeyPress, UsesTheLocaleDecimalSeparator) {
+    const LocaleInfo german = LocaleInfo::FromName("de_DE");
+    Settings settings;
+    TypeFlags flags;
+    flags.NumericMode = flags.TypeIsDouble = true;
+    EXPECT_EQ(SiftKeyPress(u',', u"1", 1, 0, settings, flags, german).keyAscii, u',');
+    EXPECT_EQ(SiftKeyPress(u'.', u"1", 1, 0, settings, flags, german).keyAscii, 0);
+}
+
+} // namespace
+} // namespace quillmar
