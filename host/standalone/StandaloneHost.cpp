@@ -25,6 +25,11 @@ std::string Arguments(std::initializer_list<double> values) {
     return text;
 }
 
+std::u16string TextOfFormat(const DataObject& data) {
+    const Variant text = data.GetData(kTextFormat);
+    return text.IsString() ? text.AsString() : std::u16string();
+}
+
 } // namespace
 
 int16_t VirtualKeyOf(char16_t c) noexcept {
@@ -110,10 +115,14 @@ void MemoryEditBox::OLEDrag() {
     if (!m_events) return;
     ++m_dragsStarted;
     DataObject data;
-    data.SetData(SelText(), kTextFormat);
-    int32_t allowedEffects = 1;
+    int32_t allowedEffects = 1; // copy
     m_events->OnOLEStartDrag(data, allowedEffects);
+    int16_t format = kTextFormat;
+    m_events->OnOLESetData(data, format);
+    if (!data.GetFormat(kTextFormat)) data.SetData(SelText(), kTextFormat);
     int32_t effect = allowedEffects;
+    bool defaultCursors = true;
+    m_events->OnOLEGiveFeedback(effect, defaultCursors);
     m_events->OnOLECompleteDrag(effect);
 }
 
@@ -226,6 +235,52 @@ void MemoryEditBox::ClickAt(int32_t position) {
     Select(position, position);
     if (m_events) m_events->OnMouseUp(button, shift, x, y);
     if (m_events) m_events->OnClick();
+}
+
+void MemoryEditBox::DoubleClickAt(int32_t position) {
+    ClickAt(position);
+    int16_t button = 1;
+    int16_t shift = 0;
+    float x = static_cast<float>(position) * kCharacterWidth;
+    float y = 5;
+    const auto isWordCharacter = [this](int32_t at) {
+        return at >= 0 && at < static_cast<int32_t>(m_text.size()) && m_text[static_cast<size_t>(at)] != u' ';
+    };
+    int32_t start = position;
+    int32_t end = position;
+    while (isWordCharacter(start - 1))
+        --start;
+    while (isWordCharacter(end))
+        ++end;
+    Select(start, end);
+    if (m_events) m_events->OnDblClick();
+    if (m_events) m_events->OnMouseUp(button, shift, x, y);
+}
+
+void MemoryEditBox::HoverAt(int32_t position) {
+    int16_t button = 0;
+    int16_t shift = 0;
+    float x = static_cast<float>(position) * kCharacterWidth;
+    float y = 5;
+    if (m_events) m_events->OnMouseMove(button, shift, x, y);
+}
+
+void MemoryEditBox::DropText(int32_t position, std::u16string_view text) {
+    DataObject data;
+    data.SetData(std::u16string(text), kTextFormat);
+    int32_t effect = 1;
+    int16_t button = 1;
+    int16_t shift = 0;
+    float x = static_cast<float>(position) * kCharacterWidth;
+    float y = 5;
+    int16_t state = 0; // entering
+    if (m_events) m_events->OnOLEDragOver(data, effect, button, shift, x, y, state);
+    if (m_events) m_events->OnOLEDragDrop(data, effect, button, shift, x, y);
+    // An automatic drop target inserts the text where it was dropped.
+    if (m_oleDropMode == 2 && effect != 0 && !m_locked) {
+        Select(position, position);
+        ReplaceSelection(TextOfFormat(data));
+    }
 }
 
 void MemoryEditBox::LeaveField() {

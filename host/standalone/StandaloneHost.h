@@ -57,6 +57,12 @@ public:
     /// Clicks with the left button at a character position: the button goes down, the caret moves, the button
     /// comes up, the click is reported.
     void ClickAt(int32_t position);
+    /// Double-clicks with the left button at a character position and selects the word there.
+    void DoubleClickAt(int32_t position);
+    /// The mouse moves over a character position without a button held.
+    void HoverAt(int32_t position);
+    /// Something holding the text is dragged over a character position and dropped there.
+    void DropText(int32_t position, std::u16string_view text);
     /// The focus moves to another control of the form.
     void LeaveField();
 
