@@ -1,6 +1,8 @@
 #include "control/Variant.h"
 #include "control/PropertyError.h"
 
+#include <ostream>
+#include <sstream>
 #include <string>
 
 namespace quillmar {
@@ -44,6 +46,40 @@ std::optional<double> Variant::ToDouble() const {
     default:
         return std::nullopt;
     }
+}
+
+std::string Variant::Describe() const {
+    static constexpr const char* kNames[] = { "Empty", "Boolean", "String", "Byte", "Integer", "Long",
+        "Single", "Double", "Currency", "Date", "ByteArray", "Array" };
+    std::string text = kNames[static_cast<size_t>(kind())];
+    switch (kind()) {
+    case Kind::Empty:
+        return text;
+    case Kind::String:
+        text += " \"";
+        for (char16_t c : AsString())
+            text += c < 128 ? static_cast<char>(c) : '?';
+        return text + "\"";
+    case Kind::Bytes:
+        return text + " of " + std::to_string(AsBytes().size());
+    case Kind::Array:
+        text += " [";
+        for (const Variant& item : AsArray())
+            text += item.Describe() + ", ";
+        return text + "]";
+    case Kind::Currency:
+        return text + " " + std::to_string(AsCurrency().ticks) + "/10000";
+    default: {
+        std::ostringstream out;
+        out.precision(17);
+        out << *ToDouble();
+        return text + " " + out.str();
+    }
+    }
+}
+
+void PrintTo(const Variant& value, std::ostream* out) {
+    *out << value.Describe();
 }
 
 } // namespace quillmar

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <variant>
@@ -103,10 +104,16 @@ public:
     /// Same kind and same value (floats compared exactly, arrays element by element).
     friend bool operator==(const Variant&, const Variant&) = default;
 
+    /// A short readable form for diagnostics and test failures: the kind and the value ("Double 2.5").
+    [[nodiscard]] std::string Describe() const;
+
 private:
     std::variant<std::monostate, bool, std::u16string, uint8_t, int16_t, int32_t, float, double,
         quillmar::Currency, quillmar::Date, ByteArray, VariantArray>
         m_value;
 };
+
+/// Prints a variant's `Describe` form (found by GoogleTest when a comparison fails).
+void PrintTo(const Variant& value, std::ostream* out);
 
 } // namespace quillmar

@@ -66,7 +66,8 @@ private:
 template <typename Int> std::optional<Int> IntegerOf(const Json& payload) {
     if (payload.is_number_unsigned()) {
         const auto value = payload.get<Json::number_unsigned_t>();
-        if (value > static_cast<Json::number_unsigned_t>(std::numeric_limits<Int>::max())) return std::nullopt;
+        if (value > static_cast<Json::number_unsigned_t>(std::numeric_limits<Int>::max()))
+            return std::nullopt;
         return static_cast<Int>(value);
     }
     if (payload.is_number_integer()) {
@@ -111,7 +112,8 @@ Json EncodeValue(const Variant& value) {
         return Json::binary(value.AsBytes());
     case Variant::Kind::Array: {
         Json items = Json::array();
-        for (const Variant& item : value.AsArray()) items.push_back(EncodePair(item));
+        for (const Variant& item : value.AsArray())
+            items.push_back(EncodePair(item));
         return items;
     }
     }
@@ -219,7 +221,8 @@ Variant MemoryPropertyStore::ReadProperty(std::u16string_view key, const Variant
     return value ? *value : defaultValue;
 }
 
-void MemoryPropertyStore::WriteProperty(std::u16string_view key, const Variant& value, const Variant& defaultValue) {
+void MemoryPropertyStore::WriteProperty(
+    std::u16string_view key, const Variant& value, const Variant& defaultValue) {
     const auto found = m_index.find(key);
     if (!defaultValue.IsEmpty() && value == defaultValue) {
         if (found == m_index.end()) return;
@@ -242,13 +245,15 @@ const Variant* MemoryPropertyStore::Find(std::u16string_view key) const {
 
 void MemoryPropertyStore::Reindex() {
     m_index.clear();
-    for (size_t i = 0; i < m_entries.size(); ++i) m_index.emplace(m_entries[i].key, i);
+    for (size_t i = 0; i < m_entries.size(); ++i)
+        m_index.emplace(m_entries[i].key, i);
 }
 
 ByteArray MemoryPropertyStore::ToBytes() const {
     Json entries = Json::array();
     for (const auto& [key, value] : m_entries)
-        entries.push_back(Json::array({ ToUtf8(key), std::string(KindName(value.kind())), EncodeValue(value) }));
+        entries.push_back(
+            Json::array({ ToUtf8(key), std::string(KindName(value.kind())), EncodeValue(value) }));
     return Json::to_cbor(entries);
 }
 
@@ -256,7 +261,8 @@ std::optional<MemoryPropertyStore> MemoryPropertyStore::FromBytes(std::span<cons
     if (bytes.size() > MaxBytes) return std::nullopt;
     BoundedTreeBuilder builder;
     try {
-        if (!Json::sax_parse(bytes.begin(), bytes.end(), &builder, Json::input_format_t::cbor)) return std::nullopt;
+        if (!Json::sax_parse(bytes.begin(), bytes.end(), &builder, Json::input_format_t::cbor))
+            return std::nullopt;
     } catch (const Json::exception&) {
         return std::nullopt;
     }
@@ -294,7 +300,8 @@ std::string ToUtf8(std::u16string_view text) {
         const char16_t unit = text[i];
         if (unit >= 0xD800 && unit <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00
             && text[i + 1] <= 0xDFFF) {
-            AppendUtf8(out, 0x10000 + ((char32_t { unit } - 0xD800) << 10) + (char32_t { text[i + 1] } - 0xDC00));
+            AppendUtf8(
+                out, 0x10000 + ((char32_t { unit } - 0xD800) << 10) + (char32_t { text[i + 1] } - 0xDC00));
             ++i;
         } else if (unit >= 0xD800 && unit <= 0xDFFF) {
             AppendUtf8(out, 0xFFFD);
@@ -337,7 +344,8 @@ std::optional<std::u16string> FromUtf8(std::string_view text) {
             codePoint = (codePoint << 6) | (next & 0x3F);
         }
         const bool overlong = (extra == 2 && codePoint < 0x800) || (extra == 3 && codePoint < 0x10000);
-        if (overlong || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint <= 0xDFFF)) return std::nullopt;
+        if (overlong || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint <= 0xDFFF))
+            return std::nullopt;
         AppendUtf16(out, codePoint);
         i += extra + 1;
     }

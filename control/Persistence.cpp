@@ -1,0 +1,320 @@
+// Saving and loading the control's properties: the entries, their defaults, their order and the encoding of
+// the two lists and the font as nested stores.
+#include "control/Quillmar.h"
+
+#include "host/standalone/MemoryPropertyStore.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <string>
+
+namespace quillmar {
+namespace {
+
+using standalone::MemoryPropertyStore;
+
+constexpr uint32_t kSystemWindowColour = 0x80000005;
+constexpr uint32_t kSystemWindowTextColour = 0x80000008;
+constexpr float kStoredFontSize = 8.25f;
+constexpr char16_t kStoredFontName[] = u"MS Sans Serif";
+// The default the text is written against: a text of exactly this loads back as the control's name.
+constexpr char16_t kTextWriteDefault[] = u"Text1";
+// The highest index a list entry can declare: its count is stored as a 16-bit integer.
+constexpr size_t kMaxListUpperBound = std::numeric_limits<int16_t>::max();
+
+// A stored value read as a number of another kind: a Boolean, a number or a date by its value, rounded to
+// the nearest integer and held within the target's range; anything else (a text, an array, NaN) gives the
+// fallback. A number out of range is held at the nearest bound, so that a writer with a range check still
+// refuses it.
+template <typename Int> Int IntegerFrom(const Variant& value, Int fallback) {
+    const auto number = value.ToDouble();
+    if (!number || std::isnan(*number)) return fallback;
+    const double rounded = std::nearbyint(*number);
+    if (rounded <= static_cast<double>(std::numeric_limits<Int>::min()))
+        return std::numeric_limits<Int>::min();
+    if (rounded >= static_cast<double>(std::numeric_limits<Int>::max()))
+        return std::numeric_limits<Int>::max();
+    return static_cast<Int>(rounded);
+}
+
+bool BooleanFrom(const Variant& value, bool fallback) {
+    if (value.kind() == Variant::Kind::Boolean) return value.AsBoolean();
+    const auto number = value.ToDouble();
+    return number ? *number != 0 : fallback;
+}
+
+float SingleFrom(const Variant& value, float fallback) {
+    const auto number = value.ToDouble();
+    if (!number || !std::isfinite(*number)) return fallback;
+    const double limit = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(*number, -limit, limit));
+}
+
+std::u16string StringFrom(const Variant& value, std::u16string_view fallback) {
+    return value.IsString() ? value.AsString() : std::u16string(fallback);
+}
+
+// Colours are stored as the Long with the colour's bit pattern; any number that fits 32 bits, signed or
+// unsigned, is taken by its bits.
+uint32_t ColourFrom(const Variant& value, uint32_t fallback) {
+    if (value.kind() == Variant::Kind::Long) return static_cast<uint32_t>(value.AsLong());
+    const auto number = value.ToDouble();
+    if (!number || std::isnan(*number)) return fallback;
+    const double rounded = std::nearbyint(*number);
+    if (rounded < std::numeric_limits<int32_t>::min() || rounded > std::numeric_limits<uint32_t>::max())
+        return fallback;
+    return static_cast<uint32_t>(static_cast<int64_t>(rounded));
+}
+
+Variant ColourValue(uint32_t colour) {
+    return static_cast<int32_t>(colour);
+}
+
+bool ReadBoolean(const PropertyStore& store, std::u16string_view key, bool readDefault) {
+    return BooleanFrom(store.ReadProperty(key, readDefault), readDefault);
+}
+
+int16_t ReadInteger(const PropertyStore& store, std::u16string_view key, int16_t readDefault) {
+    return IntegerFrom<int16_t>(store.ReadProperty(key, readDefault), readDefault);
+}
+
+int32_t ReadLong(const PropertyStore& store, std::u16string_view key, int32_t readDefault) {
+    return IntegerFrom<int32_t>(store.ReadProperty(key, readDefault), readDefault);
+}
+
+std::u16string ReadString(
+    const PropertyStore& store, std::u16string_view key, std::u16string_view readDefault) {
+    return StringFrom(store.ReadProperty(key, readDefault), readDefault);
+}
+
+std::u16string IndexKey(size_t index) {
+    std::u16string key;
+    for (const char digit : std::to_string(index))
+        key.push_back(static_cast<char16_t>(digit));
+    key.push_back(u'N');
+    return key;
+}
+
+// A list as a nested store: "NEl" the upper bound (left out when 0), then "1N", "2N", ... every slot.
+ByteArray EncodeList(const VariantArray& list) {
+    MemoryPropertyStore nested;
+    const size_t upperBound = std::min(list.empty() ? 0 : list.size() - 1, kMaxListUpperBound);
+    nested.WriteProperty(u"NEl", static_cast<int16_t>(upperBound), int16_t { 0 });
+    for (size_t i = 1; i <= upperBound; ++i)
+        nested.WriteProperty(IndexKey(i), list[i], Variant());
+    return nested.ToBytes();
+}
+
+// A list back from its entry: one empty slot for an absent, empty or unreadable entry or a count below 1.
+// A slot missing from the store ends the list there, so the declared count never makes the list larger than
+// the entries the bytes hold.
+VariantArray DecodeList(const Variant& stored) {
+    VariantArray list(1);
+    if (stored.kind() != Variant::Kind::Bytes || stored.AsBytes().empty()) return list;
+    const auto nested = MemoryPropertyStore::FromBytes(stored.AsBytes());
+    if (!nested) return list;
+    const int16_t upperBound = IntegerFrom<int16_t>(nested->ReadProperty(u"NEl", int16_t { 0 }), 0);
+    for (int i = 1; i <= upperBound; ++i) {
+        const Variant* slot = nested->Find(IndexKey(static_cast<size_t>(i)));
+        if (!slot) break;
+        list.push_back(*slot);
+    }
+    return list;
+}
+
+// The font as a nested store with every field written, so that two equal fonts give equal bytes.
+ByteArray EncodeFont(const FontDesc& font) {
+    MemoryPropertyStore nested;
+    nested.WriteProperty(u"Name", font.name, Variant());
+    nested.WriteProperty(u"Size", font.size, Variant());
+    nested.WriteProperty(u"Bold", font.bold, Variant());
+    nested.WriteProperty(u"Italic", font.italic, Variant());
+    nested.WriteProperty(u"Underline", font.underline, Variant());
+    nested.WriteProperty(u"Strikethru", font.strikethru, Variant());
+    return nested.ToBytes();
+}
+
+// A field missing or unreadable in the stored font keeps the fallback font's value.
+FontDesc DecodeFont(const Variant& stored, const FontDesc& fallback) {
+    if (stored.kind() != Variant::Kind::Bytes) return fallback;
+    const auto nested = MemoryPropertyStore::FromBytes(stored.AsBytes());
+    if (!nested) return fallback;
+    FontDesc font;
+    font.name = ReadString(*nested, u"Name", fallback.name);
+    font.size = SingleFrom(nested->ReadProperty(u"Size", fallback.size), fallback.size);
+    font.bold = ReadBoolean(*nested, u"Bold", fallback.bold);
+    font.italic = ReadBoolean(*nested, u"Italic", fallback.italic);
+    font.underline = ReadBoolean(*nested, u"Underline", fallback.underline);
+    font.strikethru = ReadBoolean(*nested, u"Strikethru", fallback.strikethru);
+    return font;
+}
+
+} // namespace
+
+void Quillmar::InitProperties() {
+    m_settings = Settings();
+    ClearTypeFlags();
+    WriteText(m_host.container.ExtenderName().value_or(std::u16string()));
+}
+
+void Quillmar::ReadProperties(const PropertyStore& store) {
+    EditBox& box = m_host.editBox;
+    Settings& s = m_settings;
+    const auto editFont = [&box](auto apply) {
+        FontDesc font = box.Font();
+        apply(font);
+        box.SetFont(font);
+    };
+
+    s.MustBePositive = ReadBoolean(store, u"MustBePositive", false);
+    s.MustBeNegative = ReadBoolean(store, u"MustBeNegative", false);
+    s.Beeping = ReadBoolean(store, u"Beeping", true);
+    s.MustBeUpperCase = ReadBoolean(store, u"MustBeUpperCase", false);
+    s.MustBeLowerCase = ReadBoolean(store, u"MustBeLowerCase", false);
+    s.NoDigits = ReadBoolean(store, u"NoDigits", false);
+    s.OnlyLetters = ReadBoolean(store, u"OnlyLetters", false);
+    s.AllowScientificFormat = ReadBoolean(store, u"AllowScientificFormat", false);
+    box.SetMaxLength(ReadLong(store, u"MaxLength", 0));
+    s.FinalValidationActive = ReadBoolean(store, u"FinalValidationActive", true);
+    s.ValidCharactersSet = ReadString(store, u"ValidCharactersSet", u"");
+    const FontDesc ambientFont = m_host.container.AmbientFont();
+    box.SetFont(DecodeFont(store.ReadProperty(u"Font", EncodeFont(ambientFont)), ambientFont));
+    s.OnlyLettersWithSpace = ReadBoolean(store, u"OnlyLettersWithSpace", false);
+    s.ExtraExcludedCharacters = ReadString(store, u"ExtraExcludedCharacters", u"");
+    s.ExtraIncludedCharacters = ReadString(store, u"ExtraIncludedCharacters", u"");
+    s.RequiredField = ReadBoolean(store, u"RequiredField", false);
+    s.ThousandSeparator
+        = static_cast<ThousandSeparatorConstants>(ReadInteger(store, u"ThousandSeparator", 0));
+    s.MaxNumberOfDecimals = ReadInteger(store, u"MaxNumberOfDecimals", 0);
+    s.CustomMask = ReadString(store, u"CustomMask", u"");
+    s.DefaultValue = store.ReadProperty(u"DefaultValue", u"");
+    s.MinValue = store.ReadProperty(u"MinValue", u"");
+    s.MaxValue = store.ReadProperty(u"MaxValue", u"");
+    s.MustNotBeZero = ReadBoolean(store, u"MustNotBeZero", false);
+    s.MustNotBeValues = DecodeList(store.ReadProperty(u"MustNotBeValues", Variant()));
+    s.Actions = DecodeList(store.ReadProperty(u"Actions", Variant()));
+    if (s.Actions.size() != 4) s.Actions = Settings::InitialActions();
+    s.ShowErrorMessage = ReadBoolean(store, u"ShowErrorMessage", true);
+    s.ValidationMode
+        = static_cast<ValidationModeConstants>(ReadInteger(store, u"ValidationMode", vldAutomatic));
+    s.MustBeProperCase = ReadBoolean(store, u"MustBeProperCase", false);
+    s.MessageBoxTitle = ReadString(store, u"MessageBoxTitle", u"Invalid Entry");
+    s.ErrorMessageMode
+        = static_cast<ErrorMessageModeConstants>(ReadInteger(store, u"ErrorMessageMode", vldAutoAdvanced));
+    SetMustBeType(ReadLong(store, u"MustBeType", vldUnspecified));
+    s.OnErrorSelectEntireField = ReadBoolean(store, u"OnErrorSelectEntireField", false);
+    s.InputSifting = static_cast<InputSiftingConstants>(ReadInteger(store, u"InputSifting", vldStrong));
+    s.MaxRelativeAccuracy = ReadInteger(store, u"MaxRelativeAccuracy", 0);
+    s.MessageBoxIcon = static_cast<MsgBoxIcons>(ReadInteger(store, u"MessageBoxIcon", vldMBIExclamation));
+    s.ErrorMessage = ReadString(store, u"ErrorMessage", u"");
+    SetText(ReadString(store, u"Text", m_host.container.ExtenderName().value_or(std::u16string())));
+    SetEnabled(ReadBoolean(store, u"Enabled", true));
+    box.SetSelLength(ReadLong(store, u"SelLength", 0));
+    box.SetSelStart(ReadLong(store, u"SelStart", 0));
+    s.ShowAsUnderstood = ReadBoolean(store, u"ShowAsUnderstood", true);
+    box.SetAlignment(ReadInteger(store, u"Alignment", 0));
+    box.SetAppearance(ReadInteger(store, u"Appearance", vld3D));
+    box.SetBackColor(
+        ColourFrom(store.ReadProperty(u"BackColor", ColourValue(kSystemWindowColour)), kSystemWindowColour));
+    box.SetForeColor(ColourFrom(
+        store.ReadProperty(u"ForeColor", ColourValue(kSystemWindowTextColour)), kSystemWindowTextColour));
+    box.SetBorderStyle(ReadInteger(store, u"BorderStyle", vldFixedSingle));
+    box.SetLocked(ReadBoolean(store, u"Locked", false));
+    box.SetPasswordChar(ReadString(store, u"PasswordChar", u""));
+    box.SetRightToLeft(ReadBoolean(store, u"RightToLeft", false));
+    box.SetMousePointer(ReadInteger(store, u"MousePointer", 0));
+    const Variant icon = store.ReadProperty(u"MouseIcon", Variant());
+    const bool hasIcon = icon.kind() == Variant::Kind::Bytes && !icon.AsBytes().empty();
+    SetMouseIcon(hasIcon ? std::make_shared<const Picture>(Picture { icon.AsBytes() }) : PictureRef());
+    const bool bold = ReadBoolean(store, u"FontBold", false);
+    editFont([bold](FontDesc& f) { f.bold = bold; });
+    const bool underline = ReadBoolean(store, u"FontUnderline", false);
+    editFont([underline](FontDesc& f) { f.underline = underline; });
+    const bool strikethru = ReadBoolean(store, u"FontStrikethru", false);
+    editFont([strikethru](FontDesc& f) { f.strikethru = strikethru; });
+    const float size = SingleFrom(store.ReadProperty(u"FontSize", kStoredFontSize), kStoredFontSize);
+    editFont([size](FontDesc& f) { f.size = size; });
+    std::u16string name = ReadString(store, u"FontName", kStoredFontName);
+    editFont([&name](FontDesc& f) { f.name = std::move(name); });
+    const bool italic = ReadBoolean(store, u"FontItalic", false);
+    editFont([italic](FontDesc& f) { f.italic = italic; });
+    box.SetOLEDragMode(ReadInteger(store, u"OLEDragMode", 0));
+    box.SetOLEDropMode(ReadInteger(store, u"OLEDropMode", 0));
+}
+
+void Quillmar::WriteProperties(PropertyStore& store) const {
+    const EditBox& box = m_host.editBox;
+    const Settings& s = m_settings;
+    const FontDesc font = box.Font();
+    const auto write = [&store](std::u16string_view key, const Variant& value, const Variant& writeDefault) {
+        store.WriteProperty(key, value, writeDefault);
+    };
+
+    write(u"MustBePositive", s.MustBePositive, false);
+    write(u"MustBeNegative", s.MustBeNegative, false);
+    write(u"Beeping", s.Beeping, true);
+    write(u"MustBeUpperCase", s.MustBeUpperCase, false);
+    write(u"MustBeLowerCase", s.MustBeLowerCase, false);
+    write(u"NoDigits", s.NoDigits, false);
+    write(u"OnlyLetters", s.OnlyLetters, false);
+    write(u"AllowScientificFormat", s.AllowScientificFormat, false);
+    write(u"MaxLength", box.MaxLength(), int32_t { 0 });
+    write(u"FinalValidationActive", s.FinalValidationActive, true);
+    write(u"ValidCharactersSet", s.ValidCharactersSet, u"");
+    write(u"Font", EncodeFont(font), EncodeFont(m_host.container.AmbientFont()));
+    // The text is written here, not at its place in the reading order, which comes after every rule.
+    write(u"Text", box.Text(), kTextWriteDefault);
+    write(u"OnlyLettersWithSpace", s.OnlyLettersWithSpace, false);
+    write(u"ExtraExcludedCharacters", s.ExtraExcludedCharacters, u"");
+    write(u"ExtraIncludedCharacters", s.ExtraIncludedCharacters, u"");
+    write(u"RequiredField", s.RequiredField, false);
+    write(u"ThousandSeparator", int16_t { s.ThousandSeparator }, int16_t { 0 });
+    write(u"MaxNumberOfDecimals", s.MaxNumberOfDecimals, int16_t { 0 });
+    write(u"CustomMask", s.CustomMask, u"");
+    write(u"DefaultValue", s.DefaultValue, u"");
+    write(u"MinValue", s.MinValue, u"");
+    write(u"MaxValue", s.MaxValue, u"");
+    write(u"MustNotBeZero", s.MustNotBeZero, false);
+    write(u"MustNotBeValues", EncodeList(s.MustNotBeValues), Variant());
+    write(u"Actions", EncodeList(s.Actions), Variant());
+    write(u"ShowErrorMessage", s.ShowErrorMessage, true);
+    write(u"ValidationMode", int16_t { s.ValidationMode }, int16_t { vldAutomatic });
+    write(u"MustBeProperCase", s.MustBeProperCase, false);
+    write(u"MessageBoxTitle", s.MessageBoxTitle, u"Invalid Entry");
+    write(u"ErrorMessageMode", int16_t { s.ErrorMessageMode }, int16_t { vldAutoAdvanced });
+    write(u"MustBeType", int32_t { s.MustBeType }, int32_t { vldUnspecified });
+    write(u"OnErrorSelectEntireField", s.OnErrorSelectEntireField, false);
+    write(u"InputSifting", int16_t { s.InputSifting }, int16_t { vldStrong });
+    write(u"MaxRelativeAccuracy", s.MaxRelativeAccuracy, int16_t { 0 });
+    write(u"MessageBoxIcon", int16_t { s.MessageBoxIcon }, int16_t { vldMBIExclamation });
+    write(u"ErrorMessage", s.ErrorMessage, u"");
+    write(u"Enabled", m_enabled, true);
+    write(u"SelLength", box.SelLength(), int32_t { 0 });
+    write(u"SelStart", box.SelStart(), int32_t { 0 });
+    write(u"ShowAsUnderstood", s.ShowAsUnderstood, true);
+    write(u"Alignment", box.Alignment(), int16_t { 0 });
+    write(u"Appearance", box.Appearance(), int16_t { vld3D });
+    write(u"BackColor", ColourValue(box.BackColor()), ColourValue(kSystemWindowColour));
+    write(u"ForeColor", ColourValue(box.ForeColor()), ColourValue(kSystemWindowTextColour));
+    write(u"BorderStyle", box.BorderStyle(), int16_t { vldFixedSingle });
+    write(u"Locked", box.Locked(), false);
+    write(u"PasswordChar", box.PasswordChar(), u"");
+    write(u"RightToLeft", box.RightToLeft(), false);
+    write(u"MousePointer", box.MousePointer(), int16_t { 0 });
+    // No icon is an empty byte array written against the same default, so the entry is left out; an icon
+    // without bytes counts as none.
+    const PictureRef icon = box.MouseIcon();
+    write(u"MouseIcon", icon ? Variant(icon->data) : Variant(ByteArray()), ByteArray());
+    write(u"FontBold", font.bold, false);
+    write(u"FontUnderline", font.underline, false);
+    write(u"FontStrikethru", font.strikethru, false);
+    write(u"FontSize", font.size, 0.0f);
+    write(u"FontName", font.name, u"");
+    write(u"FontItalic", font.italic, false);
+    write(u"OLEDragMode", box.OLEDragMode(), int16_t { 0 });
+    write(u"OLEDropMode", box.OLEDropMode(), int16_t { 0 });
+}
+
+} // namespace quillmar
