@@ -4,11 +4,12 @@
 BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
-             libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev
+             libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
+             qt6-base-dev xvfb xauth clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 
-.PHONY: all setup configure build test format format-check bench run clean
+.PHONY: all setup configure build test unit-tests sanitize fuzz-smoke format format-check bench run clean
 
 all: build
 
@@ -39,14 +40,28 @@ format-check: setup
 format:
 	git ls-files '*.h' '*.cpp' | xargs -r clang-format -i
 
-test: build format-check
-	ctest --test-dir $(BUILD) --output-on-failure -j2
+test: unit-tests sanitize fuzz-smoke
+
+unit-tests: build format-check
+	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
+
+# The whole suite again under AddressSanitizer and UndefinedBehaviorSanitizer (clang).
+sanitize: setup
+	@[ ! -x tools/sanitize.sh ] || tools/sanitize.sh
+
+# Every fuzz target for a bounded time over its committed seed corpus.
+fuzz-smoke: setup
+	@[ ! -x tools/fuzz-smoke.sh ] || tools/fuzz-smoke.sh
 
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b; done
 
 run: build
-	@echo "quillmar-forms, the form application, is not built yet; 'make test' builds and tests the library."
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	  echo "make run: no display to show quillmar-forms on; run it under a virtual one with: xvfb-run -a make run"; \
+	else \
+	  $(BUILD)/apps/forms/quillmar-forms examples/orders.qform.json; \
+	fi
 
 clean:
 	rm -rf $(BUILD)

@@ -1,0 +1,695 @@
+#include "host/qt/QuillmarEdit.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPointer>
+#include <QStyle>
+
+#include <atomic>
+
+namespace quillmar::qt {
+namespace {
+
+constexpr int16_t kShiftMask = 1;
+constexpr int16_t kCtrlMask = 2;
+constexpr int16_t kAltMask = 4;
+
+int32_t NextHandle() {
+    static std::atomic<int32_t> next { 0x10000 };
+    return next.fetch_add(4);
+}
+
+int16_t ShiftMask(Qt::KeyboardModifiers modifiers) {
+    int16_t mask = 0;
+    if (modifiers & Qt::ShiftModifier) mask |= kShiftMask;
+    if (modifiers & Qt::ControlModifier) mask |= kCtrlMask;
+    if (modifiers & Qt::AltModifier) mask |= kAltMask;
+    return mask;
+}
+
+int16_t ButtonMask(Qt::MouseButtons buttons) {
+    int16_t mask = 0;
+    if (buttons & Qt::LeftButton) mask |= 1;
+    if (buttons & Qt::RightButton) mask |= 2;
+    if (buttons & Qt::MiddleButton) mask |= 4;
+    return mask;
+}
+
+// The Windows-style code a key-down reports: letters by their capital, digits and space as themselves,
+// editing and moving keys by their own codes.
+int16_t VirtualKey(const QKeyEvent& event) {
+    const int key = event.key();
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)
+        || key == Qt::Key_Space)
+        return static_cast<int16_t>(key);
+    switch (key) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Shift:
+        return 16;
+    case Qt::Key_Control:
+        return 17;
+    case Qt::Key_Alt:
+        return 18;
+    case Qt::Key_Escape:
+        return 27;
+    case Qt::Key_PageUp:
+        return 33;
+    case Qt::Key_PageDown:
+        return 34;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_Left:
+        return 37;
+    case Qt::Key_Up:
+        return 38;
+    case Qt::Key_Right:
+        return 39;
+    case Qt::Key_Down:
+        return 40;
+    case Qt::Key_Insert:
+        return 45;
+    case Qt::Key_Delete:
+        return 46;
+    case Qt::Key_Semicolon:
+    case Qt::Key_Colon:
+        return 186;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        return 187;
+    case Qt::Key_Comma:
+        return 188;
+    case Qt::Key_Minus:
+        return 189;
+    case Qt::Key_Period:
+        return 190;
+    case Qt::Key_Slash:
+        return 191;
+    default:
+        if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return static_cast<int16_t>(112 + key - Qt::Key_F1);
+        return event.text().isEmpty() ? 0 : 229; // a character that does not come from one known key
+    }
+}
+
+// The character code a key types, as the form's KeyPress sees it: printable characters, Backspace (8),
+// Enter (13), Escape (27) and the control characters of Ctrl with a letter (Ctrl+V is 22). 0: no character.
+int16_t KeyAscii(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Escape:
+        return 27;
+    default:
+        break;
+    }
+    if ((event.modifiers() & Qt::ControlModifier) && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)
+        return static_cast<int16_t>(event.key() - Qt::Key_A + 1);
+    const QString text = event.text();
+    if (text.size() != 1 || text[0].unicode() < 32 || text[0].unicode() == 127) return 0;
+    return static_cast<int16_t>(text[0].unicode());
+}
+
+QString TextOf(const DataObject& data) {
+    const Variant text = data.GetData(kTextFormat);
+    return text.IsString() ? ToQString(text.AsString()) : QString();
+}
+
+} // namespace
+
+/// Everything the control needs from its host, done with Qt, and the bridge that turns the control's events
+/// into the widget's signals.
+class QtServices final : public Container,
+                         public EditBox,
+                         public Alerts,
+                         public LocaleSource,
+                         public AboutBox,
+                         public QuillmarEvents {
+public:
+    explicit QtServices(QuillmarEdit& owner);
+
+    // Container.
+    void PropertyChanged(std::u16string_view name) override { emit m_owner.PropertyChanged(ToQString(name)); }
+    [[nodiscard]] bool UserMode() const override { return m_userMode; }
+    [[nodiscard]] FontDesc AmbientFont() const override {
+        return FromQFont(m_owner.parentWidget() ? m_owner.parentWidget()->font() : QApplication::font());
+    }
+    [[nodiscard]] std::optional<std::u16string> ExtenderName() const override {
+        return FromQString(m_owner.objectName());
+    }
+    [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override {
+        return FromQString(m_owner.toolTip());
+    }
+    [[nodiscard]] bool ExtenderVisible() const override { return m_owner.isVisible(); }
+    void SetFocus() override { m_edit->setFocus(Qt::OtherFocusReason); }
+    void SetExtent(int32_t width, int32_t height) override;
+
+    // Edit box.
+    void SetEvents(EditBoxEvents* events) override { m_events = events; }
+    [[nodiscard]] std::u16string Text() const override { return FromQString(m_edit->text()); }
+    void SetText(std::u16string_view text) override { m_edit->setText(ToQString(text)); }
+    [[nodiscard]] int32_t SelStart() const override {
+        return m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
+    }
+    void SetSelStart(int32_t start) override { m_edit->setCursorPosition(std::max(start, 0)); }
+    [[nodiscard]] int32_t SelLength() const override { return m_edit->selectionLength(); }
+    void SetSelLength(int32_t length) override {
+        const int32_t start = SelStart();
+        m_edit->setSelection(
+            start, std::clamp<int32_t>(length, 0, static_cast<int32_t>(m_edit->text().size()) - start));
+    }
+    [[nodiscard]] std::u16string SelText() const override { return FromQString(m_edit->selectedText()); }
+    void SetSelText(std::u16string_view text) override { m_edit->insert(ToQString(text)); }
+    [[nodiscard]] int32_t MaxLength() const override {
+        return m_edit->maxLength() >= kNoLimit ? 0 : m_edit->maxLength();
+    }
+    void SetMaxLength(int32_t length) override { m_edit->setMaxLength(length <= 0 ? kNoLimit : length); }
+    [[nodiscard]] int16_t Alignment() const override { return m_alignment; }
+    void SetAlignment(int16_t value) override;
+    [[nodiscard]] int16_t Appearance() const override { return m_appearance; }
+    void SetAppearance(int16_t value) override {
+        m_appearance = value;
+        ApplyFrame();
+    }
+    [[nodiscard]] int16_t BorderStyle() const override { return m_borderStyle; }
+    void SetBorderStyle(int16_t value) override {
+        m_borderStyle = value;
+        ApplyFrame();
+    }
+    [[nodiscard]] bool Locked() const override { return m_edit->isReadOnly(); }
+    void SetLocked(bool value) override { m_edit->setReadOnly(value); }
+    [[nodiscard]] std::u16string PasswordChar() const override { return m_passwordChar; }
+    void SetPasswordChar(std::u16string_view value) override;
+    [[nodiscard]] bool RightToLeft() const override { return m_edit->layoutDirection() == Qt::RightToLeft; }
+    void SetRightToLeft(bool value) override {
+        m_edit->setLayoutDirection(value ? Qt::RightToLeft : Qt::LeftToRight);
+    }
+    [[nodiscard]] int16_t MousePointer() const override { return m_mousePointer; }
+    void SetMousePointer(int16_t value) override {
+        m_mousePointer = value;
+        ApplyCursor();
+    }
+    [[nodiscard]] PictureRef MouseIcon() const override { return m_mouseIcon; }
+    void SetMouseIcon(PictureRef value) override {
+        m_mouseIcon = std::move(value);
+        ApplyCursor();
+    }
+    [[nodiscard]] FontDesc Font() const override { return m_font; }
+    void SetFont(const FontDesc& font) override {
+        m_font = font;
+        m_edit->setFont(ToQFont(font));
+    }
+    [[nodiscard]] uint32_t BackColor() const override { return m_backColor; }
+    void SetBackColor(uint32_t value) override {
+        m_backColor = value;
+        ApplyColours();
+    }
+    [[nodiscard]] uint32_t ForeColor() const override { return m_foreColor; }
+    void SetForeColor(uint32_t value) override {
+        m_foreColor = value;
+        ApplyColours();
+    }
+    [[nodiscard]] int16_t OLEDragMode() const override { return m_oleDragMode; }
+    void SetOLEDragMode(int16_t value) override {
+        m_oleDragMode = value;
+        m_edit->setDragEnabled(value == 1);
+    }
+    [[nodiscard]] int16_t OLEDropMode() const override { return m_oleDropMode; }
+    void SetOLEDropMode(int16_t value) override {
+        m_oleDropMode = value;
+        m_edit->setAcceptDrops(value != 0);
+    }
+    [[nodiscard]] bool Enabled() const override { return m_edit->isEnabled(); }
+    void SetEnabled(bool value) override {
+        m_owner.setEnabled(value);
+        m_edit->setEnabled(value);
+    }
+    [[nodiscard]] bool HideSelection() const override { return true; }
+    [[nodiscard]] int32_t Handle() const override { return m_handle; }
+    void Refresh() override { m_edit->update(); }
+    [[nodiscard]] std::u16string ToolTipText() const override { return FromQString(m_edit->toolTip()); }
+    void SetToolTipText(std::u16string_view text) override { m_edit->setToolTip(ToQString(text)); }
+    void Move(int32_t left, int32_t top, int32_t width, int32_t height) override {
+        m_edit->setGeometry(
+            left, top, std::max(width, 0), std::max(height, m_edit->minimumSizeHint().height()));
+    }
+    [[nodiscard]] int32_t Width() const override { return m_edit->width(); }
+    [[nodiscard]] int32_t Height() const override { return m_edit->height(); }
+    void OLEDrag() override;
+
+    // Alerts, locale and about box.
+    void Beep() override { m_beep ? m_beep() : QApplication::beep(); }
+    void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override;
+    [[nodiscard]] LocaleInfo Locale() const override {
+        return LocaleInfo::FromName(
+            (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString());
+    }
+    void Show() override;
+
+    // The control's events, raised as the widget's signals.
+    void OLEStartDrag(DataObject& d, int32_t& e) override { emit m_owner.OLEStartDrag(d, e); }
+    void OLESetData(DataObject& d, int16_t& f) override { emit m_owner.OLESetData(d, f); }
+    void OLEGiveFeedback(int32_t& e, bool& c) override { emit m_owner.OLEGiveFeedback(e, c); }
+    void OLEDragOver(
+        DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y, int16_t& st) override {
+        emit m_owner.OLEDragOver(d, e, b, s, x, y, st);
+    }
+    void OLEDragDrop(DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y) override {
+        emit m_owner.OLEDragDrop(d, e, b, s, x, y);
+    }
+    void OLECompleteDrag(int32_t& e) override { emit m_owner.OLECompleteDrag(e); }
+    void KeyDown(int16_t& k, int16_t& s) override { emit m_owner.KeyDown(k, s); }
+    void KeyPress(int16_t& k) override { emit m_owner.KeyPress(k); }
+    void KeyUp(int16_t& k, int16_t& s) override { emit m_owner.KeyUp(k, s); }
+    void MouseDown(int16_t& b, int16_t& s, float& x, float& y) override {
+        emit m_owner.MouseDown(b, s, x, y);
+    }
+    void MouseMove(int16_t& b, int16_t& s, float& x, float& y) override {
+        emit m_owner.MouseMove(b, s, x, y);
+    }
+    void MouseUp(int16_t& b, int16_t& s, float& x, float& y) override { emit m_owner.MouseUp(b, s, x, y); }
+    void Click() override { emit m_owner.Click(); }
+    void DblClick() override { emit m_owner.DblClick(); }
+    void Change() override { emit m_owner.Change(); }
+
+    [[nodiscard]] EditBoxEvents* Events() const { return m_events; }
+    /// True while the field's own message box or about box is open: the focus it takes is not leaving.
+    [[nodiscard]] bool InOwnDialog() const { return m_dialogsOpen > 0; }
+    [[nodiscard]] bool Resizing() const { return m_resizing; }
+
+    QuillmarEdit& m_owner;
+    QLineEdit* m_edit = nullptr;
+    bool m_userMode = true;
+    QString m_localeName;
+    QuillmarEdit::MessageBoxHandler m_messageBox;
+    std::function<void()> m_beep;
+    std::function<void()> m_aboutBox;
+
+private:
+    static constexpr int32_t kNoLimit = 32767;
+    void ApplyFrame();
+    void ApplyCursor();
+    void ApplyColours();
+
+    EditBoxEvents* m_events = nullptr;
+    int32_t m_handle = NextHandle();
+    int16_t m_alignment = 0;
+    int16_t m_appearance = 1;
+    int16_t m_borderStyle = 1;
+    std::u16string m_passwordChar;
+    int16_t m_mousePointer = 0;
+    PictureRef m_mouseIcon;
+    FontDesc m_font;
+    uint32_t m_backColor = 0x80000005;
+    uint32_t m_foreColor = 0x80000008;
+    int16_t m_oleDragMode = 0;
+    int16_t m_oleDropMode = 0;
+    int m_dialogsOpen = 0;
+    bool m_resizing = false;
+};
+
+/// The edit box: a line edit whose keys, input-method text, mouse, focus and drops go through the control
+/// before the line edit acts on them.
+class QuillmarLineEdit final : public QLineEdit {
+public:
+    QuillmarLineEdit(QtServices& services, QWidget* parent)
+        : QLineEdit(parent)
+        , m_services(services) {
+        setMouseTracking(true);
+        setAcceptDrops(false);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    EditBoxEvents* Events() const { return m_services.Events(); }
+    void MouseArguments(const QMouseEvent& event, int16_t& button, int16_t& shift, float& x, float& y) const;
+    bool DragOver(QDropEvent* event, int16_t state);
+
+    QtServices& m_services;
+};
+
+QtServices::QtServices(QuillmarEdit& owner)
+    : m_owner(owner) {
+    m_edit = new QuillmarLineEdit(*this, &owner);
+    m_edit->setMaxLength(kNoLimit);
+    m_owner.setFocusProxy(m_edit);
+    m_owner.setFocusPolicy(Qt::StrongFocus);
+    QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this] {
+        if (m_events) m_events->OnChange();
+    });
+}
+
+void QtServices::SetExtent(int32_t width, int32_t height) {
+    if (width == m_owner.width() && height == m_owner.height()) return;
+    m_resizing = true;
+    m_owner.resize(width, height);
+    m_resizing = false;
+}
+
+void QtServices::SetAlignment(int16_t value) {
+    m_alignment = value;
+    const Qt::Alignment horizontal = value == 1 ? Qt::AlignRight
+        : value == 2                            ? Qt::AlignHCenter
+                                                : Qt::AlignLeft;
+    m_edit->setAlignment(horizontal | Qt::AlignVCenter);
+}
+
+void QtServices::SetPasswordChar(std::u16string_view value) {
+    m_passwordChar.clear();
+    if (!value.empty()) m_passwordChar.push_back(value[0]);
+    m_edit->setEchoMode(m_passwordChar.empty() ? QLineEdit::Normal : QLineEdit::Password);
+    m_edit->setStyleSheet(m_passwordChar.empty()
+            ? QString()
+            : QStringLiteral("QLineEdit { lineedit-password-character: %1; }").arg(int(m_passwordChar[0])));
+}
+
+void QtServices::ApplyFrame() {
+    m_edit->setFrame(m_borderStyle != 0);
+    QPalette palette = m_edit->palette();
+    m_edit->setAttribute(Qt::WA_MacShowFocusRect, m_appearance != 0);
+    m_edit->setPalette(palette);
+}
+
+void QtServices::ApplyCursor() {
+    if (m_mousePointer == 99 && m_mouseIcon) {
+        QPixmap pixmap;
+        if (pixmap.loadFromData(m_mouseIcon->data.data(), static_cast<uint>(m_mouseIcon->data.size()))) {
+            m_edit->setCursor(QCursor(pixmap));
+            return;
+        }
+    }
+    switch (m_mousePointer) {
+    case 1:
+        m_edit->setCursor(Qt::ArrowCursor);
+        break;
+    case 2:
+        m_edit->setCursor(Qt::CrossCursor);
+        break;
+    case 11:
+        m_edit->setCursor(Qt::WaitCursor);
+        break;
+    case 12:
+        m_edit->setCursor(Qt::ForbiddenCursor);
+        break;
+    case 13:
+        m_edit->setCursor(Qt::BusyCursor);
+        break;
+    default:
+        m_edit->unsetCursor();
+    }
+}
+
+void QtServices::ApplyColours() {
+    QPalette palette = m_edit->style()->standardPalette();
+    if (const QColor back = ToQColor(m_backColor); back.isValid()) palette.setColor(QPalette::Base, back);
+    if (const QColor fore = ToQColor(m_foreColor); fore.isValid()) palette.setColor(QPalette::Text, fore);
+    m_edit->setPalette(palette);
+}
+
+void QtServices::OLEDrag() {
+    if (!m_events) return;
+    DataObject data;
+    int32_t allowed = 1;
+    m_events->OnOLEStartDrag(data, allowed);
+    int16_t format = kTextFormat;
+    m_events->OnOLESetData(data, format);
+    if (!data.GetFormat(kTextFormat)) data.SetData(FromQString(m_edit->selectedText()), kTextFormat);
+    auto* mime = new QMimeData;
+    mime->setText(TextOf(data));
+    QPointer<QDrag> drag = new QDrag(m_edit);
+    drag->setMimeData(mime);
+    int32_t effect = drag->exec(Qt::CopyAction | Qt::MoveAction) == Qt::IgnoreAction ? 0 : allowed;
+    m_events->OnOLECompleteDrag(effect);
+}
+
+void QtServices::MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) {
+    QString message = ToQString(text);
+    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (m_messageBox) {
+        m_messageBox(message, ToQString(title), icon);
+        return;
+    }
+    QMessageBox::Icon qtIcon = QMessageBox::NoIcon;
+    if (icon == IconExclamation) qtIcon = QMessageBox::Warning;
+    if (icon == IconStop) qtIcon = QMessageBox::Critical;
+    if (icon == IconInformation) qtIcon = QMessageBox::Information;
+    if (icon == IconQuestion) qtIcon = QMessageBox::Question;
+    QMessageBox box(qtIcon, ToQString(title), message, QMessageBox::Ok, m_owner.window());
+    ++m_dialogsOpen;
+    box.exec();
+    --m_dialogsOpen;
+}
+
+void QtServices::Show() {
+    if (m_aboutBox) {
+        m_aboutBox();
+        return;
+    }
+    ++m_dialogsOpen;
+    QMessageBox::about(m_owner.window(), QStringLiteral("About Quillmar"),
+        QStringLiteral("<b>Quillmar</b> %1<br>A data-entry field that knows what it must contain.")
+            .arg(QStringLiteral(QUILLMAR_VERSION)));
+    --m_dialogsOpen;
+}
+
+// The edit box's events.
+
+void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
+    EditBoxEvents* events = Events();
+    if (!events) return QLineEdit::keyPressEvent(event);
+    int16_t keyCode = VirtualKey(*event);
+    int16_t shift = ShiftMask(event->modifiers());
+    events->OnKeyDown(keyCode, shift);
+    const int16_t typed = KeyAscii(*event);
+    if (typed == 0) return QLineEdit::keyPressEvent(event);
+    int16_t keyAscii = typed;
+    events->OnKeyPress(keyAscii);
+    if (keyAscii == 0) return event->accept();
+    if (keyAscii == typed) return QLineEdit::keyPressEvent(event);
+    // The form or the control changed the key: the changed character is what the box receives.
+    const char16_t changed = static_cast<char16_t>(static_cast<uint16_t>(keyAscii));
+    if (changed == 8) {
+        QKeyEvent backspace(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier);
+        return QLineEdit::keyPressEvent(&backspace);
+    }
+    if (changed < 32) return event->accept();
+    QKeyEvent replaced(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(changed)));
+    QLineEdit::keyPressEvent(&replaced);
+}
+
+void QuillmarLineEdit::keyReleaseEvent(QKeyEvent* event) {
+    QLineEdit::keyReleaseEvent(event);
+    if (event->isAutoRepeat() || !Events()) return;
+    int16_t keyCode = VirtualKey(*event);
+    int16_t shift = ShiftMask(event->modifiers());
+    Events()->OnKeyUp(keyCode, shift);
+}
+
+void QuillmarLineEdit::inputMethodEvent(QInputMethodEvent* event) {
+    EditBoxEvents* events = Events();
+    if (!events || event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
+    // Text committed by an input method meets the same sifting as typed keys, one character at a time.
+    QString accepted;
+    for (const QChar c : event->commitString()) {
+        int16_t keyAscii = static_cast<int16_t>(c.unicode());
+        events->OnKeyPress(keyAscii);
+        if (keyAscii != 0) accepted += QChar(static_cast<char16_t>(static_cast<uint16_t>(keyAscii)));
+    }
+    QInputMethodEvent sifted(event->preeditString(), event->attributes());
+    sifted.setCommitString(accepted, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&sifted);
+}
+
+void QuillmarLineEdit::MouseArguments(
+    const QMouseEvent& event, int16_t& button, int16_t& shift, float& x, float& y) const {
+    button
+        = ButtonMask(event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button()));
+    shift = ShiftMask(event.modifiers());
+    x = static_cast<float>(event.position().x());
+    y = static_cast<float>(event.position().y());
+}
+
+void QuillmarLineEdit::mousePressEvent(QMouseEvent* event) {
+    if (Events()) {
+        int16_t button, shift;
+        float x, y;
+        MouseArguments(*event, button, shift, x, y);
+        Events()->OnMouseDown(button, shift, x, y);
+    }
+    QLineEdit::mousePressEvent(event);
+}
+
+void QuillmarLineEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (!Events()) return;
+    int16_t button, shift;
+    float x, y;
+    MouseArguments(*event, button, shift, x, y);
+    Events()->OnMouseUp(button, shift, x, y);
+    if (rect().contains(event->position().toPoint())) Events()->OnClick();
+}
+
+void QuillmarLineEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (Events()) Events()->OnDblClick();
+}
+
+void QuillmarLineEdit::mouseMoveEvent(QMouseEvent* event) {
+    if (Events()) {
+        int16_t button, shift;
+        float x, y;
+        MouseArguments(*event, button, shift, x, y);
+        Events()->OnMouseMove(button, shift, x, y);
+    }
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    // The field is left only for another widget of the form: not for its own message box or about box,
+    // a context menu, or another application's window.
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || m_services.InOwnDialog())
+        return;
+    // Validated once the focus has settled, so that a message box never opens inside a focus change.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (Events()) Events()->OnFocusExit();
+        },
+        Qt::QueuedConnection);
+}
+
+bool QuillmarLineEdit::DragOver(QDropEvent* event, int16_t state) {
+    if (!Events() || !event->mimeData()->hasText()) return false;
+    DataObject data;
+    data.SetData(FromQString(event->mimeData()->text()), kTextFormat);
+    int32_t effect = 1;
+    int16_t button = ButtonMask(event->buttons());
+    int16_t shift = ShiftMask(event->modifiers());
+    float x = static_cast<float>(event->position().x());
+    float y = static_cast<float>(event->position().y());
+    Events()->OnOLEDragOver(data, effect, button, shift, x, y, state);
+    return effect != 0;
+}
+
+void QuillmarLineEdit::dragEnterEvent(QDragEnterEvent* event) {
+    if (DragOver(event, 0))
+        QLineEdit::dragEnterEvent(event);
+    else
+        event->ignore();
+}
+
+void QuillmarLineEdit::dragMoveEvent(QDragMoveEvent* event) {
+    if (DragOver(event, 2))
+        QLineEdit::dragMoveEvent(event);
+    else
+        event->ignore();
+}
+
+void QuillmarLineEdit::dropEvent(QDropEvent* event) {
+    if (!Events() || !event->mimeData()->hasText()) return event->ignore();
+    DataObject data;
+    data.SetData(FromQString(event->mimeData()->text()), kTextFormat);
+    int32_t effect = 1;
+    int16_t button = ButtonMask(event->buttons());
+    int16_t shift = ShiftMask(event->modifiers());
+    float x = static_cast<float>(event->position().x());
+    float y = static_cast<float>(event->position().y());
+    Events()->OnOLEDragDrop(data, effect, button, shift, x, y);
+    // An automatic drop target inserts the text; a manual one leaves the drop to the form.
+    if (effect == 0 || m_services.OLEDropMode() != 2) return event->ignore();
+    QLineEdit::dropEvent(event);
+}
+
+// The widget.
+
+QuillmarEdit::QuillmarEdit(QWidget* parent)
+    : QWidget(parent)
+    , m_services(std::make_unique<QtServices>(*this)) {
+    QtServices& s = *m_services;
+    m_control = std::make_unique<Quillmar>(HostServices { s, s, s, s, s });
+    m_control->SetEventListener(m_services.get());
+    s.SetFont(FromQFont(parent ? parent->font() : QApplication::font()));
+    resize(m_services->m_edit->sizeHint());
+}
+
+QuillmarEdit::~QuillmarEdit() {
+    m_control.reset();
+}
+
+QLineEdit* QuillmarEdit::lineEdit() const {
+    return m_services->m_edit;
+}
+
+void QuillmarEdit::SetMessageBoxHandler(MessageBoxHandler handler) {
+    m_services->m_messageBox = std::move(handler);
+}
+
+void QuillmarEdit::SetBeepHandler(std::function<void()> handler) {
+    m_services->m_beep = std::move(handler);
+}
+
+void QuillmarEdit::SetAboutBoxHandler(std::function<void()> handler) {
+    m_services->m_aboutBox = std::move(handler);
+}
+
+void QuillmarEdit::SetLocaleName(const QString& name) {
+    m_services->m_localeName = name;
+}
+
+void QuillmarEdit::SetUserMode(bool userMode) {
+    m_services->m_userMode = userMode;
+}
+
+bool QuillmarEdit::UserMode() const {
+    return m_services->m_userMode;
+}
+
+QSize QuillmarEdit::sizeHint() const {
+    return m_services->m_edit->sizeHint();
+}
+
+QSize QuillmarEdit::minimumSizeHint() const {
+    return m_services->m_edit->minimumSizeHint();
+}
+
+void QuillmarEdit::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!m_services->Resizing()) m_control->Resize(width(), height());
+}
+
+void QuillmarEdit::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_control->Show();
+}
+
+} // namespace quillmar::qt

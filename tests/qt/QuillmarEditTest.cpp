@@ -1,0 +1,151 @@
+#include "host/qt/QuillmarEdit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace quillmar::qt {
+namespace {
+
+// Lets events run until the condition holds or two seconds pass; GoogleTest asserts on the answer.
+template <typename Condition> bool WaitFor(Condition condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < 2000)
+        QTest::qWait(10);
+    return condition();
+}
+
+struct Shown {
+    QString text, title;
+    int icon;
+};
+
+// A form window with fields whose beeps and message boxes are recorded instead of sounded and shown.
+class Form : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "qt_tests";
+        static char* argv[] = { name, nullptr };
+        if (!QApplication::instance()) new QApplication(argc, argv);
+    }
+
+    QuillmarEdit* AddField(const char* name, int32_t type, InputSiftingConstants sifting) {
+        auto* field = new QuillmarEdit(&window);
+        field->setObjectName(QString::fromLatin1(name));
+        field->SetLocaleName(QStringLiteral("en_US"));
+        field->SetBeepHandler([this] { ++beeps; });
+        field->SetMessageBoxHandler([this](const QString& t, const QString& title, int icon) {
+            shown.push_back({ t, title, icon });
+        });
+        field->SetMustBeType(type);
+        field->SetInputSifting(sifting);
+        layout->addWidget(field);
+        return field;
+    }
+
+    void ShowAndFocus(QuillmarEdit* field) {
+        window.show();
+        QApplication::setActiveWindow(&window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        field->setFocus(Qt::TabFocusReason);
+        QApplication::processEvents();
+    }
+
+    QWidget window;
+    QVBoxLayout* layout = new QVBoxLayout(&window);
+    int beeps = 0;
+    std::vector<Shown> shown;
+};
+
+TEST_F(Form, WeakSiftingRefusesKeysWithABeep) {
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
+    ShowAndFocus(quantity);
+    QTest::keyClicks(quantity->lineEdit(), QStringLiteral("12a3.-"));
+    EXPECT_EQ(quantity->Text(), QStringLiteral("-123")); // the minus moved to the front
+    EXPECT_EQ(beeps, 2);
+}
+
+TEST_F(Form, StrongSiftingRestoresAPaste) {
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldStrong);
+    int changes = 0;
+    QObject::connect(quantity, &QuillmarEdit::Change, [&] { ++changes; });
+    ShowAndFocus(quantity);
+    QTest::keyClicks(quantity->lineEdit(), QStringLiteral("12"));
+    changes = 0;
+    QApplication::clipboard()->setText(QStringLiteral("abc"));
+    QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(quantity->Text(), QStringLiteral("12"));
+    EXPECT_EQ(changes, 2); // the pasted text, then the restored one
+    EXPECT_EQ(beeps, 1);
+}
+
+TEST_F(Form, CtrlVIsNotSiftedKeyByKey) {
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
+    ShowAndFocus(quantity);
+    QApplication::clipboard()->setText(QStringLiteral("abc"));
+    QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(quantity->Text(), QStringLiteral("abc"));
+    EXPECT_EQ(beeps, 0);
+}
+
+TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
+    QuillmarEdit* code = AddField("Code", vldString, vldWeak);
+    code->SetOnlyLetters(true);
+    QObject::connect(code, &QuillmarEdit::KeyPress, [](qint16& key) {
+        if (key == '1') key = 'I'; // a form that reads a typed one as the letter I
+        if (key == 'x') key = 0;
+    });
+    ShowAndFocus(code);
+    QTest::keyClicks(code->lineEdit(), QStringLiteral("A1x2"));
+    EXPECT_EQ(code->Text(), QStringLiteral("AI"));
+    EXPECT_EQ(beeps, 1); // only the 2
+}
+
+TEST_F(Form, InvalidFieldLeftWithTabExplainsAndKeepsTheFocus) {
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
+    QuillmarEdit* next = AddField("Next", vldString, vldWeak);
+    quantity->SetMaxValue(QStringLiteral("100"));
+    quantity->SetMessageBoxTitle(QStringLiteral("Order"));
+    quantity->SetMessageBoxIcon(vldMBICritical);
+    ShowAndFocus(quantity);
+    QTest::keyClicks(quantity->lineEdit(), QStringLiteral("250"));
+    QTest::keyClick(quantity->lineEdit(), Qt::Key_Tab);
+    ASSERT_TRUE(WaitFor([&] { return shown.size() >= 1; }));
+    EXPECT_EQ(shown.size(), size_t { 1 });
+    EXPECT_EQ(shown[0].text, QStringLiteral("An integer <= 100 is required.\nClosest value inserted."));
+    EXPECT_EQ(shown[0].title, QStringLiteral("Order"));
+    EXPECT_EQ(shown[0].icon, IconStop);
+    EXPECT_TRUE(WaitFor([&] { return quantity->lineEdit()->hasFocus(); }));
+    EXPECT_EQ(quantity->Text(), QStringLiteral("100"));
+    EXPECT_FALSE(next->lineEdit()->hasFocus());
+}
+
+TEST_F(Form, TwoInvalidFieldsDoNotBounceTheFocus) {
+    QuillmarEdit* first = AddField("First", vldInteger, vldNone);
+    QuillmarEdit* second = AddField("Second", vldInteger, vldNone);
+    for (QuillmarEdit* field : { first, second }) {
+        field->SetUserMode(false); // the lists are set while the form is designed
+        field->SetRequiredField(true);
+        field->SetActions({ QVariant(), 8, 16, 32 }); // no correction: both stay empty and invalid
+        field->SetUserMode(true);
+    }
+    ShowAndFocus(first);
+    QTest::keyClick(first->lineEdit(), Qt::Key_Tab);
+    // The first reports and takes the focus back; the second, left by that, reports but lets go.
+    ASSERT_TRUE(WaitFor([&] { return shown.size() >= 2; }));
+    EXPECT_EQ(shown.size(), size_t { 2 });
+    QTest::qWait(100);
+    EXPECT_EQ(shown.size(), size_t { 2 });
+    EXPECT_TRUE(first->lineEdit()->hasFocus());
+    EXPECT_EQ(Quillmar::FocusHoldWindow(), 0);
+}
+
+} // namespace
+} // namespace quillmar::qt
