@@ -349,9 +349,19 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    struct PointerArguments {
+        int16_t button;
+        int16_t shift;
+        float x;
+        float y;
+    };
+    using MouseHandler = void (EditBoxEvents::*)(int16_t&, int16_t&, float&, float&);
+
     EditBoxEvents* Events() const { return m_services.Events(); }
-    void MouseArguments(const QMouseEvent& event, int16_t& button, int16_t& shift, float& x, float& y) const;
-    bool DragOver(QDropEvent* event, int16_t state);
+    void RaiseMouse(MouseHandler handler, const QMouseEvent& event);
+    /// Raises the drag-over event (with its state) or, without one, the drop; the effect the form left, or
+    /// nullopt when there is nothing to drop.
+    std::optional<int32_t> RaiseDrop(QDropEvent* event, std::optional<int16_t> overState);
 
     QtServices& m_services;
 };
@@ -528,33 +538,26 @@ void QuillmarLineEdit::inputMethodEvent(QInputMethodEvent* event) {
     QLineEdit::inputMethodEvent(&sifted);
 }
 
-void QuillmarLineEdit::MouseArguments(
-    const QMouseEvent& event, int16_t& button, int16_t& shift, float& x, float& y) const {
-    button
+void QuillmarLineEdit::RaiseMouse(MouseHandler handler, const QMouseEvent& event) {
+    if (!Events()) return;
+    PointerArguments a {};
+    a.button
         = ButtonMask(event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button()));
-    shift = ShiftMask(event.modifiers());
-    x = static_cast<float>(event.position().x());
-    y = static_cast<float>(event.position().y());
+    a.shift = ShiftMask(event.modifiers());
+    a.x = static_cast<float>(event.position().x());
+    a.y = static_cast<float>(event.position().y());
+    (Events()->*handler)(a.button, a.shift, a.x, a.y);
 }
 
 void QuillmarLineEdit::mousePressEvent(QMouseEvent* event) {
-    if (Events()) {
-        int16_t button, shift;
-        float x, y;
-        MouseArguments(*event, button, shift, x, y);
-        Events()->OnMouseDown(button, shift, x, y);
-    }
+    RaiseMouse(&EditBoxEvents::OnMouseDown, *event);
     QLineEdit::mousePressEvent(event);
 }
 
 void QuillmarLineEdit::mouseReleaseEvent(QMouseEvent* event) {
     QLineEdit::mouseReleaseEvent(event);
-    if (!Events()) return;
-    int16_t button, shift;
-    float x, y;
-    MouseArguments(*event, button, shift, x, y);
-    Events()->OnMouseUp(button, shift, x, y);
-    if (rect().contains(event->position().toPoint())) Events()->OnClick();
+    RaiseMouse(&EditBoxEvents::OnMouseUp, *event);
+    if (Events() && rect().contains(event->position().toPoint())) Events()->OnClick();
 }
 
 void QuillmarLineEdit::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -563,12 +566,7 @@ void QuillmarLineEdit::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void QuillmarLineEdit::mouseMoveEvent(QMouseEvent* event) {
-    if (Events()) {
-        int16_t button, shift;
-        float x, y;
-        MouseArguments(*event, button, shift, x, y);
-        Events()->OnMouseMove(button, shift, x, y);
-    }
+    RaiseMouse(&EditBoxEvents::OnMouseMove, *event);
     QLineEdit::mouseMoveEvent(event);
 }
 
@@ -588,45 +586,40 @@ void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
         Qt::QueuedConnection);
 }
 
-bool QuillmarLineEdit::DragOver(QDropEvent* event, int16_t state) {
-    if (!Events() || !event->mimeData()->hasText()) return false;
+std::optional<int32_t> QuillmarLineEdit::RaiseDrop(QDropEvent* event, std::optional<int16_t> overState) {
+    if (!Events() || !event->mimeData()->hasText()) return std::nullopt;
     DataObject data;
     data.SetData(FromQString(event->mimeData()->text()), kTextFormat);
+    PointerArguments a { ButtonMask(event->buttons()), ShiftMask(event->modifiers()),
+        static_cast<float>(event->position().x()), static_cast<float>(event->position().y()) };
     int32_t effect = 1;
-    int16_t button = ButtonMask(event->buttons());
-    int16_t shift = ShiftMask(event->modifiers());
-    float x = static_cast<float>(event->position().x());
-    float y = static_cast<float>(event->position().y());
-    Events()->OnOLEDragOver(data, effect, button, shift, x, y, state);
-    return effect != 0;
+    if (overState) {
+        int16_t state = *overState;
+        Events()->OnOLEDragOver(data, effect, a.button, a.shift, a.x, a.y, state);
+    } else {
+        Events()->OnOLEDragDrop(data, effect, a.button, a.shift, a.x, a.y);
+    }
+    return effect;
 }
 
 void QuillmarLineEdit::dragEnterEvent(QDragEnterEvent* event) {
-    if (DragOver(event, 0))
+    if (RaiseDrop(event, int16_t { 0 }).value_or(0) != 0)
         QLineEdit::dragEnterEvent(event);
     else
         event->ignore();
 }
 
 void QuillmarLineEdit::dragMoveEvent(QDragMoveEvent* event) {
-    if (DragOver(event, 2))
+    if (RaiseDrop(event, int16_t { 2 }).value_or(0) != 0)
         QLineEdit::dragMoveEvent(event);
     else
         event->ignore();
 }
 
 void QuillmarLineEdit::dropEvent(QDropEvent* event) {
-    if (!Events() || !event->mimeData()->hasText()) return event->ignore();
-    DataObject data;
-    data.SetData(FromQString(event->mimeData()->text()), kTextFormat);
-    int32_t effect = 1;
-    int16_t button = ButtonMask(event->buttons());
-    int16_t shift = ShiftMask(event->modifiers());
-    float x = static_cast<float>(event->position().x());
-    float y = static_cast<float>(event->position().y());
-    Events()->OnOLEDragDrop(data, effect, button, shift, x, y);
     // An automatic drop target inserts the text; a manual one leaves the drop to the form.
-    if (effect == 0 || m_services.OLEDropMode() != 2) return event->ignore();
+    if (RaiseDrop(event, std::nullopt).value_or(0) == 0 || m_services.OLEDropMode() != 2)
+        return event->ignore();
     QLineEdit::dropEvent(event);
 }
 
