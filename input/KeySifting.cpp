@@ -32,9 +32,11 @@ std::u16string Literal(std::u16string_view separator) {
 
 KeyPressOutcome SiftNumericKey(char16_t key, std::u16string current, int32_t selStart, int32_t selLength,
     const Settings& settings, const TypeFlags& flags, const LocaleInfo& locale) {
-    KeyPressOutcome outcome { KeyCode(key), false, std::nullopt };
     const std::u16string decimal = DecimalSeparator(locale);
     const std::u16string thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+    // A space typed where the locale groups with a no-break space becomes that separator.
+    if (!thousands.empty() && key != thousands[0] && IsGroupSeparator(key, thousands[0])) key = thousands[0];
+    KeyPressOutcome outcome { KeyCode(key), false, std::nullopt };
     const bool isDecimal = key == decimal[0];
     const bool isThousands = !thousands.empty() && key == thousands[0];
     const bool floating = flags.TypeIsSingle || flags.TypeIsDouble;

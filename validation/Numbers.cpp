@@ -15,15 +15,6 @@ bool IsDigit(char16_t c) {
 bool IsBlank(char16_t c) {
     return c == u' ' || c == u'\t';
 }
-bool IsSpaceLike(char16_t c) {
-    return c == u' ' || c == 0x00A0 || c == 0x202F || c == 0x2009;
-}
-
-bool IsGroupSeparator(char16_t c, const LocaleInfo& locale) {
-    if (c == locale.groupSeparator) return true;
-    // Locales that group with a narrow or no-break space are typed with an ordinary space.
-    return IsSpaceLike(locale.groupSeparator) && IsSpaceLike(c);
-}
 
 // The ASCII text "[-]<digits>e<exponent>" that std::from_chars reads.
 std::string ScientificAscii(const ParsedNumber& number) {
@@ -133,8 +124,8 @@ std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleIn
         if (IsDigit(text[i])) {
             all += static_cast<char>(text[i]);
             ++wholeDigits;
-        } else if (IsGroupSeparator(text[i], locale) && text[i] != locale.decimalSeparator && wholeDigits > 0
-            && i + 1 < n && IsDigit(text[i + 1])) {
+        } else if (IsGroupSeparator(text[i], locale.groupSeparator) && text[i] != locale.decimalSeparator
+            && wholeDigits > 0 && i + 1 < n && IsDigit(text[i + 1])) {
             continue;
         } else {
             break;

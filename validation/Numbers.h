@@ -57,6 +57,17 @@ struct ParsedNumber {
 /// The decimal text of an integer.
 [[nodiscard]] std::u16string FormatInteger(int64_t value);
 
+/// True for the spaces a locale may group digits with (ordinary, no-break, narrow no-break, thin): where the
+/// locale groups with one of them, a typed ordinary space stands for it.
+[[nodiscard]] constexpr bool IsSpaceLike(char16_t c) noexcept {
+    return c == u' ' || c == 0x00A0 || c == 0x202F || c == 0x2009;
+}
+
+/// True when `c` is the group separator `separator`, or a space standing for a space-like separator.
+[[nodiscard]] constexpr bool IsGroupSeparator(char16_t c, char16_t separator) noexcept {
+    return c == separator || (IsSpaceLike(separator) && IsSpaceLike(c));
+}
+
 /// The locale's decimal separator as a one-character text.
 [[nodiscard]] std::u16string DecimalSeparator(const LocaleInfo& locale);
 

@@ -48,7 +48,7 @@ ShapeScan Scan(std::u16string_view text, const NumberShape& shape, char16_t deci
                 if (!sawDecimal) scan.wholeValue = std::min(scan.wholeValue * 10 + (c - u'0'), saturation);
             }
             afterGroup = false;
-        } else if (shape.group != 0 && c == shape.group && !sawDecimal && !sawExponent) {
+        } else if (shape.group != 0 && IsGroupSeparator(c, shape.group) && !sawDecimal && !sawExponent) {
             if (mantissaDigits == 0 || afterGroup) return scan;
             afterGroup = true;
         } else if (shape.decimalAllowed && c == decimalSeparator && !sawDecimal && !sawExponent) {

@@ -131,6 +131,11 @@ TEST(SiftKeyPress, UsesTheLocaleDecimalSeparator) {
     flags.NumericMode = flags.TypeIsDouble = true;
     EXPECT_EQ(SiftKeyPress(u',', u"1", 1, 0, settings, flags, german).keyAscii, u',');
     EXPECT_EQ(SiftKeyPress(u'.', u"1", 1, 0, settings, flags, german).keyAscii, 0);
+    // French groups with a narrow no-break space; a typed space stands for it.
+    settings.ThousandSeparator = vldTSAllowed;
+    const LocaleInfo french = LocaleInfo::FromName("fr_FR");
+    EXPECT_EQ(SiftKeyPress(u' ', u"1", 1, 0, settings, flags, french).keyAscii, 0x202F);
+    EXPECT_EQ(SiftKeyPress(u' ', u"1\u202F", 2, 0, settings, flags, french).keyAscii, 0);
 }
 
 } // namespace
