@@ -38,13 +38,14 @@ std::array<Part, 3> PartsInOrder(DateOrder order) {
 }
 
 // Whether a component can still be (or grow into) a valid part; `complete` when a separator followed it.
+// The parser reads every part with up to four digits, so a day or a month may carry leading zeros.
 bool ComponentFits(Part part, const Component& c, bool complete) {
     if (c.digits == 0) return !complete;
     switch (part) {
     case Part::Day:
-        return c.digits <= 2 && c.value <= 31 && (!complete || c.value >= 1);
+        return c.value <= 31 && (!complete || c.value >= 1);
     case Part::Month:
-        return c.digits <= 2 && c.value <= 12 && (!complete || c.value >= 1);
+        return c.value <= 12 && (!complete || c.value >= 1);
     default:
         return c.digits <= 4 && (!complete || c.digits != 3 || c.value >= 100);
     }
@@ -67,6 +68,8 @@ bool DateShapeTest(std::u16string_view text, const LocaleInfo& locale) {
             return false;
         }
     }
+    // A lone first number of one or two digits may still grow into a year, whatever it reads as now.
+    if (count == 1 && components[0].digits <= 2) return true;
     // A first number of three or more digits is a year and puts the parts in year, month, day order.
     const std::array<Part, 3> parts
         = components[0].digits >= 3 ? PartsInOrder(DateOrder::YearMonthDay) : PartsInOrder(locale.dateOrder);

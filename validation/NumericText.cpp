@@ -45,7 +45,12 @@ ShapeScan Scan(std::u16string_view text, const NumberShape& shape, char16_t deci
         if (IsDigit(c)) {
             if (!sawExponent) {
                 ++mantissaDigits;
-                if (!sawDecimal) scan.wholeValue = std::min(scan.wholeValue * 10 + (c - u'0'), saturation);
+                // Held at the saturation before multiplying: from 2^64 / 10 on the product would wrap around,
+                // and a twenty-digit whole part could pass for a small one.
+                if (!sawDecimal)
+                    scan.wholeValue = scan.wholeValue >= saturation / 10
+                        ? saturation
+                        : std::min(scan.wholeValue * 10 + static_cast<uint64_t>(c - u'0'), saturation);
             }
             afterGroup = false;
         } else if (shape.group != 0 && IsGroupSeparator(c, shape.group) && !sawDecimal && !sawExponent) {

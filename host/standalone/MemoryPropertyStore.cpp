@@ -20,6 +20,9 @@ constexpr std::array<std::string_view, 12> kKindNames = { "Empty", "Boolean", "S
 // recurses once per nesting level, so the depth has to be refused while reading, not afterwards.
 class BoundedTreeBuilder {
 public:
+    explicit BoundedTreeBuilder(size_t byteCount)
+        : m_byteCount(byteCount) { }
+
     bool null() { return Add(Json(nullptr)); }
     bool boolean(bool value) { return Add(Json(value)); }
     bool number_integer(Json::number_integer_t value) { return Add(Json(value)); }
@@ -30,8 +33,13 @@ public:
     bool start_object(std::size_t) { return false; }
     bool key(Json::string_t&) { return false; }
     bool end_object() { return false; }
-    bool start_array(std::size_t) {
+    bool start_array(std::size_t count) {
         if (m_open.size() >= MemoryPropertyStore::MaxDepth) return false;
+        // Every item takes at least one byte, and each item read so far, this array's head included, took
+        // one: a declared count beyond what is left cannot be met and is refused before the items are read.
+        const size_t read = m_items + 1;
+        const size_t left = read < m_byteCount ? m_byteCount - read : 0;
+        if (count != kIndefiniteCount && count > left) return false;
         if (!Add(Json::array())) return false;
         m_open.push_back(m_last);
         return true;
@@ -58,6 +66,10 @@ private:
         return true;
     }
 
+    // How the reader reports an array whose length is not declared.
+    static constexpr size_t kIndefiniteCount = static_cast<size_t>(-1);
+
+    size_t m_byteCount;
     std::vector<Json*> m_open;
     Json* m_last = nullptr;
     size_t m_items = 0;
@@ -259,7 +271,7 @@ ByteArray MemoryPropertyStore::ToBytes() const {
 
 std::optional<MemoryPropertyStore> MemoryPropertyStore::FromBytes(std::span<const uint8_t> bytes) {
     if (bytes.size() > MaxBytes) return std::nullopt;
-    BoundedTreeBuilder builder;
+    BoundedTreeBuilder builder(bytes.size());
     try {
         if (!Json::sax_parse(bytes.begin(), bytes.end(), &builder, Json::input_format_t::cbor))
             return std::nullopt;

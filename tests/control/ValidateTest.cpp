@@ -77,6 +77,8 @@ const ValidateCase kCases[] = {
         u"1e3", true, u"1E+3", std::nullopt },
     { "exponent refused before any rewrite", [](Quillmar& f) { f.SetMustBeType(vldDouble); }, u"1e3", false,
         u"1000", Box(u"A number is required.\r\nClosest value inserted.") },
+    { "large number stays in digits", [](Quillmar& f) { f.SetMustBeType(vldDouble); },
+        u"150000000000000000000.0", true, u"150000000000000000000", std::nullopt },
     { "date in full", [](Quillmar& f) { f.SetMustBeType(vldDate); }, u"1/2/03", true, u"1/2/2003",
         std::nullopt },
     { "no type: always valid", [](Quillmar& f) { f.SetRequiredField(true); }, u"", true, u"", std::nullopt },

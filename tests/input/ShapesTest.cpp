@@ -49,6 +49,7 @@ TEST(DateShapeTest, FollowsTheLocaleOrder) {
     const LocaleInfo german = LocaleInfo::FromName("de_DE");
     EXPECT_TRUE(DateShapeTest(u"31.12.2004", german));
     EXPECT_FALSE(DateShapeTest(u"12.31", german));
+    EXPECT_TRUE(DateShapeTest(u"9.011", german)); // the parser reads a day or month with leading zeros
     EXPECT_FALSE(DateShapeTest(u"31.12.2004", american));
 }
 

@@ -130,6 +130,8 @@ TEST(EvaluateRules, LongTextWithEveryCharacterRule) {
 // The text, its type, whether the exponent form is allowed, and whether the text passes: beginnings of
 // numbers pass; texts that can no longer become a number of the type fail.
 const std::tuple<std::u16string, int32_t, bool, bool> kWholeTextCases[] = {
+    { u"18446744073719103230", vldLong, false,
+        false }, // twenty digits must not wrap around to a small number
     // Signs and groups.
     { u"", vldInteger, false, true }, { u"-", vldInteger, false, true }, { u"-", vldByte, false, false },
     { u"1,", vldLong, false, true }, { u"1,,", vldLong, false, false }, { u",1", vldLong, false, false },
