@@ -4,6 +4,7 @@
 #include "validation/ClosestValue.h"
 #include "validation/Conversions.h"
 #include "validation/Messages.h"
+#include "validation/Numbers.h"
 #include "validation/NumericAnalysis.h"
 #include "validation/TextCase.h"
 
@@ -34,6 +35,16 @@ bool IsEmptyValue(const Variant& value) {
     return value.IsEmpty() || value.IsEmptyString();
 }
 
+// The plain text of a converted value; a single or double is written in digits even when large or small, so
+// that a field without the exponent form does not get a text it refuses.
+std::u16string UnderstoodText(const Variant& value, const LocaleInfo& locale) {
+    if (value.kind() == Variant::Kind::Double)
+        return FormatDouble(value.AsDouble(), locale, 0, NumberLayout::Plain);
+    if (value.kind() == Variant::Kind::Single)
+        return FormatSingle(value.AsSingle(), locale, NumberLayout::Plain);
+    return TextOf(value, locale);
+}
+
 } // namespace
 
 void Quillmar::WriteTextCaretAtEnd(std::u16string_view text) {
@@ -53,7 +64,7 @@ bool Quillmar::Validate() {
             const bool scientific = m_settings.AllowScientificFormat
                 && (m_settings.MustBeType == vldSingle || m_settings.MustBeType == vldDouble)
                 && UpperCase(text).find(u'E') != std::u16string::npos;
-            WriteTextCaretAtEnd(scientific ? FormatScientific(value, locale) : TextOf(value, locale));
+            WriteTextCaretAtEnd(scientific ? FormatScientific(value, locale) : UnderstoodText(value, locale));
         }
         if (!value.IsEmpty()) bits = RulesOf(m_host.editBox.Text());
         if (bits == 0) {

@@ -50,14 +50,15 @@ template <typename Float> std::optional<Float> ReadFloat(const ParsedNumber& num
 }
 
 // Lays out significant digits `digits` whose leading digit has the power of ten `exp10`.
-std::u16string LayOut(bool negative, std::string_view digits, int exp10, const LocaleInfo& locale) {
+std::u16string LayOut(
+    bool negative, std::string_view digits, int exp10, const LocaleInfo& locale, NumberLayout layout) {
     std::u16string text;
     if (negative) text += u'-';
     auto append = [&](std::string_view ascii) {
         for (char c : ascii)
             text += static_cast<char16_t>(c);
     };
-    if (exp10 >= -5 && exp10 < 15) {
+    if (layout == NumberLayout::Plain || (exp10 >= -5 && exp10 < 15)) {
         if (exp10 < 0) {
             text += u'0';
             text += locale.decimalSeparator;
@@ -85,7 +86,8 @@ std::u16string LayOut(bool negative, std::string_view digits, int exp10, const L
 }
 
 // Splits the output of std::to_chars in scientific form ("d.ddde+XX") and lays it out.
-std::u16string LayOutScientific(const char* first, const char* last, const LocaleInfo& locale) {
+std::u16string LayOutScientific(
+    const char* first, const char* last, const LocaleInfo& locale, NumberLayout layout) {
     const std::string_view out(first, static_cast<size_t>(last - first));
     const size_t e = out.find('e');
     std::string digits;
@@ -102,7 +104,7 @@ std::u16string LayOutScientific(const char* first, const char* last, const Local
     int exp10 = 0;
     std::from_chars(out.data() + e + 1 + (out[e + 1] == '+' ? 1 : 0), out.data() + out.size(), exp10);
     if (digits == "0") return u"0";
-    return LayOut(negative, digits, exp10, locale);
+    return LayOut(negative, digits, exp10, locale, layout);
 }
 
 } // namespace
@@ -217,7 +219,7 @@ std::optional<float> ToSingle(const ParsedNumber& number) noexcept {
     }
 }
 
-std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant) {
+std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant, NumberLayout layout) {
     if (!std::isfinite(value)) return {};
     if (value == 0) return u"0";
     char buffer[64];
@@ -225,15 +227,15 @@ std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSigni
         ? std::to_chars(
             buffer, buffer + sizeof buffer, value, std::chars_format::scientific, maxSignificant - 1)
         : std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
-    return LayOutScientific(buffer, result.ptr, locale);
+    return LayOutScientific(buffer, result.ptr, locale, layout);
 }
 
-std::u16string FormatSingle(float value, const LocaleInfo& locale) {
+std::u16string FormatSingle(float value, const LocaleInfo& locale, NumberLayout layout) {
     if (!std::isfinite(value)) return {};
     if (value == 0) return u"0";
     char buffer[64];
     const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
-    return LayOutScientific(buffer, result.ptr, locale);
+    return LayOutScientific(buffer, result.ptr, locale, layout);
 }
 
 std::u16string FormatCurrency(Currency value, const LocaleInfo& locale) {

@@ -41,14 +41,21 @@ struct ParsedNumber {
 /// The number rounded once to the nearest 32-bit float; nullopt beyond the float range.
 [[nodiscard]] std::optional<float> ToSingle(const ParsedNumber& number) noexcept;
 
+/// How a number's text is laid out: plain digits for everyday magnitudes and exponent form beyond them, or
+/// plain digits always (for fields that do not take the exponent form).
+enum class NumberLayout { Natural, Plain };
+
 /// The text of a double with the locale's decimal separator and no grouping: the shortest text that reads
 /// back as the same double, or, when `maxSignificant` is 1 to 17, the value rounded to that many significant
-/// digits with trailing zeros dropped. Plain digits for magnitudes from 1E-5 up to below 1E+15, otherwise
-/// one digit, the separator, the fraction and "E+n" or "E-n". Non-finite values give the empty text.
-[[nodiscard]] std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant = 0);
+/// digits with trailing zeros dropped. In the natural layout, plain digits for magnitudes from 1E-5 up to
+/// below 1E+15, otherwise one digit, the separator, the fraction and "E+n" or "E-n"; in the plain layout,
+/// plain digits at every magnitude. Non-finite values give the empty text.
+[[nodiscard]] std::u16string FormatDouble(double value, const LocaleInfo& locale, int maxSignificant = 0,
+    NumberLayout layout = NumberLayout::Natural);
 
 /// The shortest text that reads back as the same 32-bit float (laid out as `FormatDouble`).
-[[nodiscard]] std::u16string FormatSingle(float value, const LocaleInfo& locale);
+[[nodiscard]] std::u16string FormatSingle(
+    float value, const LocaleInfo& locale, NumberLayout layout = NumberLayout::Natural);
 
 /// The text of a currency amount: the whole part, then the separator and up to four decimals
 /// without trailing zeros.
