@@ -34,8 +34,14 @@ std::string Shown(const Json& value) {
     return text;
 }
 
+// A name in double quotes, its line breaks and other control characters escaped as JSON writes them, so that
+// an error stays one line whatever a damaged file holds.
+std::string Quoted(std::string_view utf8) {
+    return Json(std::string(utf8)).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string Quoted(std::u16string_view text) {
-    return "\"" + ToUtf8(text) + "\"";
+    return Quoted(ToUtf8(text));
 }
 
 // Where a fault lies: the source, then the control and the entry once they are known.
@@ -50,6 +56,9 @@ struct Location {
         if (!control.empty()) line += "control " + control + (entry.empty() ? ": " : ", ");
         if (!entry.empty()) line += "entry " + entry + ": ";
         line += what;
+        // A fault's own description never breaks the line either.
+        for (char& c : line)
+            if (static_cast<unsigned char>(c) < 0x20) c = ' ';
         return line;
     }
 };
@@ -334,7 +343,7 @@ bool ReadEntries(const Json& properties, Location& where, MemoryPropertyStore& s
         return false;
     }
     for (const auto& [key, entry] : properties.items()) {
-        where.entry = "\"" + key + "\"";
+        where.entry = Quoted(key);
         const auto key16 = FromUtf8(key);
         std::string fault = "the key is not UTF-8";
         auto value = key16 ? EntryFromJson(entry, fault) : std::nullopt;
