@@ -45,40 +45,21 @@ size_t ListEnd(const std::string& pattern, size_t open) {
     return i + 1;
 }
 
-// fnmatch reads lists and wildcards the same way; `#` becomes a digit list and backslash, its escape
-// character, is escaped. `[]` has no counterpart and `[!]` becomes `?`.
-std::string ToFnmatch(const std::string& pattern) {
-    std::string out;
-    for (size_t p = 0; p < pattern.size();) {
-        const char ch = pattern[p];
-        if (ch == '[') {
-            const size_t end = ListEnd(pattern, p);
-            const size_t body = pattern[p + 1] == '!' ? p + 2 : p + 1;
-            if (body + 1 == end) {
-                out += body == p + 2 ? "?" : "";
-            } else {
-                out += body == p + 2 ? "[!" : "[";
-                for (size_t i = body; i + 1 < end; ++i) {
-                    if (pattern[i] == '\\' || pattern[i] == '[') out += '\\';
-                    out += pattern[i];
-                }
-                out += ']';
-            }
-            p = end;
-            continue;
-        }
-        if (ch == '#') {
-            out += "[0-9]";
-        } else {
-            if (ch == '\\') out += '\\';
-            out += ch;
-        }
-        ++p;
-    }
-    return out;
-}
+// How a peer writes what our pattern language says. Both peers read lists as we do; `#` becomes a digit list.
+struct Dialect {
+    std::string_view star;
+    std::string_view one;
+    std::string_view anyOne; // our `[!]`: any one character
+    std::string_view negatedList;
+    std::string_view escapedInList;
+    std::string_view escapedOutside;
+};
 
-std::string ToRegex(const std::string& pattern) {
+// fnmatch: backslash, its escape character, is escaped; `[]` has no counterpart.
+constexpr Dialect kFnmatch { "*", "?", "?", "[!", "\\[", "\\" };
+constexpr Dialect kRegex { ".*", ".", ".", "[^", "\\[]^", "\\^$.|?*+()[]{}/" };
+
+std::string Translate(const std::string& pattern, const Dialect& dialect) {
     std::string out;
     for (size_t p = 0; p < pattern.size();) {
         const char ch = pattern[p];
@@ -86,11 +67,11 @@ std::string ToRegex(const std::string& pattern) {
             const size_t end = ListEnd(pattern, p);
             const size_t body = pattern[p + 1] == '!' ? p + 2 : p + 1;
             if (body + 1 == end) {
-                out += body == p + 2 ? "." : "";
+                if (body == p + 2) out += dialect.anyOne;
             } else {
-                out += body == p + 2 ? "[^" : "[";
+                out += body == p + 2 ? dialect.negatedList : "[";
                 for (size_t i = body; i + 1 < end; ++i) {
-                    if (std::string_view("\\[]^").find(pattern[i]) != std::string_view::npos) out += '\\';
+                    if (dialect.escapedInList.find(pattern[i]) != std::string_view::npos) out += '\\';
                     out += pattern[i];
                 }
                 out += ']';
@@ -99,18 +80,25 @@ std::string ToRegex(const std::string& pattern) {
             continue;
         }
         if (ch == '*') {
-            out += ".*";
+            out += dialect.star;
         } else if (ch == '?') {
-            out += '.';
+            out += dialect.one;
         } else if (ch == '#') {
             out += "[0-9]";
         } else {
-            if (std::string_view("\\^$.|?*+()[]{}/").find(ch) != std::string_view::npos) out += '\\';
+            if (dialect.escapedOutside.find(ch) != std::string_view::npos) out += '\\';
             out += ch;
         }
         ++p;
     }
     return out;
+}
+
+std::string ToFnmatch(const std::string& pattern) {
+    return Translate(pattern, kFnmatch);
+}
+std::string ToRegex(const std::string& pattern) {
+    return Translate(pattern, kRegex);
 }
 
 // Runs `call` once in a child process. Empty when it answered `expected` in time, otherwise what went
