@@ -60,6 +60,15 @@ void WeakKeyNumber(benchmark::State& state) {
     Keystrokes(state, vldDouble, vldWeak);
 }
 
+// A host that follows the user's locale asks for its facts at every use, so at least once per keystroke.
+void LocaleLookup(benchmark::State& state) {
+    const char* const names[] = { "en_US", "de_DE.UTF-8", "fr_FR" };
+    size_t i = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(LocaleInfo::FromName(names[i++ % 3]));
+}
+
+BENCHMARK(LocaleLookup);
 BENCHMARK(StrongChangeText)->Arg(100)->Arg(10000)->Arg(100000);
 BENCHMARK(StrongChangeNumber)->Arg(100)->Arg(10000)->Arg(100000);
 BENCHMARK(WeakKeyText)->Arg(100)->Arg(10000)->Arg(100000);

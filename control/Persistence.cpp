@@ -180,7 +180,8 @@ void Quillmar::ReadProperties(const PropertyStore& store) {
     s.FinalValidationActive = ReadBoolean(store, u"FinalValidationActive", true);
     s.ValidCharactersSet = ReadString(store, u"ValidCharactersSet", u"");
     const FontDesc ambientFont = m_host.container.AmbientFont();
-    box.SetFont(DecodeFont(store.ReadProperty(u"Font", EncodeFont(ambientFont)), ambientFont));
+    // A missing font reads as the ambient font; decoding falls back to it, so it need not be encoded first.
+    box.SetFont(DecodeFont(store.ReadProperty(u"Font", Variant()), ambientFont));
     s.OnlyLettersWithSpace = ReadBoolean(store, u"OnlyLettersWithSpace", false);
     s.ExtraExcludedCharacters = ReadString(store, u"ExtraExcludedCharacters", u"");
     s.ExtraIncludedCharacters = ReadString(store, u"ExtraIncludedCharacters", u"");

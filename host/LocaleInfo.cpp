@@ -9,7 +9,9 @@
 #include <unicode/unistr.h>
 
 #include <cstdlib>
+#include <map>
 #include <memory>
+#include <mutex>
 
 namespace quillmar {
 
@@ -117,12 +119,11 @@ void ReadTime(const icu::Locale& locale, LocaleInfo& info) {
     info.pm = ToU16(strings[1]);
 }
 
-} // namespace
-
-LocaleInfo LocaleInfo::FromName(std::string_view name) {
+// Reads the facts from ICU: a number format, a date format and the date symbols, about a hundred
+// microseconds of work.
+LocaleInfo ReadFromIcu(const std::string& base) {
     LocaleInfo info;
     try {
-        std::string base = BaseName(name);
         icu::Locale locale(base.c_str());
         if (locale.isBogus()) return info;
         info.name = locale.getName();
@@ -133,6 +134,46 @@ LocaleInfo LocaleInfo::FromName(std::string_view name) {
     } catch (...) {
         // ICU itself does not throw, but the copies into std::string may run out of memory; the facts
         // read so far stand and the rest keep their defaults.
+    }
+    return info;
+}
+
+// ICU's locale data does not change while the process runs, so the facts of a name are read once. Hosts
+// still ask at every use, which is what lets a change of the user's locale take effect at once; the
+// cache only spares them the formatter construction. Names come from the environment, the desktop and
+// form files, so the cache is bounded: past its size, further names are read each time.
+constexpr size_t kCachedLocales = 64;
+
+struct LocaleCache {
+    std::mutex mutex;
+    std::map<std::string, LocaleInfo, std::less<>> entries;
+};
+
+LocaleCache& Cache() {
+    static LocaleCache cache;
+    return cache;
+}
+
+} // namespace
+
+LocaleInfo LocaleInfo::FromName(std::string_view name) {
+    std::string base;
+    try {
+        base = BaseName(name);
+    } catch (...) {
+        return LocaleInfo {};
+    }
+    LocaleCache& cache = Cache();
+    {
+        std::lock_guard lock(cache.mutex);
+        if (const auto found = cache.entries.find(base); found != cache.entries.end()) return found->second;
+    }
+    LocaleInfo info = ReadFromIcu(base);
+    try {
+        std::lock_guard lock(cache.mutex);
+        if (cache.entries.size() < kCachedLocales) cache.entries.emplace(std::move(base), info);
+    } catch (...) {
+        // Out of memory for the cache entry: the facts are still right, only not kept.
     }
     return info;
 }

@@ -9,7 +9,7 @@ namespace quillmar {
 enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
 
 /// The locale facts the conversions need, as a plain value. The host hands one to the control
-/// at every use, so a change of the user's locale takes effect at once; nothing is cached.
+/// at every use, so a change of the user's locale takes effect at once.
 struct LocaleInfo {
     /// The ICU name the facts were read for ("de_DE"); "en_US_POSIX" for the invariant locale.
     std::string name = "en_US_POSIX";
@@ -32,7 +32,8 @@ struct LocaleInfo {
     std::u16string pm = u"PM";
 
     /// The facts of the named locale ("de_DE", "fr_FR.UTF-8", "ja_JP"), read from ICU's CLDR data.
-    /// A name ICU does not know gives ICU's fallback (root) data; never throws.
+    /// A name ICU does not know gives ICU's fallback (root) data; never throws. The facts of each name are
+    /// read from ICU once per process (its data does not change) and then copied; safe from any thread.
     [[nodiscard]] static LocaleInfo FromName(std::string_view name);
 
     /// The locale of the process: the first non-empty of LC_ALL, LC_NUMERIC and LANG;
