@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace quillmar {
 namespace {
@@ -54,6 +56,25 @@ TEST(LocaleInfoTest, ReadsTheLocaleDesignators) {
     EXPECT_EQ(LocaleInfo::FromName("en_US").pm, u"PM");
     EXPECT_EQ(LocaleInfo::FromName("en_GB").pm, u"pm");
     EXPECT_EQ(LocaleInfo::FromName("ja_JP").am, u"午前");
+}
+
+// Hosts ask for the facts at every use, from any thread, and form files can name any number of locales:
+// the answer for a name stays the same however many other names were asked for before or at once.
+TEST(LocaleInfoTest, AnswersStayTheSameAcrossThreadsAndManyNames) {
+    const LocaleInfo german = LocaleInfo::FromName("de_DE");
+    std::vector<std::thread> threads;
+    std::vector<int> mismatches(4, 0);
+    for (int t = 0; t < 4; ++t)
+        threads.emplace_back([t, &german, &mismatches] {
+            for (int i = 0; i < 100; ++i) {
+                (void)LocaleInfo::FromName("xx_" + std::to_string(t * 100 + i));
+                if (LocaleInfo::FromName("de_DE.UTF-8") != german) ++mismatches[t];
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(mismatches, std::vector<int>(4, 0));
+    EXPECT_EQ(LocaleInfo::FromName("fr_FR").groupSeparator, u'\u202F');
 }
 
 // Sets the locale variables for one test and puts the previous values back afterwards.
