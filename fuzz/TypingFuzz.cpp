@@ -129,13 +129,13 @@ public:
     Driver(Quillmar& control, StandaloneHost& host, const LocaleInfo& locale)
         : m_c(control)
         , m_box(host.editBox)
-        , m_locale(locale) { }
+        , m_locale(locale)
+        , m_valid(control.CheckInput() == 0) { }
 
     // One step; the opcode byte comes first.
     void Step(ByteReader& in) {
         const std::u16string before = m_box.Text();
         const std::u16string savedBefore = m_c.state().SavedText;
-        const bool validBefore = m_c.CheckInput() == 0;
         const unsigned opcode = in.Pick(21);
         const bool validates = opcode == 16 || opcode == 17;
         switch (opcode) {
@@ -195,7 +195,6 @@ public:
             break;
         case 16:
             m_box.LeaveField();
-            AfterValidation(before, validBefore);
             break;
         case 18:
             m_box.HoverAt(Position(in));
@@ -217,17 +216,21 @@ public:
                 Require(m_c.Validate() && m_box.Text() == understood, "a second Validate changes the text",
                     understood, m_box.Text());
             }
-            AfterValidation(before, validBefore);
             break;
         }
         }
-        CheckAgreement();
-        if (!validates && SiftedStrongly()) {
-            const std::u16string text = m_box.Text();
-            Require(Typeable(text) || text == before || text == savedBefore,
+        // The text and the rules stay as they are until the next step, so what is found here is also what
+        // the next step starts from.
+        const int32_t bits = CheckAgreement();
+        const std::u16string text = m_box.Text();
+        const bool typeable = Typeable(text);
+        if (validates)
+            AfterValidation(before, bits, typeable);
+        else if (SiftedStrongly())
+            Require(typeable || text == before || text == savedBefore,
                 "strong sifting let through a text the whole-text test refuses", before, text);
-        }
-        m_typeable = Typeable(m_box.Text());
+        m_typeable = typeable;
+        m_valid = bits == 0;
     }
 
 private:
@@ -243,26 +246,31 @@ private:
         return text.empty() || WholeTextTest(text, m_c.state(), m_c.settings(), m_locale);
     }
 
-    void CheckAgreement() const {
+    // Returns what CheckInput found.
+    [[nodiscard]] int32_t CheckAgreement() const {
         const int32_t bits = m_c.CheckInput();
-        Require(m_c.IsValid() == (bits <= 0), "IsValid disagrees with CheckInput", m_box.Text());
+        const bool valid = m_c.IsValid();
+        Require(valid == (bits <= 0), "IsValid disagrees with CheckInput", m_box.Text());
         if (m_c.MustBeType() == vldUnspecified)
-            Require(m_c.IsValid() && bits == 0, "a field without a type is not valid", m_box.Text());
+            Require(valid && bits == 0, "a field without a type is not valid", m_box.Text());
+        return bits;
     }
 
     // A valid, typeable text that validation rewrites as understood stays typeable. Corrective actions may
     // write what the user could not have typed (a text field's default goes in unchecked), so only a text
     // that was valid before is held to this.
-    void AfterValidation(std::u16string_view before, bool validBefore) const {
-        if (!SiftedStrongly() || !m_typeable || !validBefore || m_c.CheckInput() != 0) return;
-        Require(Typeable(m_box.Text()), "validation rewrote a valid text into one that cannot be typed",
-            before, m_box.Text());
+    // `bits` and `typeable` describe the text after validation; the members still describe the one before.
+    void AfterValidation(std::u16string_view before, int32_t bits, bool typeable) const {
+        if (!SiftedStrongly() || !m_typeable || !m_valid || bits != 0) return;
+        Require(
+            typeable, "validation rewrote a valid text into one that cannot be typed", before, m_box.Text());
     }
 
     Quillmar& m_c;
     standalone::MemoryEditBox& m_box;
     const LocaleInfo& m_locale;
     bool m_typeable = true;
+    bool m_valid;
     bool m_savedAndLoaded = false;
 };
 
