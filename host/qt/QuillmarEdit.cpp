@@ -10,8 +10,11 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QStyle>
+#include <QValidator>
 
+#include <algorithm>
 #include <atomic>
+#include <limits>
 
 namespace quillmar::qt {
 namespace {
@@ -131,6 +134,41 @@ QString TextOf(const DataObject& data) {
     return text.IsString() ? ToQString(text.AsString()) : QString();
 }
 
+/// Holds the user's edits to the field's MaxLength as a native edit box does: a key that would make the text
+/// longer than the limit is refused, and a paste, drop or input-method text is cut to the room left. A text
+/// the program writes is kept whole, however long; the rules then report it as too long. QLineEdit's own
+/// limit cannot do this: it cuts programmatic texts too.
+class LengthLimit final : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& pos) const override {
+        if (programmatic || limit <= 0 || input.size() <= limit || input.size() <= previous.size())
+            return Acceptable;
+        // The edit replaced the middle of the previous text: what both texts begin and end with stayed.
+        const qsizetype shorter = previous.size();
+        qsizetype head = 0;
+        while (head < shorter && input[head] == previous[head])
+            ++head;
+        qsizetype tail = 0;
+        while (
+            tail < shorter - head && input[input.size() - 1 - tail] == previous[previous.size() - 1 - tail])
+            ++tail;
+        const qsizetype room = limit - head - tail;
+        if (room <= 0) return Invalid; // nothing fits: the edit is undone whole
+        input = input.left(head + room) + input.right(tail);
+        pos = static_cast<int>(head + room);
+        return Acceptable;
+    }
+
+    /// The most characters the user may bring the text to; 0 for no limit.
+    qsizetype limit = 0;
+    /// True while the control itself writes the text.
+    bool programmatic = false;
+    /// The text before the edit being checked.
+    QString previous;
+};
+
 } // namespace
 
 /// Everything the control needs from its host, done with Qt, and the bridge that turns the control's events
@@ -163,7 +201,10 @@ public:
     // Edit box.
     void SetEvents(EditBoxEvents* events) override { m_events = events; }
     [[nodiscard]] std::u16string Text() const override { return FromQString(m_edit->text()); }
-    void SetText(std::u16string_view text) override { m_edit->setText(ToQString(text)); }
+    void SetText(std::u16string_view text) override {
+        const Programmatic write(*m_limit);
+        m_edit->setText(ToQString(text));
+    }
     [[nodiscard]] int32_t SelStart() const override {
         return m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
     }
@@ -175,11 +216,12 @@ public:
             start, std::clamp<int32_t>(length, 0, static_cast<int32_t>(m_edit->text().size()) - start));
     }
     [[nodiscard]] std::u16string SelText() const override { return FromQString(m_edit->selectedText()); }
-    void SetSelText(std::u16string_view text) override { m_edit->insert(ToQString(text)); }
-    [[nodiscard]] int32_t MaxLength() const override {
-        return m_edit->maxLength() >= kNoLimit ? 0 : m_edit->maxLength();
+    void SetSelText(std::u16string_view text) override {
+        const Programmatic write(*m_limit);
+        m_edit->insert(ToQString(text));
     }
-    void SetMaxLength(int32_t length) override { m_edit->setMaxLength(length <= 0 ? kNoLimit : length); }
+    [[nodiscard]] int32_t MaxLength() const override { return static_cast<int32_t>(m_limit->limit); }
+    void SetMaxLength(int32_t length) override { m_limit->limit = std::max(length, 0); }
     [[nodiscard]] int16_t Alignment() const override { return m_alignment; }
     void SetAlignment(int16_t value) override;
     [[nodiscard]] int16_t Appearance() const override { return m_appearance; }
@@ -302,12 +344,28 @@ public:
     std::function<void()> m_aboutBox;
 
 private:
-    static constexpr int32_t kNoLimit = 32767;
+    // Marks the text writes that come from the control rather than from the user.
+    struct Programmatic {
+        explicit Programmatic(LengthLimit& limit)
+            : m_limit(limit)
+            , m_was(limit.programmatic) {
+            limit.programmatic = true;
+        }
+        ~Programmatic() { m_limit.programmatic = m_was; }
+        Programmatic(const Programmatic&) = delete;
+        Programmatic& operator=(const Programmatic&) = delete;
+
+    private:
+        LengthLimit& m_limit;
+        bool m_was;
+    };
+
     void ApplyFrame();
     void ApplyCursor();
     void ApplyColours();
 
     EditBoxEvents* m_events = nullptr;
+    LengthLimit* m_limit = nullptr;
     int32_t m_handle = NextHandle();
     int16_t m_alignment = 0;
     int16_t m_appearance = 1;
@@ -369,10 +427,14 @@ private:
 QtServices::QtServices(QuillmarEdit& owner)
     : m_owner(owner) {
     m_edit = new QuillmarLineEdit(*this, &owner);
-    m_edit->setMaxLength(kNoLimit);
+    // The line edit takes any length; the user's edits are held to MaxLength by the validator.
+    m_edit->setMaxLength(std::numeric_limits<int>::max());
+    m_limit = new LengthLimit(m_edit);
+    m_edit->setValidator(m_limit);
     m_owner.setFocusProxy(m_edit);
     m_owner.setFocusPolicy(Qt::StrongFocus);
-    QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this] {
+    QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this](const QString& text) {
+        m_limit->previous = text;
         if (m_events) m_events->OnChange();
     });
 }

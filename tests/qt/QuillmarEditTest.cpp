@@ -8,6 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
+// Failures show texts as text.
+void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
 namespace quillmar::qt {
 namespace {
 
@@ -93,6 +100,27 @@ TEST_F(Form, CtrlVIsNotSiftedKeyByKey) {
     QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(quantity->Text(), QStringLiteral("abc"));
     EXPECT_EQ(beeps, 0);
+}
+
+TEST_F(Form, MaxLengthHoldsTheUserButNotTheProgram) {
+    QuillmarEdit* code = AddField("Code", vldString, vldWeak);
+    code->SetMaxLength(5);
+    code->SetText(QStringLiteral("ABCDEFG")); // a text the program writes is kept whole
+    EXPECT_EQ(code->Text(), QStringLiteral("ABCDEFG"));
+    EXPECT_EQ(code->CheckInput(), vldCCMaxLength);
+    ShowAndFocus(code);
+    QTest::keyClick(code->lineEdit(), Qt::Key_End);
+    QTest::keyClicks(code->lineEdit(), QStringLiteral("H")); // no room: the key does nothing
+    EXPECT_EQ(code->Text(), QStringLiteral("ABCDEFG"));
+    code->SetText(QStringLiteral("AB"));
+    code->lineEdit()->setCursorPosition(1);
+    QApplication::clipboard()->setText(QStringLiteral("xyzw"));
+    QTest::keyClick(code->lineEdit(), Qt::Key_V, Qt::ControlModifier); // a paste is cut to the room left
+    EXPECT_EQ(code->Text(), QStringLiteral("AxyzB"));
+    EXPECT_EQ(code->SelStart(), 4);
+    QTest::keyClicks(code->lineEdit(), QStringLiteral("Q"));
+    EXPECT_EQ(code->Text(), QStringLiteral("AxyzB"));
+    EXPECT_EQ(code->MaxLength(), 5);
 }
 
 TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
