@@ -134,19 +134,19 @@ QString TextOf(const DataObject& data) {
     return text.IsString() ? ToQString(text.AsString()) : QString();
 }
 
-/// Holds the user's edits to the field's MaxLength as a native edit box does: a key that would make the text
-/// longer than the limit is refused, and a paste, drop or input-method text is cut to the room left. A text
-/// the program writes is kept whole, however long; the rules then report it as too long. QLineEdit's own
-/// limit cannot do this: it cuts programmatic texts too.
-class LengthLimit final : public QValidator {
+/// Holds the user's edits to what a native single-line edit box takes: a pasted, dropped or input-method text
+/// goes in up to its first line break, and no further than MaxLength allows (a key that would pass the limit
+/// is refused; a longer text is cut to the room left). A text the program writes is kept whole, however long
+/// and whatever it holds; the rules then report it. QLineEdit's own limit cannot do this: it cuts
+/// programmatic texts too.
+class UserEditLimits final : public QValidator {
 public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& pos) const override {
-        if (programmatic || limit <= 0 || input.size() <= limit || input.size() <= previous.size())
-            return Acceptable;
+        if (programmatic || input == previous) return Acceptable;
         // The edit replaced the middle of the previous text: what both texts begin and end with stayed.
-        const qsizetype shorter = previous.size();
+        const qsizetype shorter = std::min(input.size(), previous.size());
         qsizetype head = 0;
         while (head < shorter && input[head] == previous[head])
             ++head;
@@ -154,10 +154,16 @@ public:
         while (
             tail < shorter - head && input[input.size() - 1 - tail] == previous[previous.size() - 1 - tail])
             ++tail;
-        const qsizetype room = limit - head - tail;
-        if (room <= 0) return Invalid; // nothing fits: the edit is undone whole
-        input = input.left(head + room) + input.right(tail);
-        pos = static_cast<int>(head + room);
+        qsizetype inserted = input.size() - head - tail;
+        for (qsizetype i = head; i < head + inserted; ++i)
+            if (input[i] == u'\r' || input[i] == u'\n') inserted = i - head;
+        if (limit > 0 && input.size() > previous.size() && head + inserted + tail > limit)
+            inserted = std::max<qsizetype>(limit - head - tail, 0);
+        if (head + inserted + tail == input.size()) return Acceptable;
+        // Nothing of the edit left to make: it is undone whole.
+        if (inserted == 0 && head + tail == previous.size()) return Invalid;
+        input = input.left(head + inserted) + input.right(tail);
+        pos = static_cast<int>(head + inserted);
         return Acceptable;
     }
 
@@ -346,7 +352,7 @@ public:
 private:
     // Marks the text writes that come from the control rather than from the user.
     struct Programmatic {
-        explicit Programmatic(LengthLimit& limit)
+        explicit Programmatic(UserEditLimits& limit)
             : m_limit(limit)
             , m_was(limit.programmatic) {
             limit.programmatic = true;
@@ -356,7 +362,7 @@ private:
         Programmatic& operator=(const Programmatic&) = delete;
 
     private:
-        LengthLimit& m_limit;
+        UserEditLimits& m_limit;
         bool m_was;
     };
 
@@ -365,7 +371,7 @@ private:
     void ApplyColours();
 
     EditBoxEvents* m_events = nullptr;
-    LengthLimit* m_limit = nullptr;
+    UserEditLimits* m_limit = nullptr;
     int32_t m_handle = NextHandle();
     int16_t m_alignment = 0;
     int16_t m_appearance = 1;
@@ -427,9 +433,9 @@ private:
 QtServices::QtServices(QuillmarEdit& owner)
     : m_owner(owner) {
     m_edit = new QuillmarLineEdit(*this, &owner);
-    // The line edit takes any length; the user's edits are held to MaxLength by the validator.
+    // The line edit takes any text; the user's edits are held to one line and to MaxLength by the validator.
     m_edit->setMaxLength(std::numeric_limits<int>::max());
-    m_limit = new LengthLimit(m_edit);
+    m_limit = new UserEditLimits(m_edit);
     m_edit->setValidator(m_limit);
     m_owner.setFocusProxy(m_edit);
     m_owner.setFocusPolicy(Qt::StrongFocus);

@@ -186,15 +186,19 @@ void MemoryEditBox::PressNavigation(int16_t virtualKey, int16_t shift) {
     if (m_events) m_events->OnKeyUp(keyCode, keyShift);
 }
 
-void MemoryEditBox::Paste(std::u16string_view text) {
-    if (m_locked) return;
+std::u16string MemoryEditBox::Fitted(std::u16string_view text) const {
     std::u16string line(text.substr(0, text.find_first_of(u"\r\n")));
     if (m_maxLength > 0) {
         const size_t room = static_cast<size_t>(m_maxLength)
             - std::min(static_cast<size_t>(m_maxLength), m_text.size() - static_cast<size_t>(m_selLength));
         line.resize(std::min(line.size(), room));
     }
-    ReplaceSelection(line);
+    return line;
+}
+
+void MemoryEditBox::Paste(std::u16string_view text) {
+    if (m_locked) return;
+    ReplaceSelection(Fitted(text));
 }
 
 void MemoryEditBox::PasteWithKeys(std::u16string_view text) {
@@ -279,7 +283,7 @@ void MemoryEditBox::DropText(int32_t position, std::u16string_view text) {
     // An automatic drop target inserts the text where it was dropped.
     if (m_oleDropMode == 2 && effect != 0 && !m_locked) {
         Select(position, position);
-        ReplaceSelection(TextOfFormat(data));
+        ReplaceSelection(Fitted(TextOfFormat(data)));
     }
 }
 

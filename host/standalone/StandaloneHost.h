@@ -61,7 +61,8 @@ public:
     void DoubleClickAt(int32_t position);
     /// The mouse moves over a character position without a button held.
     void HoverAt(int32_t position);
-    /// Something holding the text is dragged over a character position and dropped there.
+    /// Something holding the text is dragged over a character position and dropped there; an automatic drop
+    /// target inserts it as a paste would (up to its first line break, cut to `MaxLength`).
     void DropText(int32_t position, std::u16string_view text);
     /// The focus moves to another control of the form.
     void LeaveField();
@@ -126,6 +127,9 @@ public:
 private:
     void Replace(std::u16string text, int32_t caret);
     void ReplaceSelection(std::u16string_view inserted);
+    /// What of a pasted or dropped text the box takes in place of its selection: the first line, as much of
+    /// it as `MaxLength` leaves room for.
+    [[nodiscard]] std::u16string Fitted(std::u16string_view text) const;
     void Select(int32_t anchor, int32_t caret);
 
     EditBoxEvents* m_events = nullptr;

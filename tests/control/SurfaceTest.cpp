@@ -67,6 +67,12 @@ TEST_F(Surface, FormMayChangeTheArgumentsOfAnEvent) {
     control.SetEventListener(&events);
     host.editBox.DropText(0, u"xy");
     EXPECT_EQ(control.Text(), u"xy");
+    // A drop goes in as a paste would: its first line, cut to the room left.
+    control.SetMaxLength(5);
+    host.editBox.DropText(1, u"12\r\n3");
+    EXPECT_EQ(control.Text(), u"x12y");
+    host.editBox.DropText(0, u"345");
+    EXPECT_EQ(control.Text(), u"3x12y");
 }
 
 TEST_F(Surface, MethodsReachTheHost) {

@@ -123,6 +123,19 @@ TEST_F(Form, MaxLengthHoldsTheUserButNotTheProgram) {
     EXPECT_EQ(code->MaxLength(), 5);
 }
 
+TEST_F(Form, PasteTakesTheFirstLineOnly) {
+    QuillmarEdit* notes = AddField("Notes", vldString, vldWeak);
+    ShowAndFocus(notes);
+    QTest::keyClicks(notes->lineEdit(), QStringLiteral("ab"));
+    QTest::keyClick(notes->lineEdit(), Qt::Key_Left);
+    QApplication::clipboard()->setText(QStringLiteral("12\r\n34"));
+    QTest::keyClick(notes->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
+    QApplication::clipboard()->setText(QStringLiteral("\nlost"));
+    QTest::keyClick(notes->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
+}
+
 TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
     QuillmarEdit* code = AddField("Code", vldString, vldWeak);
     code->SetOnlyLetters(true);
