@@ -135,8 +135,8 @@ QString TextOf(const DataObject& data) {
 }
 
 /// Holds the user's edits to what a native single-line edit box takes: a pasted, dropped or input-method text
-/// goes in up to its first line break, and no further than MaxLength allows (a key that would pass the limit
-/// is refused; a longer text is cut to the room left). A text the program writes is kept whole, however long
+/// goes in up to its first line break and is cut to the room MaxLength leaves beside the rest of the text; a
+/// typed key that does not fit is refused. A text the program writes is kept whole, however long
 /// and whatever it holds; the rules then report it. QLineEdit's own limit cannot do this: it cuts
 /// programmatic texts too.
 class UserEditLimits final : public QValidator {
@@ -144,21 +144,33 @@ public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& pos) const override {
-        if (programmatic || input == previous) return Acceptable;
-        // The edit replaced the middle of the previous text: what both texts begin and end with stayed.
-        const qsizetype shorter = std::min(input.size(), previous.size());
-        qsizetype head = 0;
-        while (head < shorter && input[head] == previous[head])
-            ++head;
-        qsizetype tail = 0;
-        while (
-            tail < shorter - head && input[input.size() - 1 - tail] == previous[previous.size() - 1 - tail])
-            ++tail;
+        if (programmatic) return Acceptable;
+        // The edit replaced the selection (or nothing, at the caret) of the previous text with what now ends
+        // at the caret. When the two texts do not bear that out (an undo, say), what both begin and end with
+        // is taken to have stayed.
+        qsizetype head = previousStart;
+        qsizetype tail = input.size() - pos;
+        const bool fromSelection = pos >= 0 && head >= 0 && head <= pos && tail >= 0
+            && head + tail <= previous.size()
+            && QStringView(input).left(head) == QStringView(previous).left(head)
+            && QStringView(input).right(tail) == QStringView(previous).right(tail);
+        if (!fromSelection) {
+            const qsizetype shorter = std::min(input.size(), previous.size());
+            head = 0;
+            while (head < shorter && input[head] == previous[head])
+                ++head;
+            tail = 0;
+            while (tail < shorter - head
+                && input[input.size() - 1 - tail] == previous[previous.size() - 1 - tail])
+                ++tail;
+        }
         qsizetype inserted = input.size() - head - tail;
         for (qsizetype i = head; i < head + inserted; ++i)
             if (input[i] == u'\r' || input[i] == u'\n') inserted = i - head;
-        if (limit > 0 && input.size() > previous.size() && head + inserted + tail > limit)
+        if (limit > 0 && inserted > limit - head - tail) {
+            if (typing) return Invalid; // a key that does not fit is refused
             inserted = std::max<qsizetype>(limit - head - tail, 0);
+        }
         if (head + inserted + tail == input.size()) return Acceptable;
         // Nothing of the edit left to make: it is undone whole.
         if (inserted == 0 && head + tail == previous.size()) return Invalid;
@@ -171,8 +183,11 @@ public:
     qsizetype limit = 0;
     /// True while the control itself writes the text.
     bool programmatic = false;
-    /// The text before the edit being checked.
+    /// True while a typed character goes in.
+    bool typing = false;
+    /// The text before the edit being checked, and where its selection (or the caret) began.
     QString previous;
+    qsizetype previousStart = 0;
 };
 
 } // namespace
@@ -337,6 +352,7 @@ public:
     void Change() override { emit m_owner.Change(); }
 
     [[nodiscard]] EditBoxEvents* Events() const { return m_events; }
+    [[nodiscard]] UserEditLimits& Limits() const { return *m_limit; }
     /// True while the field's own message box or about box is open: the focus it takes is not leaving.
     [[nodiscard]] bool InOwnDialog() const { return m_dialogsOpen > 0; }
     [[nodiscard]] bool Resizing() const { return m_resizing; }
@@ -422,6 +438,8 @@ private:
     using MouseHandler = void (EditBoxEvents::*)(int16_t&, int16_t&, float&, float&);
 
     EditBoxEvents* Events() const { return m_services.Events(); }
+    /// Lets the line edit act on a key whose character the form and the control left as `keyAscii`.
+    void InsertKey(QKeyEvent* event, int16_t typed, int16_t keyAscii);
     void RaiseMouse(MouseHandler handler, const QMouseEvent& event);
     /// Raises the drag-over event (with its state) or, without one, the drop; the effect the form left, or
     /// nullopt when there is nothing to drop.
@@ -439,8 +457,17 @@ QtServices::QtServices(QuillmarEdit& owner)
     m_edit->setValidator(m_limit);
     m_owner.setFocusProxy(m_edit);
     m_owner.setFocusPolicy(Qt::StrongFocus);
-    QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this](const QString& text) {
+    // The validator needs the text and the selection as they were before each edit; QLineEdit reports them
+    // after its checks, so what was last reported is what an edit starts from.
+    const auto recordSelection = [this] {
+        m_limit->previousStart
+            = m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
+    };
+    QObject::connect(m_edit, &QLineEdit::cursorPositionChanged, &m_owner, recordSelection);
+    QObject::connect(m_edit, &QLineEdit::selectionChanged, &m_owner, recordSelection);
+    QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this, recordSelection](const QString& text) {
         m_limit->previous = text;
+        recordSelection();
         if (m_events) m_events->OnChange();
     });
 }
@@ -571,6 +598,14 @@ void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
     int16_t keyAscii = typed;
     events->OnKeyPress(keyAscii);
     if (keyAscii == 0) return event->accept();
+    UserEditLimits& limits = m_services.Limits();
+    const bool wasTyping = limits.typing;
+    limits.typing = static_cast<uint16_t>(keyAscii) >= 32;
+    InsertKey(event, typed, keyAscii);
+    limits.typing = wasTyping;
+}
+
+void QuillmarLineEdit::InsertKey(QKeyEvent* event, int16_t typed, int16_t keyAscii) {
     if (keyAscii == typed) return QLineEdit::keyPressEvent(event);
     // The form or the control changed the key: the changed character is what the box receives.
     const char16_t changed = static_cast<char16_t>(static_cast<uint16_t>(keyAscii));

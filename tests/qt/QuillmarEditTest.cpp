@@ -1,4 +1,6 @@
 #include "host/qt/QuillmarEdit.h"
+#include "host/qt/QtConversions.h"
+#include "host/standalone/StandaloneHost.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -9,10 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <random>
 
-// Failures show texts as text.
+// Failures show texts as text, line breaks as \\n.
 void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
+    *out << '"' << QString(text).replace(u'\n', QStringLiteral("\\n")).toStdString() << '"';
 }
 
 namespace quillmar::qt {
@@ -134,6 +137,54 @@ TEST_F(Form, PasteTakesTheFirstLineOnly) {
     QApplication::clipboard()->setText(QStringLiteral("\nlost"));
     QTest::keyClick(notes->lineEdit(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
+}
+
+// The Qt field and the in-memory edit box take pastes and keys alike: the same first line, cut to the same
+// room beside the rest of the text, the same refused keys and the same caret, also when the program wrote a
+// text longer than the limit or one holding line breaks.
+TEST_F(Form, PastesAndKeysAgreeWithTheMemoryEditBox) {
+    QuillmarEdit* field = AddField("Field", vldUnspecified, vldNone);
+    ShowAndFocus(field);
+    standalone::StandaloneHost host("en_US");
+    Quillmar model(host.Services());
+    std::mt19937 random(7);
+    const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto text = [&](int most) {
+        std::u16string made;
+        for (int n = pick(most + 1); n > 0; --n)
+            made.push_back(u"ab\n"[pick(3)]);
+        return made;
+    };
+    for (int round = 0; round < 400; ++round) {
+        const int limit = pick(6);
+        const std::u16string start = text(8);
+        const int selStart = pick(static_cast<int>(start.size()) + 1);
+        const int selLength = pick(static_cast<int>(start.size()) - selStart + 1);
+        field->SetMaxLength(limit);
+        field->SetText(ToQString(start));
+        field->SetSelStart(selStart);
+        field->SetSelLength(selLength);
+        model.SetMaxLength(limit);
+        model.SetText(start);
+        model.SetSelStart(selStart);
+        model.SetSelLength(selLength);
+        std::u16string edit;
+        if (pick(3) == 0) {
+            edit = u"ab"[pick(2)];
+            QTest::keyClick(field->lineEdit(), static_cast<char>(edit[0]));
+            host.editBox.TypeKey(edit[0]);
+        } else {
+            edit = text(5);
+            QApplication::clipboard()->setText(ToQString(edit));
+            field->lineEdit()->paste();
+            host.editBox.Paste(edit);
+        }
+        SCOPED_TRACE(::testing::Message()
+            << "limit " << limit << ", text " << ::testing::PrintToString(ToQString(start)) << ", selection "
+            << selStart << "+" << selLength << ", edit " << ::testing::PrintToString(ToQString(edit)));
+        ASSERT_EQ(field->Text(), ToQString(model.Text()));
+        ASSERT_EQ(field->SelStart(), model.SelStart());
+    }
 }
 
 TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
