@@ -465,10 +465,13 @@ QtServices::QtServices(QuillmarEdit& owner)
     };
     QObject::connect(m_edit, &QLineEdit::cursorPositionChanged, &m_owner, recordSelection);
     QObject::connect(m_edit, &QLineEdit::selectionChanged, &m_owner, recordSelection);
+    // QLineEdit also reports an edit that left the text as it was (a character typed over itself); the field
+    // reports changes of the text only.
     QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this, recordSelection](const QString& text) {
+        const bool changed = text != m_limit->previous;
         m_limit->previous = text;
         recordSelection();
-        if (m_events) m_events->OnChange();
+        if (changed && m_events) m_events->OnChange();
     });
 }
 

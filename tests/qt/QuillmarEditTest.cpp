@@ -12,6 +12,7 @@
 
 #include <ostream>
 #include <random>
+#include <utility>
 
 // Failures show texts as text, line breaks as \\n.
 void PrintTo(const QString& text, std::ostream* out) {
@@ -139,10 +140,11 @@ TEST_F(Form, PasteTakesTheFirstLineOnly) {
     EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
 }
 
-// The Qt field and the in-memory edit box take pastes and keys alike: the same first line, cut to the same
-// room beside the rest of the text, the same refused keys and the same caret, also when the program wrote a
-// text longer than the limit or one holding line breaks.
-TEST_F(Form, PastesAndKeysAgreeWithTheMemoryEditBox) {
+// The Qt field and the in-memory edit box, given the same rules and the same keys and pastes, end with the
+// same text, selection and beeps: the same sifting and repairs, the same first line of a paste cut to the
+// same room, the same refused keys, also after the program wrote a text longer than the limit or one holding
+// line breaks.
+TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
     QuillmarEdit* field = AddField("Field", vldUnspecified, vldNone);
     ShowAndFocus(field);
     standalone::StandaloneHost host("en_US");
@@ -152,38 +154,79 @@ TEST_F(Form, PastesAndKeysAgreeWithTheMemoryEditBox) {
     const auto text = [&](int most) {
         std::u16string made;
         for (int n = pick(most + 1); n > 0; --n)
-            made.push_back(u"ab\n"[pick(3)]);
+            made.push_back(u"12-.a/\n"[pick(7)]);
         return made;
     };
-    for (int round = 0; round < 400; ++round) {
-        const int limit = pick(6);
+    constexpr int32_t kTypes[] = { vldUnspecified, vldString, vldInteger, vldDouble, vldDate };
+    constexpr std::pair<Qt::Key, int16_t> kMoves[]
+        = { { Qt::Key_Left, standalone::VK_LEFT }, { Qt::Key_Right, standalone::VK_RIGHT },
+              { Qt::Key_Home, standalone::VK_HOME }, { Qt::Key_End, standalone::VK_END } };
+    for (int round = 0; round < 1000; ++round) {
+        const int32_t type = kTypes[pick(5)];
+        const auto sifting = static_cast<InputSiftingConstants>(pick(3));
+        const int limit = pick(7);
         const std::u16string start = text(8);
         const int selStart = pick(static_cast<int>(start.size()) + 1);
         const int selLength = pick(static_cast<int>(start.size()) - selStart + 1);
+        field->SetMustBeType(type);
+        field->SetInputSifting(sifting);
         field->SetMaxLength(limit);
         field->SetText(ToQString(start));
         field->SetSelStart(selStart);
         field->SetSelLength(selLength);
+        model.SetMustBeType(type);
+        model.SetInputSifting(sifting);
         model.SetMaxLength(limit);
         model.SetText(start);
         model.SetSelStart(selStart);
         model.SetSelLength(selLength);
-        std::u16string edit;
-        if (pick(3) == 0) {
-            edit = u"ab"[pick(2)];
-            QTest::keyClick(field->lineEdit(), static_cast<char>(edit[0]));
-            host.editBox.TypeKey(edit[0]);
-        } else {
-            edit = text(5);
-            QApplication::clipboard()->setText(ToQString(edit));
-            field->lineEdit()->paste();
-            host.editBox.Paste(edit);
+        beeps = 0;
+        host.alerts.beeps = 0;
+        ::testing::Message script;
+        script << "type " << type << ", sifting " << sifting << ", limit " << limit << ", text "
+               << ::testing::PrintToString(ToQString(start)) << ", selection " << selStart << "+"
+               << selLength;
+        for (int step = 0; step < 6; ++step) {
+            switch (pick(5)) {
+            case 0: {
+                const char key = "12-.a/"[pick(6)];
+                script << ", key " << key;
+                QTest::keyClick(field->lineEdit(), key);
+                host.editBox.TypeKey(static_cast<char16_t>(key));
+                break;
+            }
+            case 1:
+                script << ", Backspace";
+                QTest::keyClick(field->lineEdit(), Qt::Key_Backspace);
+                host.editBox.PressBackspace();
+                break;
+            case 2:
+                script << ", Delete";
+                QTest::keyClick(field->lineEdit(), Qt::Key_Delete);
+                host.editBox.PressDelete();
+                break;
+            case 3: {
+                const auto [qtKey, virtualKey] = kMoves[pick(4)];
+                const bool shift = pick(2) == 1;
+                script << ", move " << virtualKey << (shift ? " with Shift" : "");
+                QTest::keyClick(field->lineEdit(), qtKey, shift ? Qt::ShiftModifier : Qt::NoModifier);
+                host.editBox.PressNavigation(virtualKey, shift ? 1 : 0);
+                break;
+            }
+            default: {
+                const std::u16string pasted = text(5);
+                script << ", paste " << ::testing::PrintToString(ToQString(pasted));
+                QApplication::clipboard()->setText(ToQString(pasted));
+                field->lineEdit()->paste();
+                host.editBox.Paste(pasted);
+            }
+            }
+            SCOPED_TRACE(script);
+            ASSERT_EQ(field->Text(), ToQString(model.Text()));
+            ASSERT_EQ(field->SelStart(), model.SelStart());
+            ASSERT_EQ(field->SelLength(), model.SelLength());
+            ASSERT_EQ(beeps, host.alerts.beeps);
         }
-        SCOPED_TRACE(::testing::Message()
-            << "limit " << limit << ", text " << ::testing::PrintToString(ToQString(start)) << ", selection "
-            << selStart << "+" << selLength << ", edit " << ::testing::PrintToString(ToQString(edit)));
-        ASSERT_EQ(field->Text(), ToQString(model.Text()));
-        ASSERT_EQ(field->SelStart(), model.SelStart());
     }
 }
 
