@@ -140,7 +140,7 @@ TEST_F(Form, PasteTakesTheFirstLineOnly) {
     EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
 }
 
-// The Qt field and the in-memory edit box, given the same rules and the same keys and pastes, end with the
+// The Qt field and the in-memory edit box, given the same rules, keys, pastes and cuts, end with the
 // same text, selection and beeps: the same sifting and repairs, the same first line of a paste cut to the
 // same room, the same refused keys, also after the program wrote a text longer than the limit or one holding
 // line breaks.
@@ -187,7 +187,7 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
                << ::testing::PrintToString(ToQString(start)) << ", selection " << selStart << "+"
                << selLength;
         for (int step = 0; step < 6; ++step) {
-            switch (pick(5)) {
+            switch (pick(7)) {
             case 0: {
                 const char key = "12-.a/"[pick(6)];
                 script << ", key " << key;
@@ -213,12 +213,23 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
                 host.editBox.PressNavigation(virtualKey, shift ? 1 : 0);
                 break;
             }
+            case 4:
+                script << ", Ctrl+X";
+                QTest::keyClick(field->lineEdit(), Qt::Key_X, Qt::ControlModifier);
+                host.editBox.CutWithKeys();
+                break;
             default: {
                 const std::u16string pasted = text(5);
-                script << ", paste " << ::testing::PrintToString(ToQString(pasted));
+                const bool keys = pick(2) == 1;
+                script << (keys ? ", Ctrl+V " : ", paste ") << ::testing::PrintToString(ToQString(pasted));
                 QApplication::clipboard()->setText(ToQString(pasted));
-                field->lineEdit()->paste();
-                host.editBox.Paste(pasted);
+                if (keys) {
+                    QTest::keyClick(field->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+                    host.editBox.PasteWithKeys(pasted);
+                } else {
+                    field->lineEdit()->paste();
+                    host.editBox.Paste(pasted);
+                }
             }
             }
             SCOPED_TRACE(script);
