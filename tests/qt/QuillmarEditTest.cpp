@@ -151,45 +151,46 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
     Quillmar model(host.Services());
     std::mt19937 random(7);
     const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    constexpr char kKeys[] = "12-.a/:, e";
     const auto text = [&](int most) {
         std::u16string made;
         for (int n = pick(most + 1); n > 0; --n)
-            made.push_back(u"12-.a/\n"[pick(7)]);
+            made.push_back(pick(8) == 0 ? u'\n' : static_cast<char16_t>(kKeys[pick(10)]));
         return made;
     };
-    constexpr int32_t kTypes[] = { vldUnspecified, vldString, vldInteger, vldDouble, vldDate };
     constexpr std::pair<Qt::Key, int16_t> kMoves[]
         = { { Qt::Key_Left, standalone::VK_LEFT }, { Qt::Key_Right, standalone::VK_RIGHT },
               { Qt::Key_Home, standalone::VK_HOME }, { Qt::Key_End, standalone::VK_END } };
     for (int round = 0; round < 1000; ++round) {
-        const int32_t type = kTypes[pick(5)];
+        const int32_t type = pick(10);
         const auto sifting = static_cast<InputSiftingConstants>(pick(3));
         const int limit = pick(7);
+        const int rules = pick(16);
         const std::u16string start = text(8);
         const int selStart = pick(static_cast<int>(start.size()) + 1);
         const int selLength = pick(static_cast<int>(start.size()) - selStart + 1);
-        field->SetMustBeType(type);
-        field->SetInputSifting(sifting);
-        field->SetMaxLength(limit);
-        field->SetText(ToQString(start));
-        field->SetSelStart(selStart);
-        field->SetSelLength(selLength);
-        model.SetMustBeType(type);
-        model.SetInputSifting(sifting);
-        model.SetMaxLength(limit);
-        model.SetText(start);
-        model.SetSelStart(selStart);
-        model.SetSelLength(selLength);
+        for (Quillmar* control : { &field->control(), &model }) {
+            control->SetMustBeType(type);
+            control->SetMustBeUpperCase((rules & 1) != 0);
+            control->SetMustBeNegative((rules & 2) != 0 && type != vldByte);
+            control->SetMaxNumberOfDecimals((rules & 4) != 0 ? 1 : 0);
+            control->SetThousandSeparator((rules & 8) != 0 ? 1 : 0);
+            control->SetInputSifting(sifting);
+            control->SetMaxLength(limit);
+            control->SetText(start);
+            control->SetSelStart(selStart);
+            control->SetSelLength(selLength);
+        }
         beeps = 0;
         host.alerts.beeps = 0;
         ::testing::Message script;
-        script << "type " << type << ", sifting " << sifting << ", limit " << limit << ", text "
-               << ::testing::PrintToString(ToQString(start)) << ", selection " << selStart << "+"
+        script << "type " << type << ", rules " << rules << ", sifting " << sifting << ", limit " << limit
+               << ", text " << ::testing::PrintToString(ToQString(start)) << ", selection " << selStart << "+"
                << selLength;
         for (int step = 0; step < 6; ++step) {
             switch (pick(7)) {
             case 0: {
-                const char key = "12-.a/"[pick(6)];
+                const char key = kKeys[pick(10)];
                 script << ", key " << key;
                 QTest::keyClick(field->lineEdit(), key);
                 host.editBox.TypeKey(static_cast<char16_t>(key));
