@@ -1,6 +1,6 @@
 // A field with fuzzed rules, driven through the standalone edit box as a person would drive it: typing,
 // deleting, moving, selecting, pasting, cutting, dropping, clicking, hovering, dragging, leaving the field,
-// and validating.
+// and validating, while the form's program now and then writes its Text, Value, SelText or MaxLength.
 // After every step:
 //  - IsValid agrees with CheckInput (and is true for a field without a type);
 //  - a Validate that returns true leaves a text the rules accept, which a second Validate keeps as it is;
@@ -136,8 +136,10 @@ public:
     void Step(ByteReader& in) {
         const std::u16string before = m_box.Text();
         const std::u16string savedBefore = m_c.state().SavedText;
-        const unsigned opcode = in.Pick(21);
+        const unsigned opcode = in.Pick(22);
         const bool validates = opcode == 16 || opcode == 17;
+        // The program may write any text; the whole-text test holds the user only.
+        const bool programWrites = opcode == 21;
         switch (opcode) {
         case 0:
         case 1:
@@ -206,6 +208,9 @@ public:
             if (!m_savedAndLoaded) CheckSaveAndLoad(m_c, m_locale);
             m_savedAndLoaded = true;
             break;
+        case 21:
+            ProgramWrite(in);
+            break;
         default: {
             const bool valid = m_c.Validate();
             if (valid && m_c.MustBeType() != vldUnspecified && m_c.FinalValidationActive()) {
@@ -226,7 +231,7 @@ public:
         const bool typeable = Typeable(text);
         if (validates)
             AfterValidation(before, bits, typeable);
-        else if (SiftedStrongly())
+        else if (SiftedStrongly() && !programWrites)
             Require(typeable || text == before || text == savedBefore,
                 "strong sifting let through a text the whole-text test refuses", before, text);
         m_typeable = typeable;
@@ -234,6 +239,27 @@ public:
     }
 
 private:
+    // The form's program writes to the field while the user edits it.
+    void ProgramWrite(ByteReader& in) {
+        switch (in.Pick(5)) {
+        case 0:
+            m_c.SetText(in.Text(kMaxTextLength));
+            break;
+        case 1:
+            m_c.SetValue(Variant(in.Text(kMaxTextLength)));
+            break;
+        case 2:
+            m_c.SetValue(Variant(static_cast<double>(static_cast<int8_t>(in.Byte())) / 4));
+            break;
+        case 3:
+            m_c.SetSelText(in.Text(kMaxTextLength));
+            break;
+        default:
+            m_c.SetMaxLength(static_cast<int32_t>(in.Pick(20)));
+            break;
+        }
+    }
+
     int32_t Position(ByteReader& in) {
         return static_cast<int32_t>(in.Byte() % (m_box.Text().size() + 3)) - 1;
     }
