@@ -140,10 +140,10 @@ TEST_F(Form, PasteTakesTheFirstLineOnly) {
     EXPECT_EQ(notes->Text(), QStringLiteral("a12b"));
 }
 
-// The Qt field and the in-memory edit box, given the same rules, keys, pastes and cuts, end with the
-// same text, selection and beeps: the same sifting and repairs, the same first line of a paste cut to the
-// same room, the same refused keys, also after the program wrote a text longer than the limit or one holding
-// line breaks.
+// The Qt field and the in-memory edit box, given the same rules, keys, pastes, cuts and validations, end
+// with the same text, selection, beeps and messages: the same sifting, repairs and corrections, the same
+// first line of a paste cut to the same room, the same refused keys, also after the program wrote a text
+// longer than the limit or one holding line breaks.
 TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
     QuillmarEdit* field = AddField("Field", vldUnspecified, vldNone);
     ShowAndFocus(field);
@@ -165,7 +165,7 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
         const int32_t type = pick(10);
         const auto sifting = static_cast<InputSiftingConstants>(pick(3));
         const int limit = pick(7);
-        const int rules = pick(16);
+        const int rules = pick(32);
         const std::u16string start = text(8);
         const int selStart = pick(static_cast<int>(start.size()) + 1);
         const int selLength = pick(static_cast<int>(start.size()) - selStart + 1);
@@ -175,6 +175,7 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
             control->SetMustBeNegative((rules & 2) != 0 && type != vldByte);
             control->SetMaxNumberOfDecimals((rules & 4) != 0 ? 1 : 0);
             control->SetThousandSeparator((rules & 8) != 0 ? 1 : 0);
+            control->SetMaxValue((rules & 16) != 0 ? u"5" : u"");
             control->SetInputSifting(sifting);
             control->SetMaxLength(limit);
             control->SetText(start);
@@ -183,12 +184,14 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
         }
         beeps = 0;
         host.alerts.beeps = 0;
+        shown.clear();
+        host.alerts.messages.clear();
         ::testing::Message script;
         script << "type " << type << ", rules " << rules << ", sifting " << sifting << ", limit " << limit
                << ", text " << ::testing::PrintToString(ToQString(start)) << ", selection " << selStart << "+"
                << selLength;
         for (int step = 0; step < 6; ++step) {
-            switch (pick(7)) {
+            switch (pick(8)) {
             case 0: {
                 const char key = kKeys[pick(10)];
                 script << ", key " << key;
@@ -215,6 +218,10 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
                 break;
             }
             case 4:
+                script << ", Validate";
+                EXPECT_EQ(field->control().Validate(), model.Validate());
+                break;
+            case 5:
                 script << ", Ctrl+X";
                 QTest::keyClick(field->lineEdit(), Qt::Key_X, Qt::ControlModifier);
                 host.editBox.CutWithKeys();
@@ -238,6 +245,13 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
             ASSERT_EQ(field->SelStart(), model.SelStart());
             ASSERT_EQ(field->SelLength(), model.SelLength());
             ASSERT_EQ(beeps, host.alerts.beeps);
+            ASSERT_EQ(shown.size(), host.alerts.messages.size());
+            if (!shown.empty()) {
+                // A Qt message box breaks lines at "\n" alone.
+                ASSERT_EQ(shown.back().text,
+                    ToQString(host.alerts.messages.back().text)
+                        .replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+            }
         }
     }
 }
