@@ -97,6 +97,20 @@ TEST_F(Field, StrongSiftingCutsExtraDecimalsAndTrims) {
     EXPECT_EQ(control.Text(), u"42");
 }
 
+TEST_F(Field, MaxLengthHoldsTheUserButNotTheProgram) {
+    Declare(vldString, vldWeak);
+    control.SetMaxLength(5);
+    control.SetText(u"ABCDEFG"); // kept whole; the rules report it
+    EXPECT_EQ(control.CheckInput(), vldCCMaxLength);
+    box.TypeKey(u'H'); // no room: the key does nothing
+    EXPECT_EQ(control.Text(), u"ABCDEFG");
+    control.SetText(u"AB");
+    control.SetSelStart(1);
+    box.Paste(u"xyzw\r\nv"); // the first line, cut to the room left
+    EXPECT_EQ(control.Text(), u"AxyzB");
+    EXPECT_EQ(control.SelStart(), 4);
+}
+
 TEST_F(Field, HostCanChangeOrCancelAKey) {
     struct Rewriter : standalone::RecordingEvents {
         void KeyPress(int16_t& key) override {
