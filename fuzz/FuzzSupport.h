@@ -5,6 +5,7 @@
 
 #include "host/LocaleInfo.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -102,12 +103,13 @@ inline const std::array<LocaleInfo, 3>& Locales() {
     return locales;
 }
 
-/// Splits an input at its first newline byte: the part before (a pattern, say) and the part after.
-inline std::pair<std::span<const uint8_t>, std::span<const uint8_t>> SplitAtNewline(
-    std::span<const uint8_t> bytes) {
-    for (size_t i = 0; i < bytes.size(); ++i)
-        if (bytes[i] == '\n') return { bytes.first(i), bytes.subspan(i + 1) };
-    return { bytes, {} };
+/// A pattern and a text: the units of the input before its first newline byte, and those after it.
+inline std::pair<std::u16string, std::u16string> PatternAndText(std::span<const uint8_t> bytes) {
+    size_t newline = 0;
+    while (newline < bytes.size() && bytes[newline] != '\n')
+        ++newline;
+    return { ByteReader(bytes.first(newline)).Rest(),
+        ByteReader(bytes.subspan(std::min(newline + 1, bytes.size()))).Rest() };
 }
 
 } // namespace quillmar::fuzz

@@ -120,9 +120,7 @@ bool ReferenceMatch(std::u16string_view text, const std::vector<Unit>& units) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace quillmar;
     using namespace quillmar::fuzz;
-    const auto [patternBytes, textBytes] = SplitAtNewline({ data, size });
-    const std::u16string pattern = ByteReader(patternBytes).Rest();
-    const std::u16string text = ByteReader(textBytes).Rest();
+    const auto [pattern, text] = PatternAndText({ data, size });
     if (pattern.size() > kMaxPatternLength || text.size() > kMaxTextLength) return 0;
 
     const auto units = ReadUnits(pattern);

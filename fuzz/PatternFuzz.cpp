@@ -24,9 +24,7 @@ std::u16string Escaped(std::u16string_view text) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace quillmar;
     using namespace quillmar::fuzz;
-    const auto [patternBytes, textBytes] = SplitAtNewline({ data, size });
-    const std::u16string pattern = ByteReader(patternBytes).Rest();
-    const std::u16string text = ByteReader(textBytes).Rest();
+    const auto [pattern, text] = PatternAndText({ data, size });
 
     const bool matched = MatchPattern(text, pattern);
     const detail::PatternMatchStats stats = detail::MatchPatternCounted(text, pattern);

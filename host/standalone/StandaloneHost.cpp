@@ -16,6 +16,19 @@ constexpr int16_t kShiftMask = 1;
 constexpr int16_t kCtrlMask = 2;
 constexpr float kCharacterWidth = 7;
 
+// The arguments of a pointer event over a character position, held in variables because the form may change
+// them and the next event of the same gesture passes them on.
+struct Pointer {
+    int16_t button;
+    int16_t shift;
+    float x;
+    float y;
+};
+
+Pointer PointerAt(int32_t position, int16_t button) {
+    return { button, 0, static_cast<float>(position) * kCharacterWidth, 5 };
+}
+
 std::string Arguments(std::initializer_list<double> values) {
     std::string text;
     for (double v : values) {
@@ -231,10 +244,7 @@ void MemoryEditBox::SelectAll() {
 }
 
 void MemoryEditBox::ClickAt(int32_t position) {
-    int16_t button = 1;
-    int16_t shift = 0;
-    float x = static_cast<float>(position) * kCharacterWidth;
-    float y = 5;
+    auto [button, shift, x, y] = PointerAt(position, 1);
     if (m_events) m_events->OnMouseDown(button, shift, x, y);
     Select(position, position);
     if (m_events) m_events->OnMouseUp(button, shift, x, y);
@@ -243,10 +253,7 @@ void MemoryEditBox::ClickAt(int32_t position) {
 
 void MemoryEditBox::DoubleClickAt(int32_t position) {
     ClickAt(position);
-    int16_t button = 1;
-    int16_t shift = 0;
-    float x = static_cast<float>(position) * kCharacterWidth;
-    float y = 5;
+    auto [button, shift, x, y] = PointerAt(position, 1);
     const auto isWordCharacter = [this](int32_t at) {
         return at >= 0 && at < static_cast<int32_t>(m_text.size()) && m_text[static_cast<size_t>(at)] != u' ';
     };
@@ -262,10 +269,7 @@ void MemoryEditBox::DoubleClickAt(int32_t position) {
 }
 
 void MemoryEditBox::HoverAt(int32_t position) {
-    int16_t button = 0;
-    int16_t shift = 0;
-    float x = static_cast<float>(position) * kCharacterWidth;
-    float y = 5;
+    auto [button, shift, x, y] = PointerAt(position, 0);
     if (m_events) m_events->OnMouseMove(button, shift, x, y);
 }
 
@@ -273,10 +277,7 @@ void MemoryEditBox::DropText(int32_t position, std::u16string_view text) {
     DataObject data;
     data.SetData(std::u16string(text), kTextFormat);
     int32_t effect = 1;
-    int16_t button = 1;
-    int16_t shift = 0;
-    float x = static_cast<float>(position) * kCharacterWidth;
-    float y = 5;
+    auto [button, shift, x, y] = PointerAt(position, 1);
     int16_t state = 0; // entering
     if (m_events) m_events->OnOLEDragOver(data, effect, button, shift, x, y, state);
     if (m_events) m_events->OnOLEDragDrop(data, effect, button, shift, x, y);

@@ -97,21 +97,6 @@ TEST_F(PropertyModel, WritersNotifyInTheDocumentedOrder) {
         (Names { u"MaxLength", u"FontBold", u"Enabled" })); // writers that hand over to the edit box
 }
 
-TEST_F(PropertyModel, TypeFlagsFollowTheType) {
-    const auto flagsOf = [](const ControlState& s) {
-        return std::vector<bool> { s.NumericMode, s.TypeIsByte, s.TypeIsInteger, s.TypeIsLong, s.TypeIsSingle,
-            s.TypeIsDouble, s.TypeIsCurrency, s.TypeIsDate, s.TypeIsTime };
-    };
-    for (int32_t type = vldTime; type >= vldUnspecified; --type) {
-        SCOPED_TRACE(type);
-        control.SetMustBeType(type);
-        std::vector<bool> expected(9, false);
-        expected[0] = type >= vldByte && type <= vldCurrency;
-        if (type >= vldByte) expected[static_cast<size_t>(type - 1)] = true;
-        EXPECT_EQ(flagsOf(control.state()), expected);
-    }
-}
-
 TEST_F(PropertyModel, SignRuleTurnsADateFieldIntoADoubleField) {
     control.SetMustBeType(vldDate);
     control.SetMinValue(u"12/31/2004");
