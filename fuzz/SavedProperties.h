@@ -17,6 +17,13 @@ struct NamedHost : standalone::StandaloneHost {
     NamedHost() { container.name = u"Text1"; }
 };
 
+/// The control's properties as it writes them.
+inline standalone::MemoryPropertyStore Saved(const Quillmar& control) {
+    standalone::MemoryPropertyStore store;
+    control.WriteProperties(store);
+    return store;
+}
+
 /// Stops the run unless the two saves hold the same bytes, printing the entries that differ.
 inline void RequireSameSave(const standalone::MemoryPropertyStore& first,
     const standalone::MemoryPropertyStore& second, const char* what) {

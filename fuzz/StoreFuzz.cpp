@@ -22,12 +22,6 @@ bool HoldsNaN(const Variant& value) {
     return value.kind() != Variant::Kind::Boolean && number && std::isnan(*number);
 }
 
-MemoryPropertyStore Saved(const Quillmar& control) {
-    MemoryPropertyStore store;
-    control.WriteProperties(store);
-    return store;
-}
-
 MemoryPropertyStore SavedAfterLoading(const MemoryPropertyStore& store) {
     NamedHost host;
     Quillmar control(host.Services());

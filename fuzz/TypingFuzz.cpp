@@ -101,9 +101,8 @@ void DeclareRules(Quillmar& c, StandaloneHost& host, ByteReader& in) {
     host.container.userMode = true;
 }
 
-MemoryPropertyStore Saved(const Quillmar& control) {
-    MemoryPropertyStore store;
-    control.WriteProperties(store);
+MemoryPropertyStore SavedWithoutSelection(const Quillmar& control) {
+    MemoryPropertyStore store = Saved(control);
     // Loading moves the caret after setting the selection length, which clears the selection: a length is
     // never loaded back, so it is left out of the comparison.
     store.WriteProperty(u"SelLength", int32_t { 0 }, int32_t { 0 });
@@ -111,7 +110,7 @@ MemoryPropertyStore Saved(const Quillmar& control) {
 }
 
 void CheckSaveAndLoad(const Quillmar& control, const LocaleInfo& locale) {
-    MemoryPropertyStore first = Saved(control);
+    MemoryPropertyStore first = SavedWithoutSelection(control);
     // Loading sets the type through its writer, which clears a sign rule a byte cannot hold: a byte field
     // made negative after its type loads without the rule.
     if (control.MustBeType() == vldByte) first.WriteProperty(u"MustBeNegative", false, false);
@@ -121,7 +120,7 @@ void CheckSaveAndLoad(const Quillmar& control, const LocaleInfo& locale) {
     host.locale.Set(locale);
     Quillmar loaded(host.Services());
     loaded.ReadProperties(*store);
-    RequireSameSave(first, Saved(loaded), "saved properties change on loading and saving");
+    RequireSameSave(first, SavedWithoutSelection(loaded), "saved properties change on loading and saving");
 }
 
 class Driver {
