@@ -2,6 +2,8 @@
 // the two lists and the font as nested stores.
 #include "control/Quillmar.h"
 
+#include "control/ListEncoding.h"
+
 #include "host/standalone/MemoryPropertyStore.h"
 
 #include <algorithm>
@@ -97,33 +99,6 @@ std::u16string IndexKey(size_t index) {
     return key;
 }
 
-// A list as a nested store: "NEl" the upper bound (left out when 0), then "1N", "2N", ... every slot.
-ByteArray EncodeList(const VariantArray& list) {
-    MemoryPropertyStore nested;
-    const size_t upperBound = std::min(list.empty() ? 0 : list.size() - 1, kMaxListUpperBound);
-    nested.WriteProperty(u"NEl", static_cast<int16_t>(upperBound), int16_t { 0 });
-    for (size_t i = 1; i <= upperBound; ++i)
-        nested.WriteProperty(IndexKey(i), list[i], Variant());
-    return nested.ToBytes();
-}
-
-// A list back from its entry: one empty slot for an absent, empty or unreadable entry or a count below 1.
-// A slot missing from the store ends the list there, so the declared count never makes the list larger than
-// the entries the bytes hold.
-VariantArray DecodeList(const Variant& stored) {
-    VariantArray list(1);
-    if (stored.kind() != Variant::Kind::Bytes || stored.AsBytes().empty()) return list;
-    const auto nested = MemoryPropertyStore::FromBytes(stored.AsBytes());
-    if (!nested) return list;
-    const int16_t upperBound = IntegerFrom<int16_t>(nested->ReadProperty(u"NEl", int16_t { 0 }), 0);
-    for (int i = 1; i <= upperBound; ++i) {
-        const Variant* slot = nested->Find(IndexKey(static_cast<size_t>(i)));
-        if (!slot) break;
-        list.push_back(*slot);
-    }
-    return list;
-}
-
 // The font as a nested store with every field written, so that two equal fonts give equal bytes.
 ByteArray EncodeFont(const FontDesc& font) {
     MemoryPropertyStore nested;
@@ -152,6 +127,33 @@ FontDesc DecodeFont(const Variant& stored, const FontDesc& fallback) {
 }
 
 } // namespace
+
+ByteArray EncodeList(const VariantArray& list) {
+    MemoryPropertyStore nested;
+    const size_t upperBound = std::min(list.empty() ? 0 : list.size() - 1, kMaxListUpperBound);
+    nested.WriteProperty(u"NEl", static_cast<int16_t>(upperBound), int16_t { 0 });
+    for (size_t i = 1; i <= upperBound; ++i)
+        nested.WriteProperty(IndexKey(i), list[i], Variant());
+    return nested.ToBytes();
+}
+
+VariantArray DecodeList(const Variant& stored) {
+    VariantArray list(1);
+    if (stored.kind() != Variant::Kind::Bytes || stored.AsBytes().empty()) return list;
+    const auto nested = MemoryPropertyStore::FromBytes(stored.AsBytes());
+    if (!nested) return list;
+    const int16_t upperBound = IntegerFrom<int16_t>(nested->ReadProperty(u"NEl", int16_t { 0 }), 0);
+    if (upperBound < 1) return list;
+    // The list takes its declared length first (at most 32,767 slots); a slot missing from the store ends
+    // the reading, and it and the slots after it stay Empty.
+    list.resize(static_cast<size_t>(upperBound) + 1);
+    for (size_t i = 1; i < list.size(); ++i) {
+        const Variant* slot = nested->Find(IndexKey(i));
+        if (!slot) break;
+        list[i] = *slot;
+    }
+    return list;
+}
 
 void Quillmar::InitProperties() {
     m_settings = Settings();

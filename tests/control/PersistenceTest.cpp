@@ -118,8 +118,9 @@ TEST(Persistence, ListsLoadQuietlyWhateverTheBytesHold) {
     const std::pair<Variant, VariantArray> cases[] = {
         { u"1N", VariantArray(1) }, // not a byte array
         { ByteArray { 0xFF, 0x00 }, VariantArray(1) }, // not a store
-        // The count is only a claim: a missing slot ends the list, so the bytes bound its size.
-        { Nested({ { u"NEl", int16_t { 32767 } }, { u"1N", u"a" } }), { Variant(), u"a" } },
+        // The list takes its declared length; a missing slot ends the reading and leaves the rest Empty.
+        { Nested({ { u"NEl", int16_t { 3 } }, { u"1N", u"a" }, { u"3N", u"c" } }),
+            { Variant(), u"a", Variant(), Variant() } },
         { Nested({ { u"NEl", int16_t { -5 } }, { u"1N", u"a" } }), VariantArray(1) },
         { Nested({ { u"NEl", u"1" }, { u"1N", u"a" } }), VariantArray(1) }, // a count that is no number
     };
@@ -129,6 +130,11 @@ TEST(Persistence, ListsLoadQuietlyWhateverTheBytesHold) {
         loaded.control.ReadProperties(StoreOf({ { u"MustNotBeValues", cases[row].first } }));
         EXPECT_EQ(loaded.control.MustNotBeValues(), cases[row].second);
     }
+    // Actions that lost their last entry keep the author's first two.
+    Field loaded;
+    loaded.control.ReadProperties(StoreOf({ { u"Actions",
+        Nested({ { u"NEl", int16_t { 3 } }, { u"1N", int32_t { 9 } }, { u"2N", int32_t { 17 } } }) } }));
+    EXPECT_EQ(loaded.control.Actions(), (VariantArray { Variant(), int32_t { 9 }, int32_t { 17 }, Variant() }));
 }
 
 TEST(Persistence, InitialisingResetsEverythingQuietly) {
