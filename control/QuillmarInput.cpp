@@ -223,12 +223,17 @@ void Quillmar::OnOLECompleteDrag(int32_t& effect) {
 // Surface.
 
 void Quillmar::Resize(int32_t width, int32_t height) {
-    try {
-        m_host.editBox.Move(0, 0, width, height);
-        m_host.container.SetExtent(m_host.editBox.Width(), m_host.editBox.Height());
-    } catch (...) {
-        // A resize never fails the host; the control keeps the size it had.
-    }
+    // Each step stands alone: a host that fails to place the edit box still gets the size the box has.
+    const auto step = [](auto&& action) {
+        try {
+            action();
+        } catch (...) {
+            // A resize never fails the host.
+        }
+    };
+    step([&] { m_host.editBox.Move(0, 0, width, height); });
+    step([&] { m_host.container.SetWidth(m_host.editBox.Width()); });
+    step([&] { m_host.container.SetHeight(m_host.editBox.Height()); });
 }
 
 void Quillmar::Show() {

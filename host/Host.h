@@ -167,8 +167,10 @@ public:
     [[nodiscard]] virtual bool ExtenderVisible() const = 0;
     /// Puts the focus on the control.
     virtual void SetFocus() = 0;
-    /// Gives the control the size its edit box accepted.
-    virtual void SetExtent(int32_t width, int32_t height) = 0;
+    /// Gives the control the width its edit box accepted.
+    virtual void SetWidth(int32_t width) = 0;
+    /// Gives the control the height its edit box accepted.
+    virtual void SetHeight(int32_t height) = 0;
 };
 
 /// The icons of a message box, by the flag values the platform's message boxes use.
@@ -180,7 +182,10 @@ enum MessageBoxIconFlag : int16_t {
     IconInformation = 64,
 };
 
-/// The beep and the modal message box.
+/// The button that closed a question box.
+enum class Answer { Yes, No, Cancel };
+
+/// The beep and the modal message boxes. A line break in a text is a carriage return and a line feed.
 class Alerts {
 public:
     virtual ~Alerts() = default;
@@ -188,6 +193,10 @@ public:
     /// Shows a modal message box with one OK button and an icon (`MessageBoxIconFlag`); returns when it
     /// is closed.
     virtual void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) = 0;
+    /// Asks a question in a modal box with the buttons Yes, No and Cancel and an icon; closing the box
+    /// without a button answers Cancel.
+    [[nodiscard]] virtual Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon)
+        = 0;
 };
 
 /// Where the control learns the user's locale, asked afresh at every use.

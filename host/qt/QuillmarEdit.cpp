@@ -1,5 +1,7 @@
 #include "host/qt/QuillmarEdit.h"
 
+#include "host/qt/QtAlerts.h"
+
 #include <QApplication>
 #include <QDrag>
 #include <QFocusEvent>
@@ -34,6 +36,21 @@ int16_t ShiftMask(Qt::KeyboardModifiers modifiers) {
     if (modifiers & Qt::ControlModifier) mask |= kCtrlMask;
     if (modifiers & Qt::AltModifier) mask |= kAltMask;
     return mask;
+}
+
+// A printable character typed with AltGr, which some platforms deliver as Ctrl+Alt: it is typing, not a
+// Ctrl shortcut, so it is reported without the Ctrl bit and sifted like any typed key.
+bool IsAltGrCharacter(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    if (!(modifiers & Qt::ControlModifier) || !(modifiers & Qt::AltModifier)) return false;
+    const QString text = event.text();
+    return text.size() == 1 && text[0].unicode() >= 32 && text[0].unicode() != 127;
+}
+
+// The Shift argument of a key event.
+int16_t KeyShiftMask(const QKeyEvent& event) {
+    const int16_t mask = ShiftMask(event.modifiers());
+    return IsAltGrCharacter(event) ? static_cast<int16_t>(mask & ~kCtrlMask) : mask;
 }
 
 int16_t ButtonMask(Qt::MouseButtons buttons) {
@@ -122,7 +139,8 @@ int16_t KeyAscii(const QKeyEvent& event) {
     default:
         break;
     }
-    if ((event.modifiers() & Qt::ControlModifier) && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)
+    if ((event.modifiers() & Qt::ControlModifier) && !IsAltGrCharacter(event) && event.key() >= Qt::Key_A
+        && event.key() <= Qt::Key_Z)
         return static_cast<int16_t>(event.key() - Qt::Key_A + 1);
     const QString text = event.text();
     if (text.size() != 1 || text[0].unicode() < 32 || text[0].unicode() == 127) return 0;
@@ -217,7 +235,8 @@ public:
     }
     [[nodiscard]] bool ExtenderVisible() const override { return m_owner.isVisible(); }
     void SetFocus() override { m_edit->setFocus(Qt::OtherFocusReason); }
-    void SetExtent(int32_t width, int32_t height) override;
+    void SetWidth(int32_t width) override { Resize(width, m_owner.height()); }
+    void SetHeight(int32_t height) override { Resize(m_owner.width(), height); }
 
     // Edit box.
     void SetEvents(EditBoxEvents* events) override { m_events = events; }
@@ -319,6 +338,7 @@ public:
     // Alerts, locale and about box.
     void Beep() override { m_beep ? m_beep() : QApplication::beep(); }
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override;
+    [[nodiscard]] Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] LocaleInfo Locale() const override {
         return LocaleInfo::FromName(
             (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString());
@@ -382,6 +402,7 @@ private:
         bool m_was;
     };
 
+    void Resize(int32_t width, int32_t height);
     void ApplyFrame();
     void ApplyCursor();
     void ApplyColours();
@@ -475,7 +496,7 @@ QtServices::QtServices(QuillmarEdit& owner)
     });
 }
 
-void QtServices::SetExtent(int32_t width, int32_t height) {
+void QtServices::Resize(int32_t width, int32_t height) {
     if (width == m_owner.width() && height == m_owner.height()) return;
     m_resizing = true;
     m_owner.resize(width, height);
@@ -559,21 +580,23 @@ void QtServices::OLEDrag() {
 }
 
 void QtServices::MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) {
-    QString message = ToQString(text);
-    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     if (m_messageBox) {
+        QString message = ToQString(text);
+        message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         m_messageBox(message, ToQString(title), icon);
         return;
     }
-    QMessageBox::Icon qtIcon = QMessageBox::NoIcon;
-    if (icon == IconExclamation) qtIcon = QMessageBox::Warning;
-    if (icon == IconStop) qtIcon = QMessageBox::Critical;
-    if (icon == IconInformation) qtIcon = QMessageBox::Information;
-    if (icon == IconQuestion) qtIcon = QMessageBox::Question;
-    QMessageBox box(qtIcon, ToQString(title), message, QMessageBox::Ok, m_owner.window());
     ++m_dialogsOpen;
-    box.exec();
+    ExecMessageBox(m_owner.window(), ToQString(text), ToQString(title), icon, QMessageBox::Ok);
     --m_dialogsOpen;
+}
+
+Answer QtServices::Question(std::u16string_view text, std::u16string_view title, int16_t icon) {
+    ++m_dialogsOpen;
+    const auto button = ExecMessageBox(m_owner.window(), ToQString(text), ToQString(title), icon,
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    --m_dialogsOpen;
+    return button == QMessageBox::Yes ? Answer::Yes : button == QMessageBox::No ? Answer::No : Answer::Cancel;
 }
 
 void QtServices::Show() {
@@ -594,7 +617,7 @@ void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
     EditBoxEvents* events = Events();
     if (!events) return QLineEdit::keyPressEvent(event);
     int16_t keyCode = VirtualKey(*event);
-    int16_t shift = ShiftMask(event->modifiers());
+    int16_t shift = KeyShiftMask(*event);
     events->OnKeyDown(keyCode, shift);
     const int16_t typed = KeyAscii(*event);
     if (typed == 0) return QLineEdit::keyPressEvent(event);
@@ -625,7 +648,7 @@ void QuillmarLineEdit::keyReleaseEvent(QKeyEvent* event) {
     QLineEdit::keyReleaseEvent(event);
     if (event->isAutoRepeat() || !Events()) return;
     int16_t keyCode = VirtualKey(*event);
-    int16_t shift = ShiftMask(event->modifiers());
+    int16_t shift = KeyShiftMask(*event);
     Events()->OnKeyUp(keyCode, shift);
 }
 
@@ -687,7 +710,14 @@ void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (Events()) Events()->OnFocusExit();
+            if (!Events()) return;
+            bool cancel = false;
+            emit m_services.m_owner.BeforeLeaving(cancel);
+            if (cancel) {
+                setFocus(Qt::OtherFocusReason);
+                return;
+            }
+            Events()->OnFocusExit();
         },
         Qt::QueuedConnection);
 }

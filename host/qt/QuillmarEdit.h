@@ -285,6 +285,10 @@ signals:
     void Click();
     void DblClick();
     void Change();
+    /// The focus is about to leave the field for another widget of the form, before the field's own final
+    /// validation. A slot that sets Cancel keeps the focus in the field, and the field's focus exit does not
+    /// run (the container's validate-before-leaving).
+    void BeforeLeaving(bool& Cancel);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <stdexcept>
 
 namespace quillmar::standalone {
 namespace {
@@ -116,6 +117,7 @@ void MemoryEditBox::SetSelText(std::u16string_view text) {
 }
 
 void MemoryEditBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
+    if (failMoves) throw std::runtime_error("the edit box cannot be moved now");
     m_width = std::max(width, 0);
     m_height = std::max(height, MinimumHeight());
 }
@@ -354,6 +356,14 @@ std::vector<std::string> RecordingEvents::Only(std::string_view event) const {
             && (entry.size() == event.size() || entry[event.size()] == ' '))
             matching.push_back(entry);
     return matching;
+}
+
+Answer RecordingAlerts::Question(std::u16string_view text, std::u16string_view title, int16_t icon) {
+    questions.push_back({ std::u16string(text), std::u16string(title), icon });
+    if (answers.empty()) return Answer::Cancel;
+    const Answer answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
 }
 
 } // namespace quillmar::standalone

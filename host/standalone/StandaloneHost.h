@@ -123,6 +123,8 @@ public:
     [[nodiscard]] int32_t MinimumHeight() const noexcept;
     /// The data objects of the drags started from this box.
     [[nodiscard]] int DragsStarted() const noexcept { return m_dragsStarted; }
+    /// While true, `Move` fails as a window system may when the box cannot be placed.
+    bool failMoves = false;
 
 private:
     void Replace(std::u16string text, int32_t caret);
@@ -170,10 +172,8 @@ public:
     [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override { return toolTipText; }
     [[nodiscard]] bool ExtenderVisible() const override { return visible; }
     void SetFocus() override { ++focusRequests; }
-    void SetExtent(int32_t w, int32_t h) override {
-        width = w;
-        height = h;
-    }
+    void SetWidth(int32_t w) override { width = w; }
+    void SetHeight(int32_t h) override { height = h; }
 
     bool userMode = true;
     FontDesc ambientFont;
@@ -194,16 +194,22 @@ struct ShownMessage {
     friend bool operator==(const ShownMessage&, const ShownMessage&) = default;
 };
 
-/// Beeps and message boxes, counted and recorded instead of shown.
+/// Beeps, message boxes and questions, counted and recorded instead of shown; questions take their answers
+/// from a script.
 class RecordingAlerts final : public Alerts {
 public:
     void Beep() override { ++beeps; }
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override {
         messages.push_back({ std::u16string(text), std::u16string(title), icon });
     }
+    /// Records the question and answers with the first scripted answer left, Cancel when none is.
+    Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
 
     int beeps = 0;
     std::vector<ShownMessage> messages;
+    std::vector<ShownMessage> questions;
+    /// The answers the next questions get, in order.
+    std::vector<Answer> answers;
 };
 
 /// A locale fixed by name (or taken from the process environment).

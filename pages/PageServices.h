@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/Host.h"
+#include "host/LocaleInfo.h"
+
+#include <QString>
+
+namespace quillmar::pages {
+
+/// The time of day to the second, as the pages read it to tell two loads within one second apart.
+class Clock {
+public:
+    virtual ~Clock() = default;
+    /// Seconds since midnight, 0 to 86,399.
+    [[nodiscard]] virtual int SecondsOfDay() const = 0;
+};
+
+/// The system's clock.
+class SystemClock final : public Clock {
+public:
+    [[nodiscard]] int SecondsOfDay() const override;
+};
+
+/// What the frame hands every page: the beep and the message boxes (the page's own and those of its
+/// embedded fields), the clock (both must outlive the pages), and the locale the pages and their embedded
+/// fields read and write values in ("de_DE"; empty for the system's).
+struct PageServices {
+    Alerts& alerts;
+    const Clock& clock;
+    QString localeName;
+
+    /// The locale's facts, read afresh at each use.
+    [[nodiscard]] LocaleInfo Locale() const;
+};
+
+} // namespace quillmar::pages

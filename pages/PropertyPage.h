@@ -1,0 +1,89 @@
+#pragma once
+
+#include "host/qt/QuillmarEdit.h"
+#include "host/standalone/MemoryPropertyStore.h"
+#include "pages/PageServices.h"
+#include "pages/SelectedControls.h"
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+namespace quillmar::pages {
+
+/// One tab of the property-page frame. The frame tells it when the selection changes (`SelectionChanged`:
+/// the page loads itself from the first selected field) and asks it to write back (`ApplyChanges`: the page
+/// checks, then writes every selected field through its public writers). A page marks itself Changed when the
+/// author touches one of its controls; a page still Changed after `ApplyChanges` has refused, and keeps the
+/// place where it put the focus so that the frame can give it back once the page is shown.
+class PropertyPage : public QWidget {
+    Q_OBJECT
+public:
+    PropertyPage(const QString& caption, PageServices services, QWidget* parent = nullptr);
+
+    /// The tab's caption ("General", "Number/Date,Time" ...).
+    [[nodiscard]] const QString& Caption() const noexcept { return m_caption; }
+    /// The frame's selection, which must outlive the page's use of it.
+    void SetSelection(const SelectedControls* selection) noexcept { m_selection = selection; }
+    [[nodiscard]] const SelectedControls& Selection() const;
+
+    /// Loads the page from the first selected field.
+    virtual void SelectionChanged() = 0;
+    /// Writes the page to the selected fields, after its checks; a refusal leaves the page Changed.
+    virtual void ApplyChanges() = 0;
+
+    [[nodiscard]] bool Changed() const noexcept { return m_changed; }
+    void SetChanged(bool changed);
+    /// Gives the focus back to the field where the last refusal put it, with its selection.
+    void RestoreFocus();
+
+signals:
+    /// The Changed flag went on or off.
+    void ChangedChanged(bool changed);
+
+protected:
+    [[nodiscard]] PageServices& Services() noexcept { return m_services; }
+    /// The first selected field; nullptr when nothing is selected.
+    [[nodiscard]] qt::QuillmarEdit* FirstControl() const;
+
+    /// Starts a load: sets the loading flag. When the clock reads the same second as the end of the last
+    /// load, beeps and answers false: the page is not loaded and the flag stays set until a load succeeds.
+    [[nodiscard]] bool BeginLoad();
+    /// Ends a load: clears the loading flag and keeps the time.
+    void EndLoad();
+    [[nodiscard]] bool Loading() const noexcept { return m_loading; }
+    /// The author touched a control: the page is Changed, unless it is being loaded.
+    void MarkChanged();
+
+    /// Puts the focus on a control of the page (now, and again when the frame shows the page after a
+    /// refusal); for an embedded field `selectAll` selects its whole text.
+    void FocusField(QWidget* field, bool selectAll = false);
+    /// The frame's beep and boxes.
+    void Beep();
+    void ShowMessage(const QString& text, const QString& title, int icon);
+    [[nodiscard]] Answer Ask(const QString& text, const QString& title, int icon);
+
+    /// An embedded entry field named `name`, set up by loading the entries through the control's own property
+    /// read (every property not stored keeps its read default). Its message boxes and beeps go to the frame's
+    /// services, and before the focus leaves it an enabled field validates itself: a failed validation keeps
+    /// the focus there, so that one bad entry gives one message.
+    [[nodiscard]] qt::QuillmarEdit* MakeEmbeddedField(
+        const QString& name, const std::vector<standalone::PropertyEntry>& entries);
+
+private:
+    QString m_caption;
+    PageServices m_services;
+    const SelectedControls* m_selection = nullptr;
+    bool m_changed = false;
+    bool m_loading = false;
+    int m_lastLoadTime = -1;
+    QPointer<QWidget> m_focusField;
+    bool m_focusSelectAll = false;
+};
+
+/// The stored entries of a list property holding the given items in slots 1 to n.
+[[nodiscard]] Variant StoredList(const VariantArray& items);
+
+} // namespace quillmar::pages

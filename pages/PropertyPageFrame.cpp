@@ -1,0 +1,88 @@
+#include "pages/PropertyPageFrame.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace quillmar::pages {
+
+PropertyPageFrame::PropertyPageFrame(Alerts& alerts, const Clock& clock, QWidget* parent)
+    : QDialog(parent)
+    , m_alerts(&alerts)
+    , m_clock(&clock) {
+    setWindowTitle(tr("Property Pages"));
+    setModal(true);
+    m_tabs = new QTabWidget(this);
+    auto* buttons = new QDialogButtonBox(this);
+    m_ok = buttons->addButton(QDialogButtonBox::Ok);
+    m_cancel = buttons->addButton(QDialogButtonBox::Cancel);
+    m_apply = buttons->addButton(QDialogButtonBox::Apply);
+    // Cancel does not take the focus, so that leaving a half-typed entry field for it raises no message.
+    m_cancel->setFocusPolicy(Qt::TabFocus);
+    m_ok->setDefault(false);
+    m_ok->setAutoDefault(false);
+    m_apply->setAutoDefault(false);
+    m_cancel->setAutoDefault(false);
+    m_apply->setEnabled(false);
+    connect(m_ok, &QPushButton::clicked, this, [this] {
+        if (Apply()) accept();
+    });
+    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_apply, &QPushButton::clicked, this, [this] { Apply(); });
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs);
+    layout->addWidget(buttons);
+}
+
+PropertyPageFrame::PropertyPageFrame(QWidget* parent)
+    : PropertyPageFrame(std::make_unique<qt::QtAlerts>(), std::make_unique<SystemClock>(), parent) { }
+
+PropertyPageFrame::PropertyPageFrame(
+    std::unique_ptr<qt::QtAlerts> alerts, std::unique_ptr<SystemClock> clock, QWidget* parent)
+    : PropertyPageFrame(*alerts, *clock, parent) {
+    alerts->SetParent(this);
+    m_ownAlerts = std::move(alerts);
+    m_ownClock = std::move(clock);
+}
+
+PropertyPageFrame::~PropertyPageFrame() = default;
+
+void PropertyPageFrame::AddPage(PropertyPage* page) {
+    page->SetSelection(&m_selection);
+    m_pages.push_back(page);
+    m_tabs->addTab(page, page->Caption());
+    connect(page, &PropertyPage::ChangedChanged, this, &PropertyPageFrame::UpdateApply);
+}
+
+void PropertyPageFrame::SetSelectedControls(const QList<qt::QuillmarEdit*>& fields) {
+    m_selection = SelectedControls(fields);
+    for (PropertyPage* page : m_pages)
+        page->SelectionChanged();
+    UpdateApply();
+}
+
+bool PropertyPageFrame::Apply() {
+    PropertyPage* firstRefused = nullptr;
+    for (PropertyPage* page : m_pages) {
+        if (!page->Changed()) continue;
+        // A page that refuses marks itself Changed again.
+        page->SetChanged(false);
+        page->ApplyChanges();
+        if (page->Changed() && !firstRefused) firstRefused = page;
+    }
+    UpdateApply();
+    if (!firstRefused) return true;
+    m_tabs->setCurrentWidget(firstRefused);
+    firstRefused->RestoreFocus();
+    return false;
+}
+
+void PropertyPageFrame::UpdateApply() {
+    bool anyChanged = false;
+    for (const PropertyPage* page : m_pages)
+        anyChanged = anyChanged || page->Changed();
+    m_apply->setEnabled(anyChanged);
+}
+
+} // namespace quillmar::pages

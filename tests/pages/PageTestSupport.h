@@ -1,0 +1,87 @@
+#pragma once
+
+#include "host/qt/QuillmarEdit.h"
+#include "host/standalone/StandaloneHost.h"
+#include "pages/PropertyPageFrame.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace quillmar::pages {
+
+/// A clock the test sets.
+class ManualClock final : public Clock {
+public:
+    [[nodiscard]] int SecondsOfDay() const override { return seconds; }
+    int seconds = 10 * 3600;
+};
+
+/// A form being designed, with fields as a designer holds them (design mode, en_US), and the property-page
+/// frame over it whose beeps, message boxes and questions are recorded (questions answered from
+/// `alerts.answers`). Each test adds the pages it drives with `frame.AddPage`.
+class PageTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "pages_tests";
+        static char* argv[] = { name, nullptr };
+        if (!QApplication::instance()) new QApplication(argc, argv);
+    }
+
+    PageTest() { frame.SetLocaleName(QStringLiteral("en_US")); }
+
+    /// A new field on the form, initialised as a newly placed one and held in design mode.
+    qt::QuillmarEdit* AddControl(const char* name) {
+        auto* field = new qt::QuillmarEdit(&form);
+        field->setObjectName(QString::fromLatin1(name));
+        field->SetLocaleName(QStringLiteral("en_US"));
+        field->SetUserMode(false);
+        field->control().InitProperties();
+        formLayout->addWidget(field);
+        return field;
+    }
+
+    /// Shows the frame as the active window on the selected fields.
+    void Open(const QList<qt::QuillmarEdit*>& selected) {
+        frame.SetSelectedControls(selected);
+        frame.show();
+        QApplication::setActiveWindow(&frame);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    }
+
+    /// A control of the frame by its name.
+    template <typename Widget> Widget* Find(const char* name) {
+        auto* widget = frame.findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    /// Clicks the focus into an embedded field, selects its text and types over it; events then settle.
+    void TypeInto(qt::QuillmarEdit* field, const QString& text) {
+        QTest::mouseClick(field->lineEdit(), Qt::LeftButton);
+        QTest::keyClick(field->lineEdit(), Qt::Key_A, Qt::ControlModifier);
+        if (text.isEmpty())
+            QTest::keyClick(field->lineEdit(), Qt::Key_Delete);
+        else
+            QTest::keyClicks(field->lineEdit(), text);
+        QApplication::processEvents();
+    }
+
+    void Click(QAbstractButton* button) {
+        QTest::mouseClick(button, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+
+    standalone::RecordingAlerts alerts;
+    ManualClock clock;
+    QWidget form;
+    QVBoxLayout* formLayout = new QVBoxLayout(&form);
+    PropertyPageFrame frame { alerts, clock };
+};
+
+} // namespace quillmar::pages
