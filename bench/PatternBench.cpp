@@ -7,6 +7,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cassert>
+
 #include <fnmatch.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -55,7 +57,7 @@ struct Dialect {
     std::string_view escapedOutside;
 };
 
-// fnmatch: backslash, its escape character, is escaped; `[]` has no counterpart.
+// fnmatch: backslash, its escape character, is escaped.
 constexpr Dialect kFnmatch { "*", "?", "?", "[!", "\\[", "\\" };
 constexpr Dialect kRegex { ".*", ".", ".", "[^", "\\[]^", "\\^$.|?*+()[]{}/" };
 
@@ -67,7 +69,10 @@ std::string Translate(const std::string& pattern, const Dialect& dialect) {
             const size_t end = ListEnd(pattern, p);
             const size_t body = pattern[p + 1] == '!' ? p + 2 : p + 1;
             if (body + 1 == end) {
-                if (body == p + 2) out += dialect.anyOne;
+                // `[!]` is any one character; `[]` matches nothing and has no counterpart, so no case uses
+                // it.
+                assert(body == p + 2 && "no peer has a list that matches nothing");
+                out += dialect.anyOne;
             } else {
                 out += body == p + 2 ? dialect.negatedList : "[";
                 for (size_t i = body; i + 1 < end; ++i) {

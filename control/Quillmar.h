@@ -16,8 +16,12 @@ namespace quillmar {
 
 /// The type flags and the state the control derives and keeps beside its properties.
 struct ControlState : TypeFlags {
-    /// True while the control itself writes the edit box's text.
+    /// True while the `Text` or `Value` writer, or a repair of a change, writes the edit box's text: the
+    /// change that write causes is reported to the form but not processed again.
     bool InternalTextChange = false;
+    /// True while the final validation writes the edit box's text (the text as understood, or a corrective
+    /// action): that change is processed as any other, and the text it leaves becomes the restore point.
+    bool ProgrammaticWrite = false;
     /// The last value known to be valid.
     Variant LastValidValue;
     /// The full-precision number last given to `Value` while a relative accuracy is in force.
@@ -325,7 +329,7 @@ private:
     void SetLimit(Variant& limit, const Variant& value, std::u16string_view name);
     void RequireDesignTime(int error) const;
     void WriteText(std::u16string_view text);
-    void WriteTextCaretAtEnd(std::u16string_view text);
+    void WriteCorrection(std::u16string_view text);
     int32_t PerformActions();
     void ShowErrorBox(std::u16string_view savedText, int32_t bits, int32_t actionCode);
     template <typename Apply> void EditFont(Apply apply, std::u16string_view name);

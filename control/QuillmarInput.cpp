@@ -142,7 +142,8 @@ void Quillmar::RepairChange() {
             text = first == std::u16string::npos ? std::u16string() : text.substr(first, last - first + 1);
             GuardedWrite(text, static_cast<int32_t>(text.size()), 0);
         }
-        if (m_settings.MustBeNegative && !text.empty() && text[0] != u'-') {
+        // Also when trimming left nothing: the field then holds the minus alone, ready for the digits.
+        if (m_settings.MustBeNegative && (text.empty() || text[0] != u'-')) {
             const int32_t selStart = box.SelStart();
             const int32_t selLength = box.SelLength();
             text.insert(text.begin(), u'-');

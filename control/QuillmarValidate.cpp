@@ -47,10 +47,16 @@ std::u16string UnderstoodText(const Variant& value, const LocaleInfo& locale) {
 
 } // namespace
 
-void Quillmar::WriteTextCaretAtEnd(std::u16string_view text) {
-    WriteText(text);
+// The final validation's own writes go through change processing like the user's (so a rule that repairs a
+// text repairs these too), and the text they leave, with the caret at its end, is what a refused change
+// springs back to.
+void Quillmar::WriteCorrection(std::u16string_view text) {
+    m_state.ProgrammaticWrite = true;
+    m_host.editBox.SetText(text);
+    m_state.ProgrammaticWrite = false;
     m_host.editBox.SetSelLength(0);
     m_host.editBox.SetSelStart(static_cast<int32_t>(m_host.editBox.Text().size()));
+    TakeSnapshot();
 }
 
 bool Quillmar::Validate() {
@@ -64,11 +70,12 @@ bool Quillmar::Validate() {
             const bool scientific = m_settings.AllowScientificFormat
                 && (m_settings.MustBeType == vldSingle || m_settings.MustBeType == vldDouble)
                 && UpperCase(text).find(u'E') != std::u16string::npos;
-            WriteTextCaretAtEnd(scientific ? FormatScientific(value, locale) : UnderstoodText(value, locale));
+            WriteCorrection(scientific ? FormatScientific(value, locale) : UnderstoodText(value, locale));
         }
         if (!value.IsEmpty()) bits = RulesOf(m_host.editBox.Text());
         if (bits == 0) {
             if (!value.IsEmpty()) m_state.LastValidValue = value;
+            TakeSnapshot();
             return true;
         }
     }
@@ -95,7 +102,7 @@ int32_t Quillmar::PerformActions() {
             if (m_state.LastValidValue.IsEmpty()) break;
             const std::u16string previous = TextOf(m_state.LastValidValue, locale);
             if (RulesOf(previous) != 0) break;
-            WriteTextCaretAtEnd(previous);
+            WriteCorrection(previous);
             m_state.PreviousText = previous;
             return vldACReturnPrevious;
         }
@@ -104,7 +111,7 @@ int32_t Quillmar::PerformActions() {
             const std::u16string fallback = TextOf(m_settings.DefaultValue, locale);
             const bool typed = IsNumericType(m_settings.MustBeType) || IsDateTimeType(m_settings.MustBeType);
             if (typed && RulesOf(fallback) != 0) break;
-            WriteTextCaretAtEnd(fallback);
+            WriteCorrection(fallback);
             return vldACInsertDefault;
         }
         case vldACInsertClosest: {
@@ -113,7 +120,7 @@ int32_t Quillmar::PerformActions() {
             if (closest.IsEmpty()) break;
             const std::u16string closestText = TextOf(closest, locale);
             if (RulesOf(closestText) != 0) break;
-            WriteTextCaretAtEnd(closestText);
+            WriteCorrection(closestText);
             return vldACInsertClosest;
         }
         default:

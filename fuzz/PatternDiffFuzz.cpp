@@ -15,7 +15,7 @@ constexpr size_t kMaxPatternLength = 48;
 constexpr size_t kMaxTextLength = 160;
 
 struct Unit {
-    enum class Kind { AnyOne, AnyRun, Digit, EmptyRun, List, Literal };
+    enum class Kind { AnyOne, AnyRun, Digit, List, Literal };
     explicit Unit(Kind unitKind, char16_t unitLiteral = 0)
         : kind(unitKind)
         , literal(unitLiteral) { }
@@ -47,7 +47,7 @@ struct Unit {
 
 // `?`, `*`, `#`, `[list]`, `[!list]`, `[]` and literals; nullopt for an unclosed list or a descending
 // range. In a list, `x-y` is a range when `y` is not the closing bracket; any other character stands for
-// itself. `[]` is the empty run and `[!]` any one character.
+// itself. `[]` matches no character and `[!]` any one character.
 std::optional<std::vector<Unit>> ReadUnits(std::u16string_view pattern) {
     std::vector<Unit> units;
     size_t i = 0;
@@ -68,7 +68,7 @@ std::optional<std::vector<Unit>> ReadUnits(std::u16string_view pattern) {
             list.negated = j < pattern.size() && pattern[j] == u'!';
             if (list.negated) ++j;
             if (j < pattern.size() && pattern[j] == u']') {
-                units.push_back(list.negated ? list : Unit(Unit::Kind::EmptyRun));
+                units.push_back(std::move(list)); // lists nothing: no character, or with `!` any one
                 i = j + 1;
                 continue;
             }
@@ -105,8 +105,6 @@ bool ReferenceMatch(std::u16string_view text, const std::vector<Unit>& units) {
             const Unit& unit = units[u];
             if (unit.kind == Unit::Kind::AnyRun)
                 matches[t][u] = matches[t][u + 1] || (t < n && matches[t + 1][u]);
-            else if (unit.kind == Unit::Kind::EmptyRun)
-                matches[t][u] = matches[t][u + 1];
             else
                 matches[t][u] = t < n && unit.Takes(text[t]) && matches[t + 1][u + 1];
         }

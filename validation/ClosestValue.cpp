@@ -28,34 +28,41 @@ Variant FindClosestValue(
         return EvaluateRules(TextOf(candidate, locale), settings, locale, maxLength) == 0;
     };
 
+    // A limit the value lies beyond is taken as it stands, of its own kind, so that the text written is the
+    // limit's own text; only the later steps make new values.
     Variant candidate;
     if (IsDateTimeType(type)) {
         const auto parsed = ParseDateTime(text, locale);
         if (!parsed) return {};
         const int wantedClass = type == vldDate ? DateClass : TimeClass;
         double days = parsed->days;
+        candidate = Date { days };
         if (const auto maximum = DateLimit(settings.MaxValue, wantedClass, locale);
-            maximum && days > *maximum)
+            maximum && days > *maximum) {
             days = *maximum;
+            candidate = settings.MaxValue;
+        }
         if (const auto minimum = DateLimit(settings.MinValue, wantedClass, locale);
             minimum && days < *minimum)
-            days = *minimum;
-        candidate = Date { days };
+            candidate = settings.MinValue;
     } else if (IsNumericType(type)) {
         const auto number = ParseNumber(text, locale);
         if (!number) return {};
         double value = number->value;
-        if (const auto maximum = NumericValueOf(settings.MaxValue, locale); maximum && value > *maximum)
-            value = *maximum;
-        if (const auto minimum = NumericValueOf(settings.MinValue, locale); minimum && value < *minimum)
-            value = *minimum;
         candidate = value;
+        if (const auto maximum = NumericValueOf(settings.MaxValue, locale); maximum && value > *maximum) {
+            value = *maximum;
+            candidate = settings.MaxValue;
+        }
+        if (const auto minimum = NumericValueOf(settings.MinValue, locale); minimum && value < *minimum)
+            candidate = settings.MinValue;
     } else {
         return {};
     }
 
-    if (!passes(candidate) && IsIntegralType(type) && candidate.ToDouble()) {
-        const double whole = std::nearbyint(*candidate.ToDouble());
+    const auto number = NumericValueOf(candidate, locale);
+    if (!passes(candidate) && IsIntegralType(type) && number) {
+        const double whole = std::nearbyint(*number);
         for (const double tried : { whole, whole + 1, whole - 1 }) {
             if (passes(tried)) {
                 candidate = tried;

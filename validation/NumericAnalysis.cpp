@@ -20,8 +20,13 @@ double PowerOfTen(int exponent) {
     return std::pow(10.0, exponent);
 }
 
-// Multiplies by 10^exponent, dividing for negative exponents so that 0.0123 stays as exact as it can.
+// Multiplies by 10^exponent, dividing for negative exponents so that 0.0123 stays as exact as it can. Beyond
+// 10^300 the power is applied in two halves: the smallest doubles need 10^323, which no double holds.
 double ScaleByPowerOfTen(double value, int exponent) {
+    if (exponent > 300 || exponent < -300) {
+        const int half = exponent / 2;
+        return ScaleByPowerOfTen(ScaleByPowerOfTen(value, half), exponent - half);
+    }
     return exponent < 0 ? value / PowerOfTen(-exponent) : value * PowerOfTen(exponent);
 }
 

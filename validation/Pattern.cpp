@@ -19,7 +19,7 @@ struct CountedSteps {
 // What the star matcher needs to know about the pattern from its first star on.
 struct PatternShape {
     size_t units = 0;
-    // Units that take exactly one character: everything but `*` and `[]`.
+    // Units that take exactly one character: everything but `*`.
     size_t consuming = 0;
     // Where the units after the last `*` begin, and how many characters they take.
     size_t tailStart = 0;
@@ -35,8 +35,7 @@ size_t ReadList(std::u16string_view pattern, size_t open, char16_t ch, bool& fou
     const bool negated = i < size && pattern[i] == u'!';
     if (negated) ++i;
     bool listed = false;
-    // `[]` and `[!]` list nothing: the first matches the empty run (callers see that from the length),
-    // the second any one character.
+    // `[]` and `[!]` list nothing: the first matches no character at all, the second any one character.
     if (i >= size || pattern[i] != u']') {
         while (i < size && pattern[i] != u']') {
             // A hyphen is a range only between two list characters; first or last it stands for itself.
@@ -55,10 +54,6 @@ size_t ReadList(std::u16string_view pattern, size_t open, char16_t ch, bool& fou
     return i + 1;
 }
 
-bool IsEmptyRun(std::u16string_view pattern, size_t p) noexcept {
-    return pattern[p] == u'[' && p + 1 < pattern.size() && pattern[p + 1] == u']';
-}
-
 // One pass over the pattern, so that a fault anywhere in it answers false before any star matching.
 bool ReadShape(std::u16string_view pattern, PatternShape& shape) noexcept {
     for (size_t p = 0; p < pattern.size();) {
@@ -73,9 +68,7 @@ bool ReadShape(std::u16string_view pattern, PatternShape& shape) noexcept {
             bool found = false;
             const size_t end = ReadList(pattern, p, u'\0', found);
             if (end == kMalformed) return false;
-            const bool emptyRun = end == p + 2;
             p = end;
-            if (emptyRun) continue;
         } else {
             ++p;
         }
@@ -111,11 +104,7 @@ template <class Steps>
 bool MatchFixed(const char16_t* text, std::u16string_view pattern, Steps& steps) noexcept {
     for (size_t p = 0; p < pattern.size();) {
         steps.Step();
-        if (IsEmptyRun(pattern, p)) {
-            p += 2;
-        } else if (!UnitHas(pattern, p, *text++, p)) {
-            return false;
-        }
+        if (!UnitHas(pattern, p, *text++, p)) return false;
     }
     return true;
 }
@@ -166,11 +155,6 @@ bool MatchUpToLastStar(
             }
             continue;
         }
-        if (IsEmptyRun(pattern, p)) {
-            steps.Step();
-            p += 2;
-            continue;
-        }
         if (t < n) {
             steps.Step();
             size_t next = 0;
@@ -199,11 +183,7 @@ bool Match(std::u16string_view text, std::u16string_view pattern, Steps& steps) 
     size_t p = 0;
     while (p < pattern.size() && pattern[p] != u'*') {
         steps.Step();
-        if (IsEmptyRun(pattern, p)) {
-            p += 2;
-        } else if (t == text.size() || !UnitHas(pattern, p, text[t++], p)) {
-            return false;
-        }
+        if (t == text.size() || !UnitHas(pattern, p, text[t++], p)) return false;
     }
     if (p == pattern.size()) return t == text.size();
     text.remove_prefix(t);

@@ -73,6 +73,41 @@ TEST_F(Field, KeysReportedWhileCtrlIsDownAreNotSifted) {
     EXPECT_EQ(host.alerts.beeps, 2);
 }
 
+// What a refused change springs back to is the last text the field settled: typed and accepted, corrected
+// when the field was left, or rewritten as understood; a repair applies to the field's own writes too.
+TEST(SpringBack, RestoresTheLastTextTheFieldSettled) {
+    struct Row {
+        const char* name;
+        const char16_t* minValue;
+        bool mustBeNegative;
+        const char16_t* typed;
+        bool leave;
+        const char16_t* pasted; // nullptr: nothing is pasted
+        const char16_t* expected;
+    };
+    const Row rows[] = {
+        { "the closest value inserted on leaving", u"10", false, u"5", true, u"x", u"10" },
+        { "the text rewritten as understood", u"", false, u"007", true, u"abc", u"7" },
+        { "the minus given back to a zero rewritten as understood", u"", true, u"-0", true, nullptr, u"-0" },
+        { "spaces trimmed away leave the minus", u"", true, u"", false, u"  ", u"-" },
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        standalone::StandaloneHost host { "en_US" };
+        Quillmar control { host.Services() };
+        control.SetMustBeType(vldInteger);
+        control.SetMinValue(row.minValue);
+        control.SetMustBeNegative(row.mustBeNegative);
+        host.editBox.TypeText(row.typed);
+        if (row.leave) host.editBox.LeaveField();
+        if (row.pasted) host.editBox.Paste(row.pasted);
+        EXPECT_EQ(control.Text(), row.expected);
+        EXPECT_EQ(control.SelStart(), static_cast<int32_t>(control.Text().size()));
+        control.SetText(u""); // an empty field is valid: leaving it clears the thread's focus marker
+        host.editBox.LeaveField();
+    }
+}
+
 TEST_F(Field, ProperCaseRaisesTheFirstLetterOfEachWord) {
     Declare(vldString, vldStrong);
     control.SetMustBeProperCase(true);

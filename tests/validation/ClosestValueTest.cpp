@@ -26,7 +26,7 @@ const ClosestCase kClosestCases[] = {
             s.MustBeType = vldDouble;
             s.MinValue = u"1.5";
         },
-        u"-3", 1.5 },
+        u"-3", u"1.5" }, // the limit itself, as stored
     { "decimals rounded to even", [](Settings& s) { s.MustBeType = vldLong; }, u"2.5", 2.0 },
     { "rounded value forbidden: one more",
         [](Settings& s) {
@@ -73,7 +73,19 @@ const ClosestCase kClosestCases[] = {
             s.MustBeType = vldTime;
             s.MinValue = u"9:00";
         },
-        u"8:15", Date { 0.375 } },
+        u"8:15", u"9:00" },
+    { "single limit kept single, so that its text stays 0.1",
+        [](Settings& s) {
+            s.MustBeType = vldSingle;
+            s.MaxValue = 0.1f;
+        },
+        u"5", 0.1f },
+    { "date limit stored as text comes back in its own form",
+        [](Settings& s) {
+            s.MustBeType = vldDate;
+            s.MaxValue = u"12/31/2099";
+        },
+        u"01/01/2100", u"12/31/2099" },
     { "limit of the other class ignored",
         [](Settings& s) {
             s.MustBeType = vldDate;

@@ -1,4 +1,5 @@
 #include "validation/NumericAnalysis.h"
+#include "validation/Numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,14 @@ TEST(Mantissa, KeepsTheSignAndLiesBetweenOneAndTen) {
     EXPECT_EQ(Mantissa(0), 0);
     EXPECT_DOUBLE_EQ(Mantissa(0.00123), 1.23);
     EXPECT_DOUBLE_EQ(Mantissa(1000), 1);
+    // The smallest doubles too, to the precision they hold.
+    EXPECT_NEAR(Mantissa(2.5e-310), 2.5, 2.5e-12);
+    EXPECT_NEAR(Mantissa(-4.9e-324), -4.9, 0.1);
+}
+
+TEST(RoundToRelativeAccuracy, KeepsTheOrderOfTheSmallestDoubles) {
+    const double rounded = TextToNumber(RoundToRelativeAccuracy(2.4567e-310, 3, kEnglish), kEnglish);
+    EXPECT_NEAR(rounded / 2.46e-310, 1, 1e-12);
 }
 
 const std::tuple<Variant, int, std::u16string> kRoundCases[] = {

@@ -52,9 +52,10 @@ const MatchCase kMatchCases[] = {
     { u"-", u"[!-a]", false }, // hyphen first after `!`
     { u"[", u"[[]", true }, { u"a", u"[[]", false }, { u"?", u"[?*#]", true },
     { u"5", u"[?*#]", false }, // wildcards are ordinary inside a list
-    { u"", u"[]", true }, { u"a", u"[]", false }, { u"ab", u"a[]b", true },
-    { u"xab", u"*a[]b", true }, // after a star too, `[]` takes no character
-    { u"]", u"[]]", true }, // `[]` is a unit of its own, the `]` after it a literal
+    // The empty list holds no character, so it matches none: not even the empty run.
+    { u"", u"[]", false }, { u"a", u"[]", false }, { u"ab", u"a[]b", false }, { u"axb", u"a[]b", false },
+    { u"xab", u"*a[]b", false }, { u"xab", u"*[]*", false },
+    { u"]", u"[]]", false }, // `[]` is a unit of its own, the `]` after it a literal
     { u"x", u"[!]", true }, { u"", u"[!]", false }, { u"Hello", u"[A-Z][a-z]*", true },
     { u"hello", u"[A-Z][a-z]*", false },
     // Code units beyond ASCII.
