@@ -26,6 +26,12 @@ TEST_F(Surface, TakesTheSizeTheEditBoxAccepted) {
     control.Resize(80, 3); // lower than the edit box can be
     EXPECT_EQ(host.container.width, 80);
     EXPECT_EQ(host.container.height, host.editBox.MinimumHeight());
+    // A host that cannot place the edit box still gets the size the box has.
+    host.editBox.failMoves = true;
+    host.container.width = host.container.height = 0;
+    control.Resize(300, 90);
+    EXPECT_EQ(host.container.width, 80);
+    EXPECT_EQ(host.container.height, host.editBox.MinimumHeight());
 }
 
 TEST_F(Surface, KeepsTheFormsToolTip) {
