@@ -32,7 +32,8 @@ bool IsLimitCompatible(const Variant& limit, int32_t type, const LocaleInfo& loc
     return limitClass == LimitClass::Number;
 }
 
-int FindDefaultInList(const VariantArray& list, const Variant& defaultValue, int32_t type, const LocaleInfo& locale) {
+int FindDefaultInList(
+    const VariantArray& list, const Variant& defaultValue, int32_t type, const LocaleInfo& locale) {
     const bool text = type == vldUnspecified || type == vldString;
     const std::u16string defaultText = TextOf(defaultValue, locale);
     const auto number = NumericValueOf(defaultValue, locale);
@@ -45,7 +46,8 @@ int FindDefaultInList(const VariantArray& list, const Variant& defaultValue, int
         } else {
             const auto itemNumber = NumericValueOf(item, locale);
             const auto itemDays = DateTimeOf(item, locale);
-            matches = (itemNumber && number && *itemNumber == *number) || (itemDays && days && *itemDays == *days);
+            matches = (itemNumber && number && *itemNumber == *number)
+                || (itemDays && days && *itemDays == *days);
         }
         if (matches) return static_cast<int>(i) - 1;
     }

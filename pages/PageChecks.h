@@ -16,9 +16,10 @@ enum class ValueKind { Number, Date };
 /// The date kind for `vldDate` and `vldTime`, the number kind for every other type.
 [[nodiscard]] ValueKind KindOfType(int32_t type) noexcept;
 
-/// A value converted by kind: the double of a value that passes the numeric conversion, or the days of a value
-/// that passes the date conversion; nullopt when it does not (Empty and the empty text included).
-[[nodiscard]] std::optional<double> ConvertByKind(const Variant& value, ValueKind kind, const LocaleInfo& locale);
+/// A value converted by kind: the double of a value that passes the numeric conversion, or the days of a
+/// value that passes the date conversion; nullopt when it does not (Empty and the empty text included).
+[[nodiscard]] std::optional<double> ConvertByKind(
+    const Variant& value, ValueKind kind, const LocaleInfo& locale);
 
 /// What a limit's text holds: nothing usable, a number, a date, or a time (a date text with ":").
 enum class LimitClass { None, Number, Date, Time };

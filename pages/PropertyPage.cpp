@@ -78,7 +78,8 @@ void PropertyPage::ShowMessage(const QString& text, const QString& title, int ic
 }
 
 Answer PropertyPage::Ask(const QString& text, const QString& title, int icon) {
-    return m_services.alerts.Question(qt::FromQString(text), qt::FromQString(title), static_cast<int16_t>(icon));
+    return m_services.alerts.Question(
+        qt::FromQString(text), qt::FromQString(title), static_cast<int16_t>(icon));
 }
 
 qt::QuillmarEdit* PropertyPage::MakeEmbeddedField(

@@ -51,7 +51,8 @@ public:
     [[nodiscard]] QPushButton* ApplyButton() const noexcept { return m_apply; }
 
 private:
-    PropertyPageFrame(std::unique_ptr<qt::QtAlerts> alerts, std::unique_ptr<SystemClock> clock, QWidget* parent);
+    PropertyPageFrame(
+        std::unique_ptr<qt::QtAlerts> alerts, std::unique_ptr<SystemClock> clock, QWidget* parent);
     void UpdateApply();
 
     std::unique_ptr<qt::QtAlerts> m_ownAlerts;

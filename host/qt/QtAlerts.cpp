@@ -6,8 +6,8 @@
 
 namespace quillmar::qt {
 
-QMessageBox::StandardButton ExecMessageBox(
-    QWidget* parent, const QString& text, const QString& title, int icon, QMessageBox::StandardButtons buttons) {
+QMessageBox::StandardButton ExecMessageBox(QWidget* parent, const QString& text, const QString& title,
+    int icon, QMessageBox::StandardButtons buttons) {
     QString message = text;
     message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     QMessageBox::Icon qtIcon = QMessageBox::NoIcon;

@@ -1,5 +1,5 @@
-#include "control/Enums.h"
 #include "pages/PageChecks.h"
+#include "control/Enums.h"
 
 #include <gtest/gtest.h>
 
