@@ -134,7 +134,8 @@ TEST(Persistence, ListsLoadQuietlyWhateverTheBytesHold) {
     Field loaded;
     loaded.control.ReadProperties(StoreOf({ { u"Actions",
         Nested({ { u"NEl", int16_t { 3 } }, { u"1N", int32_t { 9 } }, { u"2N", int32_t { 17 } } }) } }));
-    EXPECT_EQ(loaded.control.Actions(), (VariantArray { Variant(), int32_t { 9 }, int32_t { 17 }, Variant() }));
+    EXPECT_EQ(
+        loaded.control.Actions(), (VariantArray { Variant(), int32_t { 9 }, int32_t { 17 }, Variant() }));
 }
 
 TEST(Persistence, InitialisingResetsEverythingQuietly) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -220,6 +221,32 @@ TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
     QTest::keyClicks(code->lineEdit(), QStringLiteral("A1x2"));
     EXPECT_EQ(code->Text(), QStringLiteral("AI"));
     EXPECT_EQ(beeps, 1); // only the 2
+}
+
+// Keyboards that need AltGr for "@", "€" or "{" may deliver those keys as Ctrl+Alt: they are typing, sifted
+// like any key and reported without Ctrl; a real Ctrl shortcut still goes through unsifted.
+TEST_F(Form, AltGrTypesWhileCtrlShortcutsStayUnsifted) {
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
+    std::vector<int> shifts;
+    QObject::connect(
+        quantity, &QuillmarEdit::KeyDown, [&](qint16&, qint16& shift) { shifts.push_back(shift); });
+    ShowAndFocus(quantity);
+    QTest::keyClicks(quantity->lineEdit(), QStringLiteral("12"));
+    shifts.clear();
+    const Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
+    for (const auto& [key, text] :
+        { std::pair { Qt::Key_Q, QStringLiteral("@") }, std::pair { Qt::Key_E, QStringLiteral("\u20AC") },
+            std::pair { Qt::Key_7, QStringLiteral("{") } }) {
+        QKeyEvent press(QEvent::KeyPress, key, altGr, text);
+        QApplication::sendEvent(quantity->lineEdit(), &press);
+    }
+    EXPECT_EQ(quantity->Text(), QStringLiteral("12"));
+    EXPECT_EQ(beeps, 3);
+    EXPECT_EQ(shifts, (std::vector<int> { 4, 4, 4 })); // Alt alone
+    QApplication::clipboard()->setText(QStringLiteral("ab"));
+    QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(quantity->Text(), QStringLiteral("12ab"));
+    EXPECT_EQ(beeps, 3);
 }
 
 TEST_F(Form, InvalidFieldLeftWithTabExplainsAndKeepsTheFocus) {
