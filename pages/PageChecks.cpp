@@ -79,4 +79,34 @@ NumDTEnables NumDTEnablesFor(int32_t type) noexcept {
     return on;
 }
 
+std::array<TextRule, 2> ExcludedBy(TextRule rule) noexcept {
+    switch (rule) {
+    case TextRule::OnlyLettersWithSpace:
+        return { TextRule::OnlyLetters, TextRule::NoDigits };
+    case TextRule::OnlyLetters:
+        return { TextRule::NoDigits, TextRule::OnlyLettersWithSpace };
+    case TextRule::NoDigits:
+        return { TextRule::OnlyLetters, TextRule::OnlyLettersWithSpace };
+    case TextRule::MustBeProperCase:
+        return { TextRule::MustBeLowerCase, TextRule::MustBeUpperCase };
+    case TextRule::MustBeLowerCase:
+        return { TextRule::MustBeUpperCase, TextRule::MustBeProperCase };
+    case TextRule::MustBeUpperCase:
+        break;
+    }
+    return { TextRule::MustBeLowerCase, TextRule::MustBeProperCase };
+}
+
+bool TextPageEnabled(int32_t type) noexcept {
+    return type == vldString;
+}
+
+bool SiftingEnabled(int32_t type) noexcept {
+    return type != vldUnspecified;
+}
+
+MessageFieldEnables MessageFieldsEnabled(int32_t type, bool showErrorMessage, bool custom) noexcept {
+    return { showErrorMessage, showErrorMessage && custom, type != vldUnspecified };
+}
+
 } // namespace quillmar::pages

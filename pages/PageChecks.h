@@ -3,6 +3,7 @@
 #include "control/Variant.h"
 #include "host/LocaleInfo.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -66,5 +67,44 @@ struct NumDTEnables {
 
 /// The fields of the Number/Date,Time page the type offers.
 [[nodiscard]] NumDTEnables NumDTEnablesFor(int32_t type) noexcept;
+
+/// The six check boxes of the Text page, in two groups of three that exclude each other: the character rules
+/// (`OnlyLettersWithSpace`, `OnlyLetters`, `NoDigits`) and the case rules (`MustBeProperCase`,
+/// `MustBeLowerCase`, `MustBeUpperCase`).
+enum class TextRule {
+    OnlyLettersWithSpace,
+    OnlyLetters,
+    NoDigits,
+    MustBeProperCase,
+    MustBeLowerCase,
+    MustBeUpperCase
+};
+
+/// The two boxes of its group that checking `rule` unchecks, in the order they are unchecked.
+[[nodiscard]] std::array<TextRule, 2> ExcludedBy(TextRule rule) noexcept;
+
+/// The Text page is usable for `vldString` only.
+[[nodiscard]] bool TextPageEnabled(int32_t type) noexcept;
+
+/// The Behavior page's sifting options: off for `vldUnspecified`, whose text the field never examines as a
+/// whole and which the Text page gives no character rules to sift by.
+[[nodiscard]] bool SiftingEnabled(int32_t type) noexcept;
+
+/// Which fields of the Error Message page are usable.
+struct MessageFieldEnables {
+    /// The two frames, the mode options, the title label and box.
+    bool messageFields = false;
+    /// The custom message's label and box.
+    bool customMessage = false;
+    /// The show-message check box.
+    bool showErrorMessage = false;
+    friend bool operator==(const MessageFieldEnables&, const MessageFieldEnables&) = default;
+};
+
+/// The Error Message page's fields for a field of the type, with the show-message box checked or not and the
+/// custom option set or not: no message fields without a message, the custom text only for a custom message,
+/// and no show-message box for `vldUnspecified`, which is never validated.
+[[nodiscard]] MessageFieldEnables MessageFieldsEnabled(
+    int32_t type, bool showErrorMessage, bool custom) noexcept;
 
 } // namespace quillmar::pages

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/PropertyError.h"
 #include "host/qt/QuillmarEdit.h"
 #include "host/standalone/MemoryPropertyStore.h"
 #include "pages/PageServices.h"
@@ -38,6 +39,8 @@ public:
     void SetChanged(bool changed);
     /// Gives the focus back to the field where the last refusal put it, with its selection.
     void RestoreFocus();
+    /// Forgets where an earlier refusal put the focus (the frame does so before each apply).
+    void ForgetFocus() { m_focusField = nullptr; }
 
 signals:
     /// The Changed flag went on or off.
@@ -60,6 +63,13 @@ protected:
     /// Puts the focus on a control of the page (now, and again when the frame shows the page after a
     /// refusal); for an embedded field `selectAll` selects its whole text.
     void FocusField(QWidget* field, bool selectAll = false);
+    /// Runs one write to a selected field. A value the field refuses (`PropertyError`) leaves the field as it
+    /// was, and the designer goes on with the next write.
+    template <typename Write> static void TryWrite(Write&& write) {
+        try {
+            write();
+        } catch (const PropertyError&) { }
+    }
     /// The frame's beep and boxes.
     void Beep();
     void ShowMessage(const QString& text, const QString& title, int icon);

@@ -68,6 +68,7 @@ bool PropertyPageFrame::Apply() {
         if (!page->Changed()) continue;
         // A page that refuses marks itself Changed again.
         page->SetChanged(false);
+        page->ForgetFocus();
         page->ApplyChanges();
         if (page->Changed() && !firstRefused) firstRefused = page;
     }

@@ -2,6 +2,7 @@
 
 #include "host/qt/QtAlerts.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDrag>
 #include <QFocusEvent>
@@ -714,6 +715,9 @@ void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
             bool cancel = false;
             emit m_services.m_owner.BeforeLeaving(cancel);
             if (cancel) {
+                // The focus stays, and a button pressed to leave the field is not clicked when released.
+                auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+                if (button && button->isDown()) button->setDown(false);
                 setFocus(Qt::OtherFocusReason);
                 return;
             }

@@ -72,8 +72,15 @@ protected:
         QApplication::processEvents();
     }
 
+    /// Clicks a button as a hand does: pressed, events settle (a field left for the button validates), then
+    /// released. A check box or option button is clicked on its indicator, which a wide one may not have at
+    /// its centre.
     void Click(QAbstractButton* button) {
-        QTest::mouseClick(button, Qt::LeftButton);
+        const bool indicator = button->inherits("QCheckBox") || button->inherits("QRadioButton");
+        const QPoint at = indicator ? QPoint(6, button->height() / 2) : button->rect().center();
+        QTest::mousePress(button, Qt::LeftButton, {}, at);
+        QApplication::processEvents();
+        QTest::mouseRelease(button, Qt::LeftButton, {}, at);
         QApplication::processEvents();
     }
 

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "pages/PropertyPageFrame.h"
+
+namespace quillmar::pages {
+
+/// Adds the field's pages to the frame in their tab order: General, then Number/Date,Time.
+void AddFieldPages(PropertyPageFrame& frame);
+
+} // namespace quillmar::pages
