@@ -57,6 +57,8 @@ protected:
     /// Ends a load: clears the loading flag and keeps the time.
     void EndLoad();
     [[nodiscard]] bool Loading() const noexcept { return m_loading; }
+    /// Sets or clears the loading flag by hand, for a page that loads without the once-a-second check.
+    void SetLoading(bool loading) noexcept { m_loading = loading; }
     /// The author touched a control: the page is Changed, unless it is being loaded.
     void MarkChanged();
 

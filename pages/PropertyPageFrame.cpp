@@ -57,6 +57,11 @@ void PropertyPageFrame::AddPage(PropertyPage* page) {
 
 void PropertyPageFrame::SetSelectedControls(const QList<qt::QuillmarEdit*>& fields) {
     m_selection = SelectedControls(fields);
+    // The title says which field the pages edit, as the author picked it in the designer.
+    if (fields.size() == 1 && fields.first())
+        setWindowTitle(tr("Properties of %1").arg(fields.first()->objectName()));
+    else
+        setWindowTitle(tr("Properties of %n fields", nullptr, static_cast<int>(fields.size())));
     for (PropertyPage* page : m_pages)
         page->SelectionChanged();
     UpdateApply();

@@ -5,8 +5,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTabWidget>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -89,45 +91,98 @@ TEST_F(Frame, CancelClosesWithoutApplying) {
     EXPECT_FALSE(frame.isVisible());
 }
 
-// A field configured through the pages saves and loads back with every property as the pages left it.
+// Fields configured through the pages save and load back with every property as the pages left them: a
+// number through the number page, a code through the text page, both through the other three.
 using FieldPages = PageTest;
 
-TEST_F(FieldPages, ConfiguredFieldSurvivesSavingAndLoading) {
+TEST_F(FieldPages, ConfiguredFieldsSurviveSavingAndLoading) {
     AddFieldPages(frame);
-    qt::QuillmarEdit* field = AddControl("OrderNumber");
-    Open({ field });
     auto* tabs = frame.findChild<QTabWidget*>();
-    Find<QComboBox>("cboMustBeType")->setCurrentIndex(vldLong);
-    Click(frame.ApplyButton());
-    ++clock.seconds;
-    frame.SetSelectedControls({ field }); // the number page now offers what a long offers
+    const auto typeIn = [&](const char* name, const QString& text) {
+        if (auto* field = frame.findChild<qt::QuillmarEdit*>(QString::fromLatin1(name)))
+            return TypeInto(field, text);
+        auto* box = Find<QWidget>(name);
+        box->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(box, text);
+    };
+    const auto check = [&](const char* name) { Click(Find<QAbstractButton>(name)); };
+    struct Row {
+        const char* name;
+        int32_t type;
+        std::function<void()> ownPages; // General's entries and the page of the type
+    };
+    const Row rows[] = {
+        { "OrderNumber", vldLong,
+            [&] {
+                typeIn("txtDefaultValue", QStringLiteral("150000"));
+                check("chkRequiredField");
+                typeIn("txtAddNew", QStringLiteral("123456"));
+                Click(Find<QPushButton>("cmdAddNew"));
+                tabs->setCurrentIndex(1);
+                typeIn("txtMinValue", QStringLiteral("100000"));
+                typeIn("txtMaxValue", QStringLiteral("999999"));
+                check("chkMustBePositive");
+            } },
+        { "CustomerCode", vldString,
+            [&] {
+                tabs->setCurrentIndex(2);
+                typeIn("txtCustomMask", QStringLiteral("[A-Z][A-Z]-####"));
+                check("chkMustBeUpperCase");
+            } },
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        qt::QuillmarEdit* field = AddControl(row.name);
+        ++clock.seconds;
+        Open({ field });
+        tabs->setCurrentIndex(0);
+        Find<QComboBox>("cboMustBeType")->setCurrentIndex(row.type);
+        Click(frame.ApplyButton());
+        ++clock.seconds;
+        frame.SetSelectedControls({ field }); // the pages now offer what the type offers
+        row.ownPages();
+        tabs->setCurrentIndex(3);
+        auto* actions = Find<QListWidget>("lstActions");
+        QTest::mouseClick(
+            actions->viewport(), Qt::LeftButton, {}, actions->visualItemRect(actions->item(0)).center());
+        Click(Find<QPushButton>("cmdDown"));
+        QTest::keyClick(actions, Qt::Key_Space); // the moved action is switched off
+        check("optWeak");
+        check("chkBeeping");
+        tabs->setCurrentIndex(4);
+        check("optCustom");
+        typeIn("txtErrorMessage", QStringLiteral("Please check this entry."));
+        check("optIcon3");
+        Click(frame.OkButton());
+        ASSERT_FALSE(frame.isVisible()) << "the pages refused";
+        EXPECT_TRUE(alerts.messages.empty());
 
-    TypeInto(Find<qt::QuillmarEdit>("txtDefaultValue"), QStringLiteral("150000"));
-    Click(Find<QCheckBox>("chkRequiredField"));
-    TypeInto(Find<qt::QuillmarEdit>("txtAddNew"), QStringLiteral("123456"));
-    Click(Find<QPushButton>("cmdAddNew"));
-    tabs->setCurrentIndex(1);
-    TypeInto(Find<qt::QuillmarEdit>("txtMinValue"), QStringLiteral("100000"));
-    TypeInto(Find<qt::QuillmarEdit>("txtMaxValue"), QStringLiteral("999999"));
-    Click(Find<QCheckBox>("chkMustBePositive"));
-    Click(frame.OkButton());
-    ASSERT_FALSE(frame.isVisible()) << "the pages refused";
-    EXPECT_TRUE(alerts.messages.empty());
-
-    standalone::MemoryPropertyStore saved;
-    field->control().WriteProperties(saved);
-    qt::QuillmarEdit* loaded = AddControl("OrderNumber");
-    loaded->control().ReadProperties(saved);
-    standalone::MemoryPropertyStore again;
-    loaded->control().WriteProperties(again);
-    EXPECT_EQ(saved, again);
-    const Quillmar& c = loaded->control();
-    EXPECT_EQ(c.MustBeType(), vldLong);
-    EXPECT_TRUE(c.RequiredField() && c.MustBePositive());
-    EXPECT_EQ(c.DefaultValue(), Variant(150000.0));
-    EXPECT_EQ(c.MinValue(), Variant(100000.0));
-    EXPECT_EQ(c.MaxValue(), Variant(999999.0));
-    EXPECT_EQ(c.MustNotBeValues(), (VariantArray { Variant(), u"123456" }));
+        standalone::MemoryPropertyStore saved;
+        field->control().WriteProperties(saved);
+        qt::QuillmarEdit* loaded = AddControl(row.name);
+        loaded->control().ReadProperties(saved);
+        standalone::MemoryPropertyStore again;
+        loaded->control().WriteProperties(again);
+        EXPECT_EQ(saved, again);
+        const Quillmar& c = loaded->control();
+        EXPECT_EQ(c.MustBeType(), row.type);
+        EXPECT_EQ(c.Actions(), (VariantArray { Variant(), 9, 32, 17 }));
+        EXPECT_EQ(c.InputSifting(), vldWeak);
+        EXPECT_FALSE(c.Beeping());
+        EXPECT_EQ(c.ErrorMessageMode(), vldCustom);
+        EXPECT_EQ(c.ErrorMessage(), u"Please check this entry.");
+        EXPECT_EQ(c.MessageBoxIcon(), vldMBIInformation);
+        if (row.type == vldLong) {
+            EXPECT_TRUE(c.RequiredField() && c.MustBePositive());
+            EXPECT_EQ(c.DefaultValue(), Variant(150000.0));
+            EXPECT_EQ(c.MinValue(), Variant(100000.0));
+            EXPECT_EQ(c.MaxValue(), Variant(999999.0));
+            EXPECT_EQ(c.MustNotBeValues(), (VariantArray { Variant(), u"123456" }));
+        } else {
+            EXPECT_EQ(c.CustomMask(), u"[A-Z][A-Z]-####");
+            EXPECT_TRUE(c.MustBeUpperCase());
+        }
+    }
 }
 
 } // namespace

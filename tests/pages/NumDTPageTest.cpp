@@ -1,6 +1,5 @@
 #include "pages/NumDTPage.h"
 #include "control/Enums.h"
-#include "host/standalone/MemoryPropertyStore.h"
 #include "pages/PageTestSupport.h"
 #include "validation/Conversions.h"
 
@@ -71,30 +70,6 @@ TEST_F(NumDTPageTest, LoadsFromTheFirstSelectedControl) {
     // The limit fields take values of the selected control's type.
     EXPECT_EQ(Field("txtMinValue")->MustBeType(), vldDouble);
     EXPECT_EQ(Field("txtMaxValue")->MustBeType(), vldDouble);
-    EXPECT_FALSE(page->Changed());
-}
-
-TEST_F(NumDTPageTest, StoredValuesOutOfRangeNeitherShowNorStopTheWrites) {
-    auto* field = AddControl("field");
-    standalone::MemoryPropertyStore store;
-    store.WriteProperty(u"MustBeType", int32_t { vldInteger }, Variant());
-    store.WriteProperty(u"ThousandSeparator", int32_t { 2 }, Variant());
-    store.WriteProperty(u"MaxNumberOfDecimals", int32_t { 40 }, Variant());
-    field->control().ReadProperties(store);
-    Open({ field });
-    auto* combo = Find<QComboBox>("cboSep1000");
-    EXPECT_EQ(combo->count(), 2);
-    EXPECT_EQ(combo->currentIndex(), -1);
-    // With no item selected the separator stays; the refused count (its field is off) does not stop the
-    // later writes.
-    TypeInto(Field("txtMaxValue"), "50");
-    Apply();
-    EXPECT_EQ(field->control().MaxValue(), Variant(50.0));
-    EXPECT_EQ(field->ThousandSeparator(), 2);
-    combo->setFocus();
-    QTest::keyClick(combo, Qt::Key_End);
-    Apply();
-    EXPECT_EQ(field->ThousandSeparator(), vldTSAllowed);
     EXPECT_FALSE(page->Changed());
 }
 
@@ -241,22 +216,6 @@ TEST_F(NumDTPageTest, RefusesLimitsThatContradictEachOtherOrTheDefault) {
     }
 }
 
-TEST_F(NumDTPageTest, LimitsThatDoNotConvertForTheTypeRefuseWithoutAWord) {
-    auto* field = AddControl("field");
-    field->SetMustBeType(vldInteger);
-    Open({ field });
-    TypeInto(Field("txtMinValue"), "5");
-    TypeInto(Field("txtMaxValue"), "10");
-    // The type changes before this page applies (the General page applies first): the limits typed as
-    // numbers are no dates.
-    field->SetMustBeType(vldDate);
-    Apply();
-    EXPECT_TRUE(alerts.messages.empty());
-    EXPECT_EQ(alerts.beeps, 0);
-    EXPECT_TRUE(page->Changed());
-    EXPECT_FALSE(Holds(field->control().MaxValue()));
-}
-
 struct Offer {
     int32_t type;
     bool range, sign, notZero, scientific, decimals, thousands;
@@ -303,12 +262,8 @@ TEST_F(NumDTPageTest, PositiveAndNegativeExcludeEachOther) {
         bool positive, negative;
     };
     const Step steps[] = {
-        { "chkMustBePositive", true, false },
-        { "chkMustBeNegative", false, true },
-        { "chkMustBePositive", true, false },
-        { "chkMustBePositive", false, false }, // unchecking leaves the other as it is
-        { "chkMustBeNegative", false, true },
-        { "chkMustBeNegative", false, false },
+        { "chkMustBePositive", true, false }, { "chkMustBeNegative", false, true },
+        { "chkMustBeNegative", false, false }, // unchecking leaves the other as it is
     };
     auto* field = AddControl("field");
     field->SetMustBeType(vldLong);
@@ -338,21 +293,6 @@ TEST_F(NumDTPageTest, ACountAboveTheLimitIsCorrectedByTheFieldItself) {
     Apply();
     EXPECT_EQ(field->MaxNumberOfDecimals(), 32);
     EXPECT_EQ(alerts.messages.size(), 1u);
-}
-
-TEST_F(NumDTPageTest, ASecondLoadWithinTheSameSecondBeepsAndKeepsTheFields) {
-    auto* a = AddControl("a");
-    auto* b = AddControl("b");
-    a->SetMaxRelativeAccuracy(7);
-    b->SetMaxRelativeAccuracy(8);
-    Open({ a });
-    frame.SetSelectedControls({ b });
-    EXPECT_EQ(alerts.beeps, 1);
-    EXPECT_EQ(Shown("txtMaxRelativeAccuracy"), "7");
-    clock.seconds += 1;
-    frame.SetSelectedControls({ b });
-    EXPECT_EQ(alerts.beeps, 1);
-    EXPECT_EQ(Shown("txtMaxRelativeAccuracy"), "8");
 }
 
 } // namespace
