@@ -236,10 +236,7 @@ void BehaviorPage::ApplyChanges() {
     const int32_t mode = m_optSemiAutomatic->isChecked() ? vldSemiAutomatic : vldAutomatic;
     const int32_t sifting = m_optStrong->isChecked() ? vldStrong : m_optWeak->isChecked() ? vldWeak : vldNone;
 
-    for (int i = 0; i < Selection().Count(); ++i) {
-        qt::QuillmarEdit* field = Selection().Item(i);
-        if (!field) continue;
-        Quillmar& control = field->control();
+    ForEachSelected([&](Quillmar& control) {
         TryWrite([&] { control.SetActions(actions); });
         TryWrite([&] { control.SetOnErrorSelectEntireField(selectEntireField); });
         TryWrite([&] { control.SetFinalValidationActive(finalValidation); });
@@ -247,7 +244,7 @@ void BehaviorPage::ApplyChanges() {
         TryWrite([&] { control.SetShowAsUnderstood(showAsUnderstood); });
         TryWrite([&] { control.SetValidationMode(mode); });
         TryWrite([&] { control.SetInputSifting(sifting); });
-    }
+    });
 }
 
 } // namespace quillmar::pages

@@ -211,17 +211,14 @@ void ErrorMsgPage::ApplyChanges() {
     const int32_t mode = SelectedMode();
     const int16_t icon = SelectedIcon();
 
-    for (int i = 0; i < Selection().Count(); ++i) {
-        qt::QuillmarEdit* field = Selection().Item(i);
-        if (!field) continue;
-        Quillmar& control = field->control();
+    ForEachSelected([&](Quillmar& control) {
         TryWrite([&] { control.SetErrorMessage(message); });
         TryWrite([&] { control.SetMessageBoxTitle(title); });
         TryWrite([&] { control.SetShowErrorMessage(show); });
         // With no style set (the field held one the page does not offer) the style is left as it is.
         if (mode != 0) TryWrite([&] { control.SetErrorMessageMode(mode); });
         TryWrite([&] { control.SetMessageBoxIcon(icon); });
-    }
+    });
 }
 
 } // namespace quillmar::pages

@@ -290,12 +290,7 @@ void GeneralPage::ApplyChanges() {
 }
 
 void GeneralPage::WriteEach(const std::function<void(Quillmar&)>& write, bool firstOnly) {
-    const int count = firstOnly ? 1 : Selection().Count();
-    for (int i = 0; i < count; ++i) {
-        qt::QuillmarEdit* field = Selection().Item(i);
-        if (!field) continue;
-        TryWrite([&] { write(field->control()); });
-    }
+    ForEachSelected([&](Quillmar& control) { TryWrite([&] { write(control); }); }, firstOnly);
 }
 
 bool GeneralPage::CheckCollisions(int32_t type) {

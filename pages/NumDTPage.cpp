@@ -290,10 +290,7 @@ void NumDTPage::ApplyChanges() {
     const std::optional<int32_t> accuracy = accuracyText.isEmpty() ? std::nullopt : CountOf(accuracyText);
     const int separator = m_cboSep1000->currentIndex();
 
-    for (int i = 0; i < Selection().Count(); ++i) {
-        qt::QuillmarEdit* field = Selection().Item(i);
-        if (!field) continue;
-        Quillmar& control = field->control();
+    ForEachSelected([&](Quillmar& control) {
         TryWrite([&] { control.SetMustBeNegative(negative); });
         TryWrite([&] { control.SetMustBePositive(positive); });
         TryWrite([&] { control.SetAllowScientificFormat(scientific); });
@@ -303,7 +300,7 @@ void NumDTPage::ApplyChanges() {
         if (decimals) TryWrite([&] { control.SetMaxNumberOfDecimals(*decimals); });
         if (accuracy) TryWrite([&] { control.SetMaxRelativeAccuracy(*accuracy); });
         if (separator >= 0) TryWrite([&] { control.SetThousandSeparator(separator); });
-    }
+    });
 }
 
 } // namespace quillmar::pages

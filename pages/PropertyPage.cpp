@@ -3,7 +3,9 @@
 #include "control/ListEncoding.h"
 
 #include <QLocale>
+
 #include <QTime>
+#include <algorithm>
 
 namespace quillmar::pages {
 
@@ -33,6 +35,12 @@ void PropertyPage::SetChanged(bool changed) {
 
 qt::QuillmarEdit* PropertyPage::FirstControl() const {
     return Selection().Item(0);
+}
+
+void PropertyPage::ForEachSelected(const std::function<void(Quillmar&)>& write, bool firstOnly) const {
+    const int count = firstOnly ? std::min(1, Selection().Count()) : Selection().Count();
+    for (int i = 0; i < count; ++i)
+        if (qt::QuillmarEdit* field = Selection().Item(i)) write(field->control());
 }
 
 bool PropertyPage::BeginLoad() {

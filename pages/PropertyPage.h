@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 namespace quillmar::pages {
@@ -65,6 +66,8 @@ protected:
     /// Puts the focus on a control of the page (now, and again when the frame shows the page after a
     /// refusal); for an embedded field `selectAll` selects its whole text.
     void FocusField(QWidget* field, bool selectAll = false);
+    /// Runs `write` on the control of each selected field in selection order, or of the first only.
+    void ForEachSelected(const std::function<void(Quillmar&)>& write, bool firstOnly = false) const;
     /// Runs one write to a selected field. A value the field refuses (`PropertyError`) leaves the field as it
     /// was, and the designer goes on with the next write.
     template <typename Write> static void TryWrite(Write&& write) {

@@ -147,10 +147,7 @@ void TextPage::ApplyChanges() {
     const std::u16string valid = qt::FromQString(m_txtValidCharactersSet->text());
     const auto is = [this](TextRule rule) { return Box(rule)->isChecked(); };
 
-    for (int i = 0; i < Selection().Count(); ++i) {
-        qt::QuillmarEdit* field = Selection().Item(i);
-        if (!field) continue;
-        Quillmar& control = field->control();
+    ForEachSelected([&](Quillmar& control) {
         TryWrite([&] { control.SetCustomMask(mask); });
         TryWrite([&] { control.SetExtraIncludedCharacters(included); });
         TryWrite([&] { control.SetExtraExcludedCharacters(excluded); });
@@ -162,7 +159,7 @@ void TextPage::ApplyChanges() {
         TryWrite([&] { control.SetMustBeProperCase(is(TextRule::MustBeProperCase)); });
         TryWrite([&] { control.SetMustBeLowerCase(is(TextRule::MustBeLowerCase)); });
         TryWrite([&] { control.SetMustBeUpperCase(is(TextRule::MustBeUpperCase)); });
-    }
+    });
 }
 
 } // namespace quillmar::pages
