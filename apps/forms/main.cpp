@@ -1,8 +1,11 @@
-// quillmar-forms: opens a form file and lets a person fill it in, every field checking what it must contain.
+// quillmar-forms: opens a form file and lets a person fill it in, every field checking what it must contain,
+// and stores each submitted record in an SQLite database beside the form.
 #include "apps/forms/FormWindow.h"
+#include "apps/forms/Record.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
 
@@ -46,7 +49,16 @@ int main(int argc, char** argv) {
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
         QStringLiteral("Shows the form, saves a picture of its window to <file> and quits."),
         QStringLiteral("file"));
-    parser.addOption(screenshot);
+    const QCommandLineOption database(QStringLiteral("database"),
+        QStringLiteral("Stores the records in <file> (by default beside the form, named after it: "
+                       "orders.qform.json stores in orders.sqlite)."),
+        QStringLiteral("file"));
+    const QCommandLineOption fill(QStringLiteral("fill"),
+        QStringLiteral("Starts the field <name> with <text> (repeatable)."), QStringLiteral("name=text"));
+    const QCommandLineOption submit(QStringLiteral("submit"),
+        QStringLiteral("With --screenshot: submits the form as filled and pictures the box that answers (the "
+                       "window when the record is stored)."));
+    parser.addOptions({ screenshot, database, fill, submit });
     parser.process(app);
 
     const QStringList positional = parser.positionalArguments();
@@ -57,20 +69,51 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "quillmar-forms: %s\n", form.error.c_str());
         return 1;
     }
-    quillmar::forms::FormWindow window(*form.document);
+    const QString databasePath = parser.isSet(database)
+        ? parser.value(database)
+        : QString::fromStdString(quillmar::forms::DefaultDatabasePath(path).string());
+    using quillmar::forms::FormWindow;
+    FormWindow window(*form.document, QString::fromStdString(path.string()), databasePath);
     if (const auto error = window.Load(path.string())) {
         std::fprintf(stderr, "quillmar-forms: %s\n", error->c_str());
         return 1;
     }
+    for (const QString& entry : parser.values(fill)) {
+        const qsizetype equals = entry.indexOf(QLatin1Char('='));
+        auto* field = window.findChild<quillmar::qt::QuillmarEdit*>(entry.left(equals));
+        if (equals < 0 || !field) {
+            std::fprintf(
+                stderr, "quillmar-forms: --fill %s: the form has no field of that name\n", qPrintable(entry));
+            return 1;
+        }
+        field->SetText(entry.mid(equals + 1));
+    }
     window.show();
     if (parser.isSet(screenshot)) {
-        QTimer::singleShot(300, &window, [&] {
-            const QString file = parser.value(screenshot);
-            const bool saved = window.grab().save(file, "PNG");
+        const QString file = parser.value(screenshot);
+        const auto save = [file](QWidget& widget) {
+            const bool saved = widget.grab().save(file, "PNG");
             if (!saved)
                 std::fprintf(stderr, "quillmar-forms: cannot write the picture %s\n", qPrintable(file));
             QApplication::exit(saved ? 0 : 1);
-        });
+        };
+        if (parser.isSet(submit)) {
+            // The box is shown without waiting for it, pictured once drawn, and the program ends.
+            window.SetMessageHandler(
+                [&window, save](FormWindow::MessageKind kind, const QString& title, const QString& text) {
+                    QMessageBox* box = FormWindow::MakeMessageBox(&window, kind, title, text);
+                    box->show();
+                    QTimer::singleShot(300, box, [box, save] { save(*box); });
+                    return false;
+                });
+            QTimer::singleShot(300, &window, [&window, save] {
+                // A stored record answers with no box: the window, its status bar naming the count, is
+                // pictured.
+                if (window.Submit() == FormWindow::SubmitOutcome::Stored) save(window);
+            });
+        } else {
+            QTimer::singleShot(300, &window, [&window, save] { save(window); });
+        }
     }
     return QApplication::exec();
 }

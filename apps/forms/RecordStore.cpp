@@ -1,0 +1,165 @@
+#include "apps/forms/RecordStore.h"
+
+#include "host/qt/QtConversions.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStringList>
+
+#include <algorithm>
+#include <atomic>
+#include <cassert>
+#include <utility>
+
+namespace quillmar::forms {
+namespace {
+
+// SQLite's primary result codes that a clerk can be told about in plain words.
+constexpr int kBusy = 5;
+constexpr int kLocked = 6;
+constexpr int kReadOnly = 8;
+constexpr int kCorrupt = 11;
+constexpr int kFull = 13;
+constexpr int kCantOpen = 14;
+constexpr int kNotADatabase = 26;
+
+QString Quoted(const QString& identifier) {
+    return QLatin1Char('"') + QString(identifier).replace(QLatin1Char('"'), QStringLiteral("\"\""))
+        + QLatin1Char('"');
+}
+
+QString TypeName(ColumnType type) {
+    return QString::fromLatin1(ColumnTypeName(type));
+}
+
+QString Reason(const QSqlError& error) {
+    bool numeric = false;
+    const int code = error.nativeErrorCode().toInt(&numeric) & 0xff;
+    if (numeric) {
+        switch (code) {
+        case kBusy:
+        case kLocked:
+            return QStringLiteral("another program is writing to the database (it is locked); try again in a "
+                                  "moment");
+        case kReadOnly:
+            return QStringLiteral("the database can only be read (the file or its folder is read-only)");
+        case kCantOpen:
+            return QStringLiteral("the database file cannot be opened or created there");
+        case kFull:
+            return QStringLiteral("the disk is full");
+        case kCorrupt:
+        case kNotADatabase:
+            return QStringLiteral("the file is not a readable SQLite database");
+        default:
+            break;
+        }
+    }
+    const QString text = error.databaseText().isEmpty() ? error.text() : error.databaseText();
+    return QStringLiteral("SQLite reports: ") + text;
+}
+
+QVariant Bound(const StoredValue& value) {
+    if (const auto* integer = std::get_if<int64_t>(&value)) return QVariant(qint64 { *integer });
+    if (const auto* real = std::get_if<double>(&value)) return QVariant(*real);
+    if (const auto* text = std::get_if<std::u16string>(&value)) return QVariant(qt::ToQString(*text));
+    return QVariant(QMetaType(QMetaType::QString)); // NULL
+}
+
+} // namespace
+
+RecordStore::RecordStore(QString databasePath, QString table, std::vector<Column> columns)
+    : m_path(std::move(databasePath))
+    , m_table(std::move(table))
+    , m_columns(std::move(columns)) {
+    m_columns.push_back({ kSubmittedAt, ColumnType::Text });
+}
+
+StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QString& submittedAt) {
+    assert(values.size() + 1 == m_columns.size() && "one value per field");
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
+        return { false, 0,
+            QStringLiteral("Qt's SQLite driver is not installed (package libqt6sql6-sqlite)") };
+
+    static std::atomic<int> connections { 0 };
+    const QString connection = QStringLiteral("quillmar-records-%1").arg(++connections);
+    StoreResult result;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        db.setDatabaseName(m_path);
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(m_busyTimeout));
+        result = [&]() -> StoreResult {
+            if (!db.open()) return { false, 0, Reason(db.lastError()) };
+            QSqlQuery query(db);
+            // The write lock is taken first, so that checking the table, inserting and counting see one
+            // state.
+            if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+                return { false, 0, Reason(query.lastError()) };
+            const auto fail = [&](QString reason) {
+                QSqlQuery(db).exec(QStringLiteral("ROLLBACK"));
+                return StoreResult { false, 0, std::move(reason) };
+            };
+
+            if (!query.exec(QStringLiteral("PRAGMA table_info(%1)").arg(Quoted(m_table))))
+                return fail(Reason(query.lastError()));
+            std::vector<std::pair<QString, QString>> existing; // name and declared type
+            while (query.next())
+                existing.emplace_back(query.value(1).toString(), query.value(2).toString());
+            if (existing.empty()) {
+                QStringList definitions;
+                for (const Column& column : m_columns)
+                    definitions << Quoted(column.name) + QLatin1Char(' ') + TypeName(column.type);
+                if (!query.exec(QStringLiteral("CREATE TABLE %1 (%2)")
+                                    .arg(Quoted(m_table), definitions.join(QStringLiteral(", ")))))
+                    return fail(Reason(query.lastError()));
+            } else {
+                QStringList missing, retyped;
+                for (const Column& column : m_columns) {
+                    const auto found = std::find_if(existing.begin(), existing.end(), [&](const auto& name) {
+                        return name.first.compare(column.name, Qt::CaseInsensitive) == 0;
+                    });
+                    if (found == existing.end())
+                        missing << column.name;
+                    else if (found->second.compare(TypeName(column.type), Qt::CaseInsensitive) != 0)
+                        retyped << QStringLiteral("%1 is %2 where the form needs %3")
+                                       .arg(column.name, found->second, TypeName(column.type));
+                }
+                QStringList faults;
+                if (!missing.isEmpty())
+                    faults
+                        << QStringLiteral("it has no column for %1").arg(missing.join(QStringLiteral(", ")));
+                if (!retyped.isEmpty())
+                    faults
+                        << QStringLiteral("its column %1").arg(retyped.join(QStringLiteral(", its column ")));
+                if (!faults.isEmpty())
+                    return fail(QStringLiteral("the table %1 no longer matches this form: %2")
+                                    .arg(m_table, faults.join(QStringLiteral("; "))));
+            }
+
+            QStringList names, placeholders;
+            for (const Column& column : m_columns) {
+                names << Quoted(column.name);
+                placeholders << QStringLiteral("?");
+            }
+            if (!query.prepare(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                                   .arg(Quoted(m_table), names.join(QStringLiteral(", ")),
+                                       placeholders.join(QStringLiteral(", ")))))
+                return fail(Reason(query.lastError()));
+            for (const StoredValue& value : values)
+                query.addBindValue(Bound(value));
+            query.addBindValue(submittedAt);
+            if (!query.exec()) return fail(Reason(query.lastError()));
+
+            if (!query.exec(QStringLiteral("SELECT COUNT(*) FROM %1").arg(Quoted(m_table))) || !query.next())
+                return fail(Reason(query.lastError()));
+            const qint64 count = query.value(0).toLongLong();
+            if (!query.exec(QStringLiteral("COMMIT"))) return fail(Reason(query.lastError()));
+            return { true, count, {} };
+        }();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return result;
+}
+
+} // namespace quillmar::forms

@@ -1,0 +1,251 @@
+#include "apps/forms/FormWindow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+
+void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace quillmar::forms {
+namespace {
+
+using qt::QuillmarEdit;
+
+const QString kExample = QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json");
+
+// A whole order as a clerk types it, field by field in tab order; Reference stays empty.
+const std::pair<const char*, const char*> kOrder[] = {
+    { "CustomerName", "Ann Lee" },
+    { "CustomerCode", "AB-1234" },
+    { "OrderNumber", "012345" },
+    { "OrderDate", "6/15/2024" },
+    { "DeliveryTime", "10:30" },
+    { "Quantity", "12" },
+    { "Discount", "12.5" },
+    { "UnitPrice", "1,234.50" },
+    { "Weight", "2.5" },
+    { "ScaleFactor", "1.5E3" },
+    { "Adjustment", "-5.25" },
+    { "Reference", "" },
+    { "Phone", "+1 (555) 123" },
+    { "Notes", "Deliver after 5" },
+};
+
+// The example form in run mode, its database in a folder of its own, every message box recorded.
+class RunMode : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "forms_tests";
+        static char* argv[] = { name, nullptr };
+        if (!QApplication::instance()) new QApplication(argc, argv);
+    }
+
+    void SetUp() override {
+        const FormResult form = LoadFormFile(kExample.toStdString());
+        ASSERT_TRUE(form.document) << form.error;
+        window = std::make_unique<FormWindow>(*form.document, kExample, database);
+        ASSERT_EQ(window->Load("orders.qform.json"), std::nullopt);
+        window->SetLocaleName(QStringLiteral("en_US"));
+        window->SetBusyTimeout(50);
+        window->SetMessageHandler([this](FormWindow::MessageKind, const QString& title, const QString& text) {
+            boxes << title + QLatin1Char('|') + text;
+            return false;
+        });
+        for (QuillmarEdit* field : window->Fields()) {
+            field->SetBeepHandler([] {});
+            field->SetMessageBoxHandler(
+                [this](const QString& text, const QString&, int) { fieldBoxes << text; });
+        }
+        window->show();
+        QApplication::setActiveWindow(window.get());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    QuillmarEdit* Field(const char* name) {
+        return window->findChild<QuillmarEdit*>(QString::fromLatin1(name));
+    }
+
+    void Click(const char* name) {
+        QTest::mouseClick(Field(name)->lineEdit(), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    void Type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text)); }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QApplication::processEvents(); // a field left is validated once the focus has settled
+    }
+    // Types the whole order from the first field, Tab between fields (Tab selects a field's text).
+    void TypeOrder() {
+        Click(kOrder[0].first);
+        for (const auto& [name, text] : kOrder) {
+            if (name != kOrder[0].first) Key(Qt::Key_Tab);
+            Type(text);
+        }
+    }
+    QStringList Texts() {
+        QStringList texts;
+        for (QuillmarEdit* field : window->Fields())
+            texts << field->Text();
+        return texts;
+    }
+    // The first row a query of the database gives, through a connection of its own.
+    QVariantList Row(const QString& sql) {
+        QVariantList row;
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("reader"));
+            db.setDatabaseName(database);
+            QSqlQuery query(db);
+            if (db.open() && query.exec(sql) && query.next())
+                for (int i = 0; i < query.record().count(); ++i)
+                    row << query.value(i);
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("reader"));
+        return row;
+    }
+
+    QTemporaryDir folder;
+    QString database = folder.filePath(QStringLiteral("orders.sqlite"));
+    std::unique_ptr<FormWindow> window;
+    QStringList boxes, fieldBoxes;
+};
+
+TEST_F(RunMode, InvalidFieldsAreSummedUpInOneBoxAndNothingIsStored) {
+    // The clerk skips the order number with the mouse and types a date before the form's range.
+    Click("CustomerName");
+    Type("Ann Lee");
+    Key(Qt::Key_Tab);
+    Type("AB-1234");
+    Click("UnitPrice");
+    Type("12.50");
+    Click("OrderDate");
+    Type("6/15/2019");
+    const QStringList typed = Texts();
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_EQ(boxes[0],
+        QStringLiteral("Record not stored|The record was not stored. Please correct these 2 fields:\n\n"
+                       "\u2022 Order number: An order number has six digits, such as 012345.\n"
+                       "\u2022 Order date: A date between 1/1/2020 and 12/31/2099 is required."));
+    EXPECT_TRUE(Field("OrderNumber")->lineEdit()->hasFocus());
+
+    // The order number typed short, then Submit clicked: the field keeps the focus with its text selected.
+    Type("12345");
+    QTest::mouseClick(window->SubmitButton(), Qt::LeftButton);
+    QApplication::processEvents();
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_EQ(boxes[1], boxes[0]);
+    EXPECT_TRUE(Field("OrderNumber")->lineEdit()->hasFocus());
+    EXPECT_EQ(Field("OrderNumber")->SelText(), QStringLiteral("12345"));
+    EXPECT_TRUE(Field("OrderDate")->FinalValidationActive());
+
+    QStringList expected = typed;
+    expected[2] = QStringLiteral("12345");
+    EXPECT_EQ(Texts(), expected); // no field corrected
+    EXPECT_TRUE(fieldBoxes.isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(database));
+
+    window->close(); // asks first, and No keeps what is typed
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(boxes.last().startsWith(QStringLiteral("Close the form|")));
+}
+
+TEST_F(RunMode, AStoredRecordKeepsEachValueTypedAndClearsTheForm) {
+    TypeOrder();
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(boxes.isEmpty()) << boxes.join(QLatin1Char('\n')).toStdString();
+    const QVariantList row = Row(QStringLiteral("SELECT CustomerName, OrderNumber, OrderDate, DeliveryTime, "
+                                                "typeof(Quantity), Quantity, typeof(Discount), "
+                                                "Discount, typeof(UnitPrice), UnitPrice, Weight, "
+                                                "ScaleFactor, Adjustment, typeof(Reference), SubmittedAt "
+                                                "FROM Orders"));
+    ASSERT_EQ(row.size(), 15);
+    const QVariantList expected = { QStringLiteral("Ann Lee"), QStringLiteral("012345"),
+        QStringLiteral("2024-06-15"), QStringLiteral("10:30:00"), QStringLiteral("integer"), 12,
+        QStringLiteral("real"), 12.5, QStringLiteral("text"), QStringLiteral("1234.5"), 2.5, 1500.0,
+        QStringLiteral("-5.25"), QStringLiteral("null") };
+    for (int i = 0; i < expected.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(row[i].toString(), expected[i].toString());
+    }
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ$"))
+                    .match(row[14].toString())
+                    .hasMatch())
+        << row[14].toString().toStdString();
+
+    QStringList fresh(int(std::size(kOrder)));
+    fresh[5] = QStringLiteral("1");
+    fresh[6] = QStringLiteral("0");
+    EXPECT_EQ(Texts(), fresh);
+    EXPECT_TRUE(Field("CustomerName")->lineEdit()->hasFocus());
+    EXPECT_EQ(window->StatusBar()->currentMessage(),
+        QStringLiteral("Record stored: %1 holds 1 record \u00b7 Form: %2").arg(database, kExample));
+
+    TypeOrder();
+    QTest::mouseClick(window->SubmitButton(), Qt::LeftButton);
+    EXPECT_TRUE(window->StatusBar()->currentMessage().contains(QStringLiteral(" holds 2 records \u00b7")));
+    EXPECT_TRUE(fieldBoxes.isEmpty());
+}
+
+TEST_F(RunMode, ARecordThatCannotBeStoredIsExplainedAndKeptInTheForm) {
+    const struct {
+        const char* name;
+        const char* setUp; // run on a second connection that stays open while the clerk submits
+        const char* reason;
+        const char* detail;
+        bool locked;
+    } cases[] = {
+        { "locked", "BEGIN IMMEDIATE", "another program is writing to the database (it is locked)", "",
+            true },
+        { "mismatched", "CREATE TABLE Orders (CustomerName TEXT, Quantity TEXT)",
+            "the table Orders no longer matches this form: it has no column for CustomerCode, OrderNumber, ",
+            "; its column Quantity is TEXT where the form needs INTEGER.", false },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        QFile::remove(database);
+        boxes.clear();
+        {
+            QSqlDatabase other
+                = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
+            other.setDatabaseName(database);
+            ASSERT_TRUE(other.open());
+            ASSERT_TRUE(QSqlQuery(other).exec(QString::fromLatin1(c.setUp)));
+            TypeOrder();
+            const QStringList typed = Texts();
+            Key(Qt::Key_Return, Qt::ControlModifier);
+            ASSERT_EQ(boxes.size(), 1);
+            EXPECT_TRUE(boxes[0].contains(database + QStringLiteral(":\n") + QString::fromLatin1(c.reason))
+                && boxes[0].contains(QString::fromLatin1(c.detail)))
+                << boxes[0].toStdString();
+            EXPECT_EQ(Texts(), typed);
+            QSqlQuery(other).exec(QStringLiteral("ROLLBACK"));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("other"));
+        if (c.locked) { // released, the same record goes in
+            Key(Qt::Key_Return, Qt::ControlModifier);
+            EXPECT_EQ(Row(QStringLiteral("SELECT COUNT(*), Notes FROM Orders")),
+                (QVariantList { 1, QStringLiteral("Deliver after 5") }));
+        } else {
+            EXPECT_EQ(Row(QStringLiteral("SELECT COUNT(*) FROM Orders")), QVariantList { 0 });
+        }
+    }
+}
+
+} // namespace
+} // namespace quillmar::forms
