@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 BUILD_DIR=${FUZZ_BUILD_DIR:-build-fuzz}
 SECONDS_PER_TARGET=${FUZZ_SECONDS:-20}
-read -r -a TARGETS <<<"${FUZZ_TARGETS:-pattern pattern_diff number datetime store formfile typing}"
+read -r -a TARGETS <<<"${FUZZ_TARGETS:-pattern pattern_diff number datetime store formfile typing csv}"
 
 if [ ! -f "$BUILD_DIR/build.ninja" ]; then
   CC=clang-14 CXX=clang++-14 cmake -S . -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \

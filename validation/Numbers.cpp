@@ -2,9 +2,11 @@
 
 #include "control/Enums.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace quillmar {
 namespace {
@@ -16,36 +18,48 @@ bool IsBlank(char16_t c) {
     return c == u' ' || c == u'\t';
 }
 
-// The ASCII text "[-]<digits>e<exponent>" that std::from_chars reads.
-std::string ScientificAscii(const ParsedNumber& number) {
-    std::string ascii;
-    ascii.reserve(number.digits.size() + 24);
-    if (number.negative) ascii += '-';
-    ascii += number.digits.empty() ? std::string("0") : number.digits;
-    ascii += 'e';
-    ascii += std::to_string(number.exponent);
-    return ascii;
-}
-
 // Decimal position of the leading digit: the value lies in [10^(m-1), 10^m).
-int64_t Magnitude(const ParsedNumber& number) {
+int64_t Magnitude(const NumberDigits& number) {
     return static_cast<int64_t>(number.digits.size()) + number.exponent;
 }
 
-template <typename Float> std::optional<Float> ReadFloat(const ParsedNumber& number) {
+template <typename Float> std::optional<Float> ReadFloat(const NumberDigits& number) {
     if (number.digits.empty()) return number.negative ? -Float(0) : Float(0);
     if (Magnitude(number) > std::numeric_limits<Float>::max_exponent10 + 1) return std::nullopt;
     if (Magnitude(number) < std::numeric_limits<Float>::min_exponent10 - 30)
         return number.negative ? -Float(0) : Float(0);
-    const std::string ascii = ScientificAscii(number);
+    // Few digits and a small power of ten: the mantissa and the power are exact, so one multiplication or
+    // division rounds once, to the same nearest value std::from_chars gives.
+    constexpr int kExactDigits = std::numeric_limits<Float>::digits10;
+    constexpr int64_t kExactPower = std::is_same_v<Float, float> ? 10 : 22;
+    if (number.digits.size() <= static_cast<size_t>(kExactDigits) && number.exponent >= -kExactPower
+        && number.exponent <= kExactPower) {
+        static constexpr Float kPowers[] = { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
+        uint64_t mantissa = 0;
+        for (const char digit : number.digits)
+            mantissa = mantissa * 10 + static_cast<uint64_t>(digit - '0');
+        Float value = static_cast<Float>(mantissa);
+        value = number.exponent < 0 ? value / kPowers[-number.exponent] : value * kPowers[number.exponent];
+        return number.negative ? -value : value;
+    }
+    // The ASCII text "[-]<digits>e<exponent>" that std::from_chars reads, on the stack when it fits.
+    const size_t needed = number.digits.size() + 24;
+    char local[96];
+    std::string heap;
+    char* const ascii = needed <= sizeof local ? local : (heap.resize(needed), heap.data());
+    char* end = ascii;
+    if (number.negative) *end++ = '-';
+    end = std::copy(number.digits.begin(), number.digits.end(), end);
+    *end++ = 'e';
+    end = std::to_chars(end, ascii + needed, number.exponent).ptr;
     Float value {};
-    const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    const auto [last, error] = std::from_chars(ascii, end, value);
     if (error == std::errc::result_out_of_range) {
         if (Magnitude(number) > 0) return std::nullopt;
         return number.negative ? -Float(0) : Float(0);
     }
-    if (error != std::errc() || end != ascii.data() + ascii.size() || !std::isfinite(value))
-        return std::nullopt;
+    if (error != std::errc() || last != end || !std::isfinite(value)) return std::nullopt;
     return value;
 }
 
@@ -165,7 +179,7 @@ std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleIn
         number.exponent = exponent - static_cast<int64_t>(fractionDigits)
             + static_cast<int64_t>(all.size() - 1 - lastSignificant);
     }
-    const std::optional<double> value = ReadFloat<double>(number);
+    const std::optional<double> value = ReadFloat<double>(DigitsOf(number));
     if (!value) return std::nullopt;
     number.value = *value;
     return number;
@@ -181,6 +195,10 @@ double TextToNumber(std::u16string_view text, const LocaleInfo& locale) {
 }
 
 std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexcept {
+    return RoundToScale(DigitsOf(number), scale);
+}
+
+std::optional<int64_t> RoundToScale(const NumberDigits& number, int scale) noexcept {
     if (number.digits.empty()) return 0;
     const int64_t shift = number.exponent + scale;
     const int64_t size = static_cast<int64_t>(number.digits.size());
@@ -212,8 +230,20 @@ std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexc
 }
 
 std::optional<float> ToSingle(const ParsedNumber& number) noexcept {
+    return ToSingle(DigitsOf(number));
+}
+
+std::optional<float> ToSingle(const NumberDigits& number) noexcept {
     try {
         return ReadFloat<float>(number);
+    } catch (...) {
+        return std::nullopt;
+    }
+}
+
+std::optional<double> ToDouble(const NumberDigits& number) noexcept {
+    try {
+        return ReadFloat<double>(number);
     } catch (...) {
         return std::nullopt;
     }

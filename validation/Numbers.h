@@ -20,6 +20,21 @@ struct ParsedNumber {
     double value = 0;
 };
 
+/// A number's sign, significant digits and power of ten as `ParsedNumber` holds them, without owning the
+/// digits: the allocation-free checks read numbers through it.
+struct NumberDigits {
+    bool negative = false;
+    /// The significant decimal digits (ASCII) without leading or trailing zeros; empty for zero.
+    std::string_view digits;
+    /// The power of ten of the last digit.
+    int64_t exponent = 0;
+};
+
+/// The digits of a parsed number, viewing its `digits`.
+[[nodiscard]] inline NumberDigits DigitsOf(const ParsedNumber& number) noexcept {
+    return { number.negative, number.digits, number.exponent };
+}
+
 /// The one numeric parser of the system. Accepts: blanks (space, tab) before and after; an optional
 /// leading "+" or "-"; decimal digits among which the locale's group separator may stand between two
 /// digits of the whole part (where that separator is a space of any width, an ordinary or no-break space
@@ -37,9 +52,17 @@ struct ParsedNumber {
 /// The number x 10^scale rounded to the nearest integer, ties to even, computed exactly from the digits;
 /// nullopt when the result lies outside the signed 64-bit range.
 [[nodiscard]] std::optional<int64_t> RoundToScale(const ParsedNumber& number, int scale) noexcept;
+/// `RoundToScale` of digits held elsewhere.
+[[nodiscard]] std::optional<int64_t> RoundToScale(const NumberDigits& number, int scale) noexcept;
 
 /// The number rounded once to the nearest 32-bit float; nullopt beyond the float range.
 [[nodiscard]] std::optional<float> ToSingle(const ParsedNumber& number) noexcept;
+/// `ToSingle` of digits held elsewhere; allocates nothing for up to 64 digits.
+[[nodiscard]] std::optional<float> ToSingle(const NumberDigits& number) noexcept;
+
+/// The nearest double, as `ParseNumber` computes its value: a signed zero for zero or an underflow, nullopt
+/// beyond the double range. Allocates nothing for up to 64 digits.
+[[nodiscard]] std::optional<double> ToDouble(const NumberDigits& number) noexcept;
 
 /// How a number's text is laid out: plain digits for everyday magnitudes and exponent form beyond them, or
 /// plain digits always (for fields that do not take the exponent form).

@@ -96,10 +96,11 @@ uint64_t IntegralLimit(int32_t type, bool negative) {
     }
 }
 
-} // namespace
-
-bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
-    std::u16string_view thousandsSeparator, const LocaleInfo& locale) {
+// The whole-text test with the number's digits obtained on demand: `numberOf()` gives a pointer to them, or
+// null when the text is not a number. Integral types never need them.
+template <typename NumberOf>
+bool WholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
+    std::u16string_view thousandsSeparator, const LocaleInfo& locale, NumberOf numberOf) {
     if (type < vldByte || type > vldCurrency) return false;
     const ShapeScan scan
         = Scan(text, ShapeOf(type, allowScientific, thousandsSeparator), locale.decimalSeparator);
@@ -107,7 +108,7 @@ bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScie
     if (type == vldByte || type == vldInteger || type == vldLong)
         return scan.wholeValue <= IntegralLimit(type, scan.negative);
     // A complete number must convert to the type; a beginning is judged when it is complete.
-    const auto number = ParseNumber(text, locale);
+    const NumberDigits* number = numberOf();
     if (!number) {
         const bool endsWithDigit = !text.empty() && text.back() >= u'0' && text.back() <= u'9';
         if (endsWithDigit) return false; // complete, yet beyond the double range
@@ -116,6 +117,27 @@ bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScie
     if (type == vldSingle) return ToSingle(*number).has_value();
     if (type == vldCurrency) return RoundToScale(*number, 4).has_value();
     return true;
+}
+
+} // namespace
+
+bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
+    std::u16string_view thousandsSeparator, const LocaleInfo& locale) {
+    std::optional<ParsedNumber> parsed;
+    NumberDigits digits;
+    return WholeTextTest(
+        text, type, allowScientific, thousandsSeparator, locale, [&]() -> const NumberDigits* {
+            parsed = ParseNumber(text, locale);
+            if (!parsed) return nullptr;
+            digits = DigitsOf(*parsed);
+            return &digits;
+        });
+}
+
+bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
+    std::u16string_view thousandsSeparator, const LocaleInfo& locale, const NumberDigits* number) {
+    return WholeTextTest(
+        text, type, allowScientific, thousandsSeparator, locale, [number] { return number; });
 }
 
 bool ScientificShapeTest(std::u16string_view text, const LocaleInfo& locale) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/LocaleInfo.h"
+#include "validation/Numbers.h"
 
 #include <cstdint>
 #include <string_view>
@@ -16,6 +17,11 @@ namespace quillmar {
 /// convert to the type. The empty text passes. Runs in time linear in the text's length.
 [[nodiscard]] bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
     std::u16string_view thousandsSeparator, const LocaleInfo& locale);
+
+/// `NumericWholeTextTest` for a text whose `ParseNumber` outcome the caller already has: `number` holds its
+/// digits, or is null when the text is not a number. Gives the same answer and allocates nothing.
+[[nodiscard]] bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScientific,
+    std::u16string_view thousandsSeparator, const LocaleInfo& locale, const NumberDigits* number);
 
 /// True when the text is a number in exponent notation or the beginning of one: a mantissa of digits with
 /// at most one decimal separator and an optional leading "-", then at most one "E" or "e" after at least

@@ -93,22 +93,6 @@ int32_t NumericRules(std::u16string_view text, const Settings& settings, const L
     return result;
 }
 
-int32_t CharacterRules(char16_t c, const Settings& settings) {
-    int32_t result = 0;
-    if (CharInSet(c, settings.ExtraExcludedCharacters)) result |= vldCCExtraExcludedCharacters;
-    // An included character is exempt from the rules below, though not from the exclusion above.
-    if (CharInSet(c, settings.ExtraIncludedCharacters)) return result;
-    if (!settings.ValidCharactersSet.empty() && !CharInSet(c, settings.ValidCharactersSet))
-        result |= vldCCValidCharactersSet;
-    if (settings.NoDigits && c >= u'0' && c <= u'9') result |= vldCCNoDigits;
-    const bool asciiLetter = (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
-    // Characters of code 127 and above always pass the letter rules: they are taken for letters.
-    if (settings.OnlyLetters && !asciiLetter && c < 127) result |= vldCCOnlyLetters;
-    if (settings.OnlyLettersWithSpace && !asciiLetter && c != u' ' && c < 127)
-        result |= vldCCOnlyLettersWithSpace;
-    return result;
-}
-
 int32_t TextRules(
     std::u16string_view text, const Settings& settings, const LocaleInfo& locale, int32_t maxLength) {
     int32_t result = 0;
@@ -131,6 +115,22 @@ int32_t TextRules(
 }
 
 } // namespace
+
+int32_t CharacterRules(char16_t c, const Settings& settings) noexcept {
+    int32_t result = 0;
+    if (CharInSet(c, settings.ExtraExcludedCharacters)) result |= vldCCExtraExcludedCharacters;
+    // An included character is exempt from the rules below, though not from the exclusion above.
+    if (CharInSet(c, settings.ExtraIncludedCharacters)) return result;
+    if (!settings.ValidCharactersSet.empty() && !CharInSet(c, settings.ValidCharactersSet))
+        result |= vldCCValidCharactersSet;
+    if (settings.NoDigits && c >= u'0' && c <= u'9') result |= vldCCNoDigits;
+    const bool asciiLetter = (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+    // Characters of code 127 and above always pass the letter rules: they are taken for letters.
+    if (settings.OnlyLetters && !asciiLetter && c < 127) result |= vldCCOnlyLetters;
+    if (settings.OnlyLettersWithSpace && !asciiLetter && c != u' ' && c < 127)
+        result |= vldCCOnlyLettersWithSpace;
+    return result;
+}
 
 bool CharInSet(char16_t c, std::u16string_view set) noexcept {
     return !set.empty() && set.find(c) != std::u16string_view::npos;

@@ -11,6 +11,12 @@ namespace quillmar {
 /// True when the set is not empty and holds the character (exact, case-sensitive).
 [[nodiscard]] bool CharInSet(char16_t c, std::u16string_view set) noexcept;
 
+/// The character rules one code unit breaks under the settings (excluded characters, valid set, no digits,
+/// letters only, letters and space), as `EvaluateRules` applies them to each character of a text: an
+/// included character is exempt from every rule but the exclusion; code units of 127 and above pass the
+/// letter rules.
+[[nodiscard]] int32_t CharacterRules(char16_t c, const Settings& settings) noexcept;
+
 /// The constraints the text breaks under the settings, as an OR of `ConstraintsConstants` bits; 0 when the
 /// text is valid. `maxLength` is the edit box's limit (0: none). Stages, in order: an empty text is only
 /// checked against `RequiredField`; a date or time is checked for its class, limits and forbidden values;

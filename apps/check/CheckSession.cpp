@@ -1,0 +1,244 @@
+#include "apps/check/CheckSession.h"
+
+#include "apps/check/CsvChunk.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace quillmar::check {
+
+// What a worker hands back for one chunk: the report lines without their row numbers, the counts, a fault.
+struct CheckSession::Result {
+    uint64_t rows = 0;
+    uint64_t values = 0;
+    std::string text;
+    /// Per broken value: its row within the chunk and where its line's end starts in `text`.
+    std::vector<std::pair<uint64_t, size_t>> entries;
+    std::vector<uint64_t> brokenByField;
+    std::optional<CsvProblem> problem;
+    size_t lineBreaks = 0;
+    uint64_t inputBytes = 0;
+};
+
+// What each worker thread keeps from chunk to chunk, so that checking stops allocating once warm.
+struct WorkerState {
+    CsvChunkReader reader;
+    ColumnTable table;
+    std::vector<std::vector<int32_t>> bits;
+};
+
+namespace {
+
+double Now() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+} // namespace
+
+CheckSession::CheckSession(const std::vector<CheckedField>& fields, const std::vector<std::string>& columns,
+    const CheckOptions& options, std::FILE* out, std::FILE* err, std::string source, uint64_t firstLine,
+    uint64_t totalBytes)
+    : m_fields(fields)
+    , m_columns(columns)
+    , m_options(options)
+    , m_out(out)
+    , m_err(err)
+    , m_source(std::move(source))
+    , m_totalBytes(totalBytes)
+    , m_lines(firstLine)
+    , m_brokenByField(fields.size(), 0)
+    , m_started(Now()) {
+    std::string notes;
+    for (const std::string& column : m_columns) {
+        m_fieldOfColumn.push_back(FindField(m_fields, column));
+        if (m_fieldOfColumn.back() < 0) AppendUncheckedColumn(m_options.format, column, notes);
+    }
+    for (const CheckedField& field : m_fields)
+        if (std::find(m_columns.begin(), m_columns.end(), field.name) == m_columns.end())
+            AppendUncheckedField(m_options.format, field.name, notes);
+    std::fwrite(notes.data(), 1, notes.size(), m_out);
+
+    const unsigned threads
+        = m_options.threads != 0 ? m_options.threads : std::max(1U, std::thread::hardware_concurrency());
+    for (unsigned i = 0; i < threads; ++i)
+        m_workers.emplace_back([this] { Work(); });
+    m_consumer = std::thread([this] { Consume(); });
+}
+
+CheckSession::~CheckSession() {
+    if (m_consumer.joinable()) (void)Finish();
+}
+
+bool CheckSession::Submit(Chunk chunk) {
+    std::unique_lock lock(m_mutex);
+    const uint64_t inFlight = 2 * m_workers.size() + 2;
+    m_changed.wait(lock, [&] { return m_stopped || m_submitted - m_consumed < inFlight; });
+    if (m_stopped) return false;
+    m_pending.emplace(m_submitted++, std::move(chunk));
+    m_changed.notify_all();
+    return true;
+}
+
+void CheckSession::Fail(uint64_t line, std::string what) {
+    std::string text = "quillmar-check: " + m_source;
+    if (line > 0) text += ", line " + std::to_string(line);
+    text += ": " + what;
+    std::lock_guard lock(m_mutex);
+    m_readerFault.emplace(m_submitted, std::move(text));
+    m_changed.notify_all();
+}
+
+int CheckSession::Finish() {
+    {
+        std::lock_guard lock(m_mutex);
+        m_closing = true;
+        m_changed.notify_all();
+    }
+    for (std::thread& worker : m_workers)
+        worker.join();
+    m_consumer.join();
+    if (m_fault) return 2;
+    Summary summary { m_rows, m_values, {} };
+    uint64_t broken = 0;
+    for (size_t i = 0; i < m_fields.size(); ++i) {
+        if (std::find(m_columns.begin(), m_columns.end(), m_fields[i].name) == m_columns.end()) continue;
+        summary.brokenByField.emplace_back(m_fields[i].name, m_brokenByField[i]);
+        broken += m_brokenByField[i];
+    }
+    std::string text;
+    AppendSummary(m_options.format, summary, text);
+    std::fwrite(text.data(), 1, text.size(), m_out);
+    std::fflush(m_out);
+    return broken == 0 ? 0 : 1;
+}
+
+void CheckSession::Work() {
+    WorkerState state;
+    for (;;) {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_stopped || m_closing || !m_pending.empty(); });
+        if (m_pending.empty() || m_stopped) return;
+        auto node = m_pending.extract(m_pending.begin());
+        lock.unlock();
+        auto result = std::make_unique<Result>();
+        CheckChunk(node.mapped(), *result, state);
+        lock.lock();
+        m_done.emplace(node.key(), std::move(result));
+        m_changed.notify_all();
+    }
+}
+
+void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) const {
+    result.lineBreaks = chunk.lineBreaks;
+    result.inputBytes = chunk.inputBytes;
+    ColumnTable& table = chunk.ready ? chunk.table : state.table;
+    if (!chunk.ready) result.problem = state.reader.Read(chunk.bytes, m_columns.size(), table);
+    const size_t rows = table.RowCount();
+    result.rows = rows;
+    result.brokenByField.assign(m_fields.size(), 0);
+    state.bits.resize(m_columns.size());
+    for (size_t column = 0; column < m_columns.size(); ++column) {
+        const int field = m_fieldOfColumn[column];
+        if (field < 0) continue;
+        state.bits[column].resize(rows);
+        CheckColumn(m_fields[static_cast<size_t>(field)].rules, table.Column(column), state.bits[column]);
+        result.values += rows;
+    }
+    for (size_t column = 0; column < m_columns.size(); ++column) {
+        const int field = m_fieldOfColumn[column];
+        if (field < 0) continue;
+        // Only columns with a broken value need their texts again.
+        if (std::none_of(
+                state.bits[column].begin(), state.bits[column].end(), [](int32_t b) { return b > 0; }))
+            continue;
+        const auto texts = table.Column(column);
+        for (size_t row = 0; row < rows; ++row) {
+            const int32_t bits = state.bits[column][row];
+            if (bits <= 0) continue;
+            ++result.brokenByField[static_cast<size_t>(field)];
+            result.entries.emplace_back(row, result.text.size());
+            AppendViolation(m_options.format, m_columns[column], texts[row], bits,
+                m_fields[static_cast<size_t>(field)].rules, result.text);
+        }
+    }
+    // Row order first, then column order, as a sequential reader reports.
+    std::stable_sort(result.entries.begin(), result.entries.end(),
+        [](const auto& a, const auto& b) { return a.first < b.first; });
+}
+
+void CheckSession::Consume() {
+    std::string line;
+    for (uint64_t index = 0;; ++index) {
+        std::unique_ptr<Result> result;
+        {
+            std::unique_lock lock(m_mutex);
+            m_changed.wait(lock, [&] {
+                return m_done.count(index) != 0 || (m_readerFault && m_readerFault->first == index)
+                    || (m_closing && index == m_submitted);
+            });
+            if (m_done.count(index) == 0) {
+                if (m_readerFault) {
+                    std::fprintf(m_err, "%s\n", m_readerFault->second.c_str());
+                    m_fault = true;
+                }
+                m_stopped = true;
+                m_changed.notify_all();
+                break;
+            }
+            result = std::move(m_done[index]);
+            m_done.erase(index);
+        }
+        for (size_t i = 0; i < result->entries.size(); ++i) {
+            const auto [row, start] = result->entries[i];
+            line.clear();
+            AppendRow(m_options.format, m_rows + row + 1, line);
+            const size_t end = result->text.find('\n', start);
+            line.append(result->text, start, end - start + 1);
+            std::fwrite(line.data(), 1, line.size(), m_out);
+        }
+        m_rows += result->rows;
+        m_values += result->values;
+        for (size_t i = 0; i < m_fields.size(); ++i)
+            m_brokenByField[i] += result->brokenByField[i];
+        if (result->problem) {
+            DrawProgress(true);
+            std::fprintf(m_err, "quillmar-check: %s, line %llu: %s\n", m_source.c_str(),
+                static_cast<unsigned long long>(m_lines + result->problem->lineBreaksBefore),
+                result->problem->what.c_str());
+            std::lock_guard lock(m_mutex);
+            m_fault = true;
+            m_stopped = true;
+            m_changed.notify_all();
+            break;
+        }
+        m_lines += result->lineBreaks;
+        m_bytesDone += result->inputBytes;
+        DrawProgress(false);
+        std::lock_guard lock(m_mutex);
+        ++m_consumed;
+        m_changed.notify_all();
+    }
+    DrawProgress(true);
+}
+
+void CheckSession::DrawProgress(bool last) {
+    if (!m_options.progress) return;
+    const double now = Now();
+    if (last) {
+        if (m_drawn) std::fprintf(m_err, "\r\033[K");
+        m_drawn = false;
+        return;
+    }
+    if (now - m_started < 1.0 || now - m_lastDrawn < 0.1) return;
+    m_lastDrawn = now;
+    m_drawn = true;
+    constexpr int kWidth = 30;
+    const double share = m_totalBytes > 0 ? std::min(1.0, double(m_bytesDone) / double(m_totalBytes)) : 0;
+    const int filled = static_cast<int>(share * kWidth);
+    std::fprintf(m_err, "\r[%.*s%*s] %3d%%  %llu rows  %.1f M values/s", filled,
+        "##############################", kWidth - filled, "", static_cast<int>(share * 100),
+        static_cast<unsigned long long>(m_rows), double(m_values) / (now - m_started) / 1e6);
+    std::fflush(m_err);
+}
+
+} // namespace quillmar::check

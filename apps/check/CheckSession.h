@@ -1,0 +1,106 @@
+#pragma once
+
+#include "apps/check/ColumnTable.h"
+#include "apps/check/FormFields.h"
+#include "apps/check/Report.h"
+
+#include <condition_variable>
+#include <cstdio>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace quillmar::check {
+
+/// How a check runs.
+struct CheckOptions {
+    ReportFormat format = ReportFormat::Text;
+    /// Checking threads; 0 for one per core.
+    unsigned threads = 0;
+    /// The size of the blocks CSV is read in; a chunk of rows is about this long.
+    size_t chunkBytes = size_t { 1 } << 20;
+    /// Draw a progress bar on the error stream once the check has run for a second.
+    bool progress = false;
+};
+
+/// A run of whole rows to check: CSV bytes to read, or rows already read into a table.
+struct Chunk {
+    std::string bytes;
+    ColumnTable table;
+    bool ready = false;
+    /// The physical line breaks the chunk's bytes hold (for the line numbers of faults).
+    size_t lineBreaks = 0;
+    /// The share of the input the chunk stands for, for the progress bar.
+    uint64_t inputBytes = 0;
+};
+
+/// One check of a data source against a form's fields: chunks of rows go in, in order, and are read and
+/// checked on all threads; the report comes out in row order on `out`, then the summary. Memory stays
+/// bounded: `Submit` waits while a few chunks per thread are on their way.
+class CheckSession {
+public:
+    /// Starts the threads and writes a line for each column no field matches and each field no column
+    /// matches. `source` names the data in fault lines; `firstLine` is the line the first chunk starts on;
+    /// `totalBytes` (0: unknown) scales the progress bar.
+    CheckSession(const std::vector<CheckedField>& fields, const std::vector<std::string>& columns,
+        const CheckOptions& options, std::FILE* out, std::FILE* err, std::string source, uint64_t firstLine,
+        uint64_t totalBytes);
+    ~CheckSession();
+    CheckSession(const CheckSession&) = delete;
+    CheckSession& operator=(const CheckSession&) = delete;
+
+    /// Hands the next chunk over; false once a fault has stopped the check (submit no more).
+    bool Submit(Chunk chunk);
+
+    /// Stops the check with a fault of the reader at the given line (0: no line), once the chunks before
+    /// it are reported.
+    void Fail(uint64_t line, std::string what);
+
+    /// Waits for every chunk, writes the summary and gives the exit status: 0 all values valid, 1 some
+    /// broken, 2 a fault (whose one line went to `err`).
+    int Finish();
+
+private:
+    struct Result;
+    void Work();
+    void Consume();
+    void CheckChunk(Chunk& chunk, Result& result, struct WorkerState& state) const;
+    void DrawProgress(bool last);
+
+    const std::vector<CheckedField>& m_fields;
+    std::vector<std::string> m_columns;
+    std::vector<int> m_fieldOfColumn;
+    CheckOptions m_options;
+    std::FILE* m_out;
+    std::FILE* m_err;
+    std::string m_source;
+    uint64_t m_totalBytes;
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::map<uint64_t, Chunk> m_pending;
+    std::map<uint64_t, std::unique_ptr<Result>> m_done;
+    uint64_t m_submitted = 0;
+    uint64_t m_consumed = 0;
+    bool m_closing = false;
+    bool m_stopped = false;
+    std::optional<std::pair<uint64_t, std::string>> m_readerFault; // chunk index, line
+    std::vector<std::thread> m_workers;
+    std::thread m_consumer;
+
+    // Owned by the consumer thread until it ends.
+    uint64_t m_rows = 0;
+    uint64_t m_values = 0;
+    uint64_t m_lines;
+    uint64_t m_bytesDone = 0;
+    std::vector<uint64_t> m_brokenByField;
+    bool m_fault = false;
+    double m_started = 0;
+    double m_lastDrawn = 0;
+    bool m_drawn = false;
+};
+
+} // namespace quillmar::check

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmar::check {
+
+/// The values of a run of rows, column by column, in UTF-16: what the checker reads. Filled row by row with
+/// `Add`; its storage is kept by `Clear`, so a table reused for chunk after chunk stops allocating.
+class ColumnTable {
+public:
+    /// Empties the table for rows of `columns` values.
+    void Clear(size_t columns);
+
+    /// The number of columns each row has.
+    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columns.size(); }
+    [[nodiscard]] size_t RowCount() const noexcept { return m_rows; }
+
+    /// Room for `units` more UTF-16 units of the next value; valid until the next call.
+    char16_t* Room(size_t units);
+    /// Ends the value of `column` in the current row: the next `units` units of the room.
+    void CommitValue(size_t column, size_t units);
+    /// Ends the current row.
+    void CommitRow() noexcept { ++m_rows; }
+    /// Appends a whole value to `column` of the current row.
+    void Add(size_t column, std::u16string_view value);
+
+    /// The values of one column, row by row; valid until the table changes.
+    [[nodiscard]] std::span<const std::u16string_view> Column(size_t column);
+
+private:
+    struct Span {
+        uint32_t offset;
+        uint32_t length;
+    };
+    std::vector<char16_t> m_units;
+    size_t m_used = 0;
+    std::vector<std::vector<Span>> m_columns;
+    std::vector<std::u16string_view> m_views;
+    size_t m_rows = 0;
+};
+
+} // namespace quillmar::check

@@ -1,0 +1,102 @@
+#include "apps/check/CsvSource.h"
+
+#include "apps/check/CsvChunk.h"
+#include "apps/check/RecordSplit.h"
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+
+namespace quillmar::check {
+namespace {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+// Reads blocks into `buffer` until it holds a whole first record or the file ends; false on a read error.
+bool ReadUntilHeader(std::FILE* file, std::string& buffer, size_t block, bool& atEnd) {
+    while (!atEnd && FirstRecord(buffer).length == 0 && buffer.size() <= kMaxRecordBytes) {
+        const size_t size = buffer.size();
+        buffer.resize(size + block);
+        const size_t read = std::fread(buffer.data() + size, 1, block, file);
+        buffer.resize(size + read);
+        if (read < block) {
+            if (std::ferror(file)) return false;
+            atEnd = true;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem::path& path,
+    const CheckOptions& options, std::FILE* out, std::FILE* err) {
+    const std::string name = path.string();
+    const auto fail = [&](const std::string& what, uint64_t line = 0) {
+        const std::string where = line > 0 ? ", line " + std::to_string(line) : std::string();
+        std::fprintf(err, "quillmar-check: %s%s: %s\n", name.c_str(), where.c_str(), what.c_str());
+        return 2;
+    };
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) return fail("is a directory, not a CSV file");
+    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(name.c_str(), "rb"));
+    if (!file) return fail(std::strerror(errno));
+    const uint64_t totalBytes = std::filesystem::file_size(path, error);
+
+    std::string buffer;
+    bool atEnd = false;
+    const size_t block = std::max<size_t>(options.chunkBytes, 1);
+    if (!ReadUntilHeader(file.get(), buffer, block, atEnd)) return fail(std::strerror(errno));
+    if (buffer.starts_with("\xEF\xBB\xBF")) buffer.erase(0, 3);
+    RecordPrefix header = FirstRecord(buffer);
+    if (header.length == 0) {
+        if (buffer.size() > kMaxRecordBytes) return fail("the header row is longer than 8 MiB", 1);
+        header = { buffer.size(), CountLineBreaks(buffer) };
+    }
+    std::vector<std::string> columns;
+    {
+        CsvChunkReader reader;
+        if (const auto problem
+            = reader.ReadHeader(std::string_view(buffer).substr(0, header.length), columns))
+            return fail(problem->what, problem->lineBreaksBefore + 1);
+    }
+    if (columns.empty()) return fail("no header row naming the columns");
+    buffer.erase(0, header.length);
+
+    CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);
+    uint64_t line = header.lineBreaks + 1; // where the buffer starts
+    for (;;) {
+        const RecordPrefix prefix
+            = atEnd ? RecordPrefix { buffer.size(), CountLineBreaks(buffer) } : CompleteRecords(buffer);
+        if (prefix.length > 0) {
+            Chunk chunk;
+            chunk.bytes.assign(buffer, 0, prefix.length);
+            chunk.lineBreaks = prefix.lineBreaks;
+            chunk.inputBytes = prefix.length;
+            buffer.erase(0, prefix.length);
+            line += prefix.lineBreaks;
+            if (!session.Submit(std::move(chunk))) break;
+        }
+        if (atEnd) break;
+        if (buffer.size() > kMaxRecordBytes) {
+            session.Fail(line, "a record longer than 8 MiB (is a quote left open?)");
+            break;
+        }
+        const size_t size = buffer.size();
+        buffer.resize(size + block);
+        const size_t read = std::fread(buffer.data() + size, 1, block, file.get());
+        buffer.resize(size + read);
+        if (read < block) {
+            if (std::ferror(file.get())) {
+                session.Fail(0, std::strerror(errno));
+                break;
+            }
+            atEnd = true;
+        }
+    }
+    return session.Finish();
+}
+
+} // namespace quillmar::check

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "validation/PreparedRules.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmar::check {
+
+/// How the report is written: readable lines, or one JSON object per line (JSON Lines).
+enum class ReportFormat { Text, JsonLines };
+
+/// Appends the end of a broken value's report line, everything after its row number: the column, the value,
+/// the constraint names and the field's advanced message (text: `, Quantity "600" [vldCCMaxValue]: A ...`,
+/// the message's lines joined by a space; JSON: `,"column":...,"message":...}` with the lines kept), then
+/// a line feed.
+void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
+    const PreparedRules& rules, std::string& out);
+
+/// Appends the start of a broken value's report line: `row 17` or `{"row":17`.
+void AppendRow(ReportFormat format, uint64_t row, std::string& out);
+
+/// Appends the line that tells a column was not checked (no field has its name) or a field was not checked
+/// (no column has its name).
+void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out);
+void AppendUncheckedField(ReportFormat format, std::string_view field, std::string& out);
+
+/// What a whole check found.
+struct Summary {
+    uint64_t rows = 0;
+    uint64_t values = 0;
+    /// Per checked field, in form order: its name and its broken values.
+    std::vector<std::pair<std::string, uint64_t>> brokenByField;
+};
+
+/// Appends the summary: the rows, the values, the broken values, and the broken values of each field.
+void AppendSummary(ReportFormat format, const Summary& summary, std::string& out);
+
+/// Appends a JSON string literal of UTF-8 text.
+void AppendJsonString(std::string_view utf8, std::string& out);
+
+} // namespace quillmar::check

@@ -1,0 +1,92 @@
+// The CSV reading path of quillmar-check: any bytes give a report and exit status 0 or 1, or status 2 with
+// one line naming the file; reading in tiny blocks on two threads gives exactly what one block on one thread
+// gives; and every value read gets from the prepared checker the bits the interactive checker gives.
+#include "apps/check/CsvChunk.h"
+#include "apps/check/CsvSource.h"
+#include "apps/check/RecordSplit.h"
+#include "fuzz/FuzzSupport.h"
+#include "validation/Rules.h"
+
+#include <unistd.h>
+
+namespace {
+
+using namespace quillmar;
+using namespace quillmar::check;
+
+struct Run {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+std::string Drain(std::FILE* file) {
+    std::rewind(file);
+    std::string text;
+    char buffer[4096];
+    size_t read;
+    while ((read = std::fread(buffer, 1, sizeof buffer, file)) > 0)
+        text.append(buffer, read);
+    std::fclose(file);
+    return text;
+}
+
+Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsigned threads, size_t block) {
+    CheckOptions options;
+    options.threads = threads;
+    options.chunkBytes = block;
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    const int status = CheckCsvFile(fields, path, options, out, err);
+    return { status, Drain(out), Drain(err) };
+}
+
+// Each value of the bytes' records, read in one piece, checked both ways.
+void CompareCheckers(const std::vector<CheckedField>& fields, std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    RecordPrefix header = FirstRecord(bytes);
+    if (header.length == 0) header.length = bytes.size();
+    CsvChunkReader reader;
+    std::vector<std::string> names;
+    if (reader.ReadHeader(bytes.substr(0, header.length), names) || names.empty()) return;
+    ColumnTable table;
+    (void)reader.Read(bytes.substr(header.length), names.size(), table);
+    for (size_t column = 0; column < names.size(); ++column) {
+        const int field = FindField(fields, names[column]);
+        if (field < 0) continue;
+        const PreparedRules& rules = fields[static_cast<size_t>(field)].rules;
+        for (const std::u16string_view text : table.Column(column))
+            fuzz::Require(rules.Evaluate(text)
+                    == EvaluateRules(text, rules.settings(), rules.locale(), rules.maxLength()),
+                "the prepared checker disagrees with EvaluateRules", text);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const std::vector<CheckedField> fields
+        = LoadFormFields(QUILLMAR_FUZZ_FORM, LocaleInfo::FromName("en_US")).fields;
+    static const std::string path = "/tmp/quillmar-csv-fuzz-" + std::to_string(getpid()) + ".csv";
+    fuzz::Require(!fields.empty(), "the fuzz form does not load");
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    {
+        std::FILE* file = std::fopen(path.c_str(), "wb");
+        std::fwrite(bytes.data(), 1, bytes.size(), file);
+        std::fclose(file);
+    }
+    const Run whole = Check(fields, path, 1, size_t { 1 } << 20);
+    fuzz::Require(whole.status >= 0 && whole.status <= 2, "an exit status other than 0, 1 or 2");
+    if (whole.status == 2)
+        fuzz::Require(
+            whole.err.starts_with("quillmar-check: " + path) && whole.err.find('\n') == whole.err.size() - 1,
+            "a fault without one line naming the file");
+    else
+        fuzz::Require(whole.err.empty(), "a report with an error line");
+    const size_t block = 1 + (size > 0 ? data[0] % 16 : 0);
+    const Run split = Check(fields, path, 2, block);
+    fuzz::Require(split.status == whole.status && split.out == whole.out && split.err == whole.err,
+        "reading in small blocks differs from reading at once");
+    CompareCheckers(fields, bytes);
+    return 0;
+}

@@ -1,0 +1,217 @@
+#include "validation/PreparedRules.h"
+
+#include "validation/Conversions.h"
+#include "validation/DateTime.h"
+#include "validation/NumberScan.h"
+#include "validation/NumericText.h"
+#include "validation/Pattern.h"
+#include "validation/Rules.h"
+
+#include <algorithm>
+#include <cassert>
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+namespace quillmar {
+namespace {
+
+int32_t TypeBit(int32_t type) {
+    switch (type) {
+    case vldByte:
+        return vldCCMustBeByte;
+    case vldInteger:
+        return vldCCMustBeInteger;
+    case vldLong:
+        return vldCCMustBeLong;
+    case vldSingle:
+        return vldCCMustBeSingle;
+    case vldDouble:
+        return vldCCMustBeDouble;
+    default:
+        return vldCCMustBeCurrency;
+    }
+}
+
+bool IsDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
+
+// The case rule a code point breaks under a simple case mapping, as the checker compares a text with its
+// mapped form: a mapping that would change the length leaves the code point as it is.
+bool ChangedBy(UChar32 c, UChar32 (*map)(UChar32)) {
+    const UChar32 mapped = map(c);
+    return mapped != c && U16_LENGTH(mapped) == U16_LENGTH(c);
+}
+
+} // namespace
+
+PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength)
+    : m_settings(settings)
+    , m_locale(locale)
+    , m_maxLength(maxLength) {
+    const int32_t type = settings.MustBeType;
+    const VariantArray& forbidden = settings.MustNotBeValues;
+    if (IsDateTimeType(type)) {
+        const int wantedClass = type == vldDate ? DateClass : TimeClass;
+        auto limitOf = [&](const Variant& limit) -> std::optional<double> {
+            if (limit.IsEmpty() || limit.IsEmptyString()) return std::nullopt;
+            const auto days = DateTimeOf(limit, locale);
+            if (!days || ClassifyDateTime(limit, locale) != wantedClass) return std::nullopt;
+            return days;
+        };
+        m_minimum = limitOf(settings.MinValue);
+        m_maximum = limitOf(settings.MaxValue);
+        for (size_t i = 1; i < forbidden.size(); ++i)
+            if (const auto days = DateTimeOf(forbidden[i], locale)) m_forbiddenValues.push_back(*days);
+    } else if (IsNumericType(type)) {
+        m_minimum = NumericValueOf(settings.MinValue, locale);
+        m_maximum = NumericValueOf(settings.MaxValue, locale);
+        for (size_t i = 1; i < forbidden.size(); ++i)
+            if (const auto value = NumericValueOf(forbidden[i], locale)) m_forbiddenValues.push_back(*value);
+        m_thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+    } else {
+        for (size_t i = 1; i < forbidden.size(); ++i)
+            m_forbiddenTexts.push_back(TextOf(forbidden[i], locale));
+        m_anyCharacterRule = !settings.ExtraExcludedCharacters.empty() || !settings.ValidCharactersSet.empty()
+            || settings.NoDigits || settings.OnlyLetters || settings.OnlyLettersWithSpace;
+        for (char16_t c = 0; c < 128; ++c) {
+            int32_t bits = m_anyCharacterRule ? CharacterRules(c, settings) : 0;
+            // In ASCII the simple case mappings only swap the 26 letters.
+            if (settings.MustBeUpperCase && c >= u'a' && c <= u'z') bits |= vldCCMustBeUpperCase;
+            if (settings.MustBeLowerCase && c >= u'A' && c <= u'Z') bits |= vldCCMustBeLowerCase;
+            m_asciiBits[c] = bits;
+        }
+    }
+}
+
+int32_t PreparedRules::Evaluate(std::u16string_view text) const noexcept {
+    if (text.empty()) return m_settings.RequiredField ? vldCCRequiredField : 0;
+    if (IsDateTimeType(m_settings.MustBeType)) return DateTimeRules(text);
+    if (IsNumericType(m_settings.MustBeType)) return NumericRules(text);
+    return TextRules(text);
+}
+
+int32_t PreparedRules::DateTimeRules(std::u16string_view text) const noexcept {
+    const bool wantDate = m_settings.MustBeType == vldDate;
+    const int32_t typeBit = wantDate ? vldCCMustBeDate : vldCCMustBeTime;
+    const auto parsed = ParseDateTime(text, m_locale);
+    if (!parsed) return typeBit;
+    const bool isTime = text.find(u':') != std::u16string_view::npos;
+    if (isTime == wantDate) return typeBit;
+    int32_t result = 0;
+    if (m_minimum && parsed->days < *m_minimum) result |= vldCCMinValue;
+    if (m_maximum && parsed->days > *m_maximum) result |= vldCCMaxValue;
+    for (const double days : m_forbiddenValues)
+        if (days == parsed->days) result |= vldCCMustNotBeValues;
+    return result;
+}
+
+bool PreparedRules::HasTooManyDecimals(std::u16string_view text) const noexcept {
+    // The text matches "*<separator>" followed by one digit more than allowed, then "*": some separator is
+    // directly followed by that many digits. Runs after different separators are disjoint, so this is linear.
+    const size_t wanted = static_cast<size_t>(m_settings.MaxNumberOfDecimals) + 1;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != m_locale.decimalSeparator) continue;
+        size_t run = 0;
+        while (i + 1 + run < text.size() && run < wanted && IsDigit(text[i + 1 + run]))
+            ++run;
+        if (run == wanted) return true;
+    }
+    return false;
+}
+
+int32_t PreparedRules::NumericRules(std::u16string_view text) const noexcept {
+    ScannedNumber number;
+    switch (ScanNumber(text, m_locale, number)) {
+    case NumberScanResult::NotNumber:
+        return vldCCMustBeNumber;
+    case NumberScanResult::TooManyDigits:
+        return EvaluateRules(text, m_settings, m_locale, m_maxLength);
+    case NumberScanResult::Number:
+        break;
+    }
+    const double value = number.value;
+    int32_t result = 0;
+    if (value < 0 && m_settings.MustBePositive) result |= vldCCMustBePositive;
+    if (value > 0 && m_settings.MustBeNegative) result |= vldCCMustBeNegative;
+    if (value == 0 && m_settings.MustNotBeZero) result |= vldCCMustNotBeZero;
+    for (const double item : m_forbiddenValues)
+        if (item == value) result |= vldCCMustNotBeValues;
+    if (m_minimum && value < *m_minimum) result |= vldCCMinValue;
+    if (m_maximum && value > *m_maximum) result |= vldCCMaxValue;
+    if (!NumericWholeTextTest(text, m_settings.MustBeType, m_settings.AllowScientificFormat, m_thousands,
+            m_locale, &number.digits))
+        result |= TypeBit(m_settings.MustBeType);
+    if (m_settings.MaxNumberOfDecimals > 0 && HasTooManyDecimals(text)) result |= vldCCMaxNumberOfDecimals;
+    if (!m_settings.AllowScientificFormat
+        && std::any_of(text.begin(), text.end(), [](char16_t c) { return c == u'e' || c == u'E'; }))
+        result |= vldCCAllowScientificFormat;
+    return result;
+}
+
+// The case rules broken by the code point that starts at `at` (a code unit of 128 or above), whose end
+// `at` moves to.
+int32_t PreparedRules::CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept {
+    UChar32 c;
+    int32_t next = static_cast<int32_t>(at);
+    U16_NEXT(text.data(), next, static_cast<int32_t>(text.size()), c);
+    at = static_cast<size_t>(next);
+    int32_t result = 0;
+    if (m_settings.MustBeUpperCase && ChangedBy(c, u_toupper)) result |= vldCCMustBeUpperCase;
+    if (m_settings.MustBeLowerCase && ChangedBy(c, u_tolower)) result |= vldCCMustBeLowerCase;
+    return result;
+}
+
+int32_t PreparedRules::TextRules(std::u16string_view text) const noexcept {
+    int32_t result = 0;
+    if (!m_settings.CustomMask.empty() && !MatchPattern(text, m_settings.CustomMask))
+        result |= vldCCCustomMask;
+    if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;
+    // One pass for the character rules and the upper- and lower-case rules: ASCII through the table, the
+    // rest unit by unit for the characters and code point by code point for the case.
+    const bool anyCaseRule = m_settings.MustBeUpperCase || m_settings.MustBeLowerCase;
+    size_t caseDoneUpTo = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (c < 128) {
+            result |= m_asciiBits[c];
+            continue;
+        }
+        if (m_anyCharacterRule) result |= CharacterRules(c, m_settings);
+        // A surrogate pair is one code point for the case rules, already judged at its first unit.
+        if (anyCaseRule && i >= caseDoneUpTo) {
+            size_t end = i;
+            result |= CaseRulesOfCodePoint(text, end);
+            caseDoneUpTo = end;
+        }
+    }
+    if (m_settings.MustBeProperCase) {
+        // Only the first code point and those after a space are mapped to upper case.
+        for (size_t at = 0; at < text.size(); ++at) {
+            if (at != 0 && text[at - 1] != u' ') continue;
+            const char16_t c = text[at];
+            const bool changed = c < 128 ? (c >= u'a' && c <= u'z') : [&] {
+                UChar32 point;
+                int32_t next = static_cast<int32_t>(at);
+                U16_NEXT(text.data(), next, static_cast<int32_t>(text.size()), point);
+                return ChangedBy(point, u_toupper);
+            }();
+            if (changed) {
+                result |= vldCCMustBeProperCase;
+                break;
+            }
+        }
+    }
+    for (const std::u16string& item : m_forbiddenTexts)
+        if (item == text) result |= vldCCMustNotBeValues;
+    return result;
+}
+
+void CheckColumn(const PreparedRules& rules, std::span<const std::u16string_view> texts,
+    std::span<int32_t> bits) noexcept {
+    assert(texts.size() == bits.size() && "CheckColumn needs one bit set per text");
+    for (size_t i = 0; i < texts.size(); ++i)
+        bits[i] = rules.CheckInput(texts[i]);
+}
+
+} // namespace quillmar

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "control/Settings.h"
+#include "host/LocaleInfo.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillmar {
+
+/// One field's rules made ready for checking many texts: the locale facts, the limits and forbidden values
+/// converted once, the thousands separator and the decimal count, and a table of what each ASCII character
+/// breaks. `Evaluate` gives exactly the bits of `EvaluateRules` for the settings, locale and edit-box limit
+/// it was prepared with, and allocates nothing on its way (save for a number with more than 64 significant
+/// digits, which takes the general path). A prepared field is immutable and may be shared between threads.
+/// The interactive control keeps calling `EvaluateRules`, since its settings may change between two calls.
+class PreparedRules {
+public:
+    /// Prepares the rules of `settings` under `locale` for an edit box limited to `maxLength` (0: none).
+    PreparedRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength);
+
+    /// `EvaluateRules(text, settings, locale, maxLength)` of the prepared field.
+    [[nodiscard]] int32_t Evaluate(std::u16string_view text) const noexcept;
+
+    /// What the field's `CheckInput` answers while it holds the text: 0 for a field of `vldUnspecified`,
+    /// otherwise `Evaluate(text)`.
+    [[nodiscard]] int32_t CheckInput(std::u16string_view text) const noexcept {
+        return m_settings.MustBeType == vldUnspecified ? 0 : Evaluate(text);
+    }
+
+    [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
+    [[nodiscard]] const LocaleInfo& locale() const noexcept { return m_locale; }
+    [[nodiscard]] int32_t maxLength() const noexcept { return m_maxLength; }
+
+private:
+    int32_t DateTimeRules(std::u16string_view text) const noexcept;
+    int32_t NumericRules(std::u16string_view text) const noexcept;
+    int32_t TextRules(std::u16string_view text) const noexcept;
+    bool HasTooManyDecimals(std::u16string_view text) const noexcept;
+    int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
+
+    Settings m_settings;
+    LocaleInfo m_locale;
+    int32_t m_maxLength = 0;
+    // Numbers, dates and times: the limits and forbidden values that convert, as the checker compares them.
+    std::optional<double> m_minimum;
+    std::optional<double> m_maximum;
+    std::vector<double> m_forbiddenValues;
+    std::u16string m_thousands;
+    // Texts: the forbidden texts, and per ASCII code unit the character and case rules it breaks.
+    std::vector<std::u16string> m_forbiddenTexts;
+    std::array<int32_t, 128> m_asciiBits {};
+    bool m_anyCharacterRule = false;
+};
+
+/// The batch entry point: checks a column of texts against one field's prepared rules, writing to `bits[i]`
+/// what the field's `CheckInput` answers while it holds `texts[i]`. The spans must have the same size.
+/// Allocates nothing per text and holds no state, so a database or a distributed engine can run it as a
+/// user-defined function over its own partitions.
+void CheckColumn(
+    const PreparedRules& rules, std::span<const std::u16string_view> texts, std::span<int32_t> bits) noexcept;
+
+} // namespace quillmar
