@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/Enums.h"
 #include "host/qt/QuillmarEdit.h"
 #include "host/standalone/StandaloneHost.h"
 #include "pages/PropertyPageFrame.h"
@@ -11,7 +12,12 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
+
 namespace quillmar::pages {
+
+using standalone::ShownMessage;
 
 /// A clock the test sets.
 class ManualClock final : public Clock {
@@ -22,7 +28,7 @@ public:
 
 /// A form being designed, with fields as a designer holds them (design mode, en_US), and the property-page
 /// frame over it whose beeps, message boxes and questions are recorded (questions answered from
-/// `alerts.answers`). Each test adds the pages it drives with `frame.AddPage`.
+/// `alerts.answers`). Each test adds the pages it drives with `Add`.
 class PageTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -34,6 +40,12 @@ protected:
     }
 
     PageTest() { frame.SetLocaleName(QStringLiteral("en_US")); }
+
+    /// Adds a page to the frame.
+    template <typename Page> Page* Add(Page* page) {
+        frame.AddPage(page);
+        return page;
+    }
 
     /// A new field on the form, initialised as a newly placed one and held in design mode.
     qt::QuillmarEdit* AddControl(const char* name) {
@@ -55,9 +67,10 @@ protected:
     }
 
     /// A control of the frame by its name.
+    /// A control of the frame by its name; a misspelt name fails the test rather than crashing the program.
     template <typename Widget> Widget* Find(const char* name) {
         auto* widget = frame.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
+        if (!widget) throw std::runtime_error(std::string("no control named ") + name);
         return widget;
     }
 
@@ -84,6 +97,26 @@ protected:
         QApplication::processEvents();
     }
 
+    /// Logs the fields' property notices as "field:Property" in `notices`, of the named properties only when
+    /// `only` names any.
+    void Log(const QList<qt::QuillmarEdit*>& fields, const QStringList& only = {}) {
+        for (qt::QuillmarEdit* field : fields)
+            QObject::connect(
+                field, &qt::QuillmarEdit::PropertyChanged, field, [=, this](const QString& name) {
+                    if (only.isEmpty() || only.contains(name)) notices << field->objectName() + ":" + name;
+                });
+    }
+
+    /// The fields (named by one letter) in the order their notices came, each run of one field's notices
+    /// giving its name once: "ba" when every notice of b came before those of a.
+    [[nodiscard]] QString WriteOrder() const {
+        QString order;
+        for (const QString& notice : notices)
+            if (order.isEmpty() || order.back() != notice.front()) order += notice.front();
+        return order;
+    }
+
+    QStringList notices;
     standalone::RecordingAlerts alerts;
     ManualClock clock;
     QWidget form;
