@@ -156,6 +156,7 @@ double SingleAsDouble(float value) {
 }
 
 Json EntryToJson(const Variant& value);
+std::optional<MemoryPropertyStore> StoreFromJson(const Json& entries, std::string& fault);
 
 Json ValueToJson(const Variant& value) {
     switch (value.kind()) {
@@ -252,6 +253,11 @@ std::optional<Variant> ValueFromJson(Variant::Kind kind, const Json& value, std:
         if (value.is_number()) result = Variant(Date { value.get<double>() });
         break;
     case Variant::Kind::Bytes:
+        // A nested store may be written as its readable entries instead of base64.
+        if (value.is_object()) {
+            if (auto nested = StoreFromJson(value, fault)) return Variant(nested->ToBytes());
+            return std::nullopt;
+        }
         if (!value.is_string()) break;
         if (auto bytes = Base64Decode(value.get_ref<const std::string&>(), fault))
             return Variant(std::move(*bytes));
@@ -291,6 +297,78 @@ std::optional<Variant> EntryFromJson(const Json& entry, std::string& fault) {
         return std::nullopt;
     }
     return ValueFromJson(*kind, *value, fault);
+}
+
+std::optional<MemoryPropertyStore> StoreFromJson(const Json& entries, std::string& fault) {
+    MemoryPropertyStore store;
+    for (const auto& [key, entry] : entries.items()) {
+        const auto key16 = FromUtf8(key);
+        if (!key16) {
+            fault = "the key " + Quoted(key) + " is not UTF-8";
+            return std::nullopt;
+        }
+        auto value = EntryFromJson(entry, fault);
+        if (!value) {
+            fault = "entry " + Quoted(key) + ": " + fault;
+            return std::nullopt;
+        }
+        store.WriteProperty(*key16, *value, Variant());
+    }
+    return store;
+}
+
+bool IsStoreEntry(std::u16string_view key) {
+    return std::find(kStoreEntries.begin(), kStoreEntries.end(), key) != kStoreEntries.end();
+}
+
+// One entry on one line; a nested store of a store entry as its readable entries, any other bytes as base64.
+std::string ReadableEntryText(std::u16string_view key, const Variant& value) {
+    std::string text = "{\"type\": \"" + std::string(KindName(value.kind())) + "\", \"value\": ";
+    const auto nested = IsStoreEntry(key) && value.kind() == Variant::Kind::Bytes
+        ? MemoryPropertyStore::FromBytes(value.AsBytes())
+        : std::nullopt;
+    if (nested) {
+        text += "{";
+        const auto& entries = nested->Entries();
+        for (size_t i = 0; i < entries.size(); ++i)
+            text += (i == 0 ? "" : ", ") + Json(ToUtf8(entries[i].key)).dump() + ": "
+                + ReadableEntryText(u"", entries[i].value);
+        text += "}";
+    } else {
+        text += ValueToJson(value).dump();
+    }
+    return text + "}";
+}
+
+// Parses JSON text, refusing nesting deeper than kMaxDepth; the fault is one line without the parser's bytes.
+std::optional<Json> ParseLimited(std::string_view json, std::string& fault) {
+    bool tooDeep = false;
+    const Json::parser_callback_t limitDepth = [&tooDeep](int depth, Json::parse_event_t event, Json&) {
+        const bool opens
+            = event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
+        if (depth < kMaxDepth || !opens) return true;
+        tooDeep = true;
+        return false;
+    };
+    Json root;
+    try {
+        root = Json::parse(json.begin(), json.end(), limitDepth);
+    } catch (const Json::parse_error& error) {
+        std::string what = error.what();
+        if (const size_t end = what.find("] "); end != std::string::npos) what.erase(0, end + 2);
+        // The parser quotes the bytes it last read, which need not be text; the position says enough.
+        if (const size_t quote = what.find("; last read:"); quote != std::string::npos) what.erase(quote);
+        fault = "not a JSON document: " + what;
+        return std::nullopt;
+    } catch (const Json::exception& error) {
+        fault = std::string("not a JSON document: ") + error.what();
+        return std::nullopt;
+    }
+    if (tooDeep) {
+        fault = "nesting deeper than " + std::to_string(kMaxDepth) + " levels";
+        return std::nullopt;
+    }
+    return root;
 }
 
 // Reads the fields of one JSON object, recording the first fault.
@@ -380,19 +458,238 @@ std::optional<FormControl> ReadControl(
     where.control = Quoted(*name);
     control.name = *name;
     const auto label = fields.Text("label");
+    const auto toolTip = object.contains("toolTip") ? fields.Text("toolTip") : std::u16string();
     const auto left = fields.Integer("left", true);
     const auto top = fields.Integer("top", true);
     const auto width = fields.Integer("width", false);
     const auto height = fields.Integer("height", false);
     const Json* properties = fields.Field("properties");
-    if (!label || !left || !top || !width || !height || !properties) return std::nullopt;
+    if (!label || !toolTip || !left || !top || !width || !height || !properties) return std::nullopt;
     control.label = *label;
+    control.toolTip = *toolTip;
     control.left = *left;
     control.top = *top;
     control.width = *width;
     control.height = *height;
     if (!ReadEntries(*properties, where, control.properties, error)) return std::nullopt;
     return control;
+}
+
+// The two lists: in a form file their bytes are written as the entries of the store they hold.
+bool IsListEntry(std::u16string_view key) {
+    return key == u"MustNotBeValues" || key == u"Actions";
+}
+
+// One entry of a form file on one line. A list whose bytes are exactly those its store's entries give back
+// is written as those entries; anything else as its value, base64 for bytes, so that every entry reads back
+// into the same bytes.
+std::string FormEntryText(std::u16string_view key, const Variant& value) {
+    if (IsListEntry(key) && value.kind() == Variant::Kind::Bytes)
+        if (const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
+            nested && nested->ToBytes() == value.AsBytes())
+            return ReadableEntryText(key, value);
+    return "{\"type\": \"" + std::string(KindName(value.kind()))
+        + "\", \"value\": " + ValueToJson(value).dump() + "}";
+}
+
+// What an entry may hold: the kind the control writes it in and the values its writer (or the edit box)
+// accepts.
+enum class Holds {
+    Boolean,
+    Text,
+    Character, // a text of at most one character
+    Integer, // a 16-bit integer within [min, max], or `also`
+    Long, // a 32-bit integer within [min, max]
+    Colour, // a 32-bit integer, any bit pattern
+    FontSize, // a single above 0 and at most max points
+    Value, // any single value: Empty, a text, a number, a date
+    Font, // bytes holding a property store
+    Picture, // any bytes
+    ValueList, // bytes holding the store of a list of single values
+    ActionList, // bytes holding the store of a list of three action flag words
+};
+
+struct EntryRule {
+    std::u16string_view key;
+    Holds holds;
+    int32_t min = 0;
+    int32_t max = 0;
+    int32_t also = 0; // one more accepted value, outside [min, max]; equal to min when there is none
+};
+
+constexpr int32_t kInt32Max = std::numeric_limits<int32_t>::max();
+
+// Every entry `WriteProperties` writes, with the values the control's writers and the edit box accept.
+constexpr EntryRule kEntryRules[] = {
+    { u"MustBePositive", Holds::Boolean }, { u"MustBeNegative", Holds::Boolean },
+    { u"Beeping", Holds::Boolean }, { u"MustBeUpperCase", Holds::Boolean },
+    { u"MustBeLowerCase", Holds::Boolean }, { u"NoDigits", Holds::Boolean },
+    { u"OnlyLetters", Holds::Boolean }, { u"AllowScientificFormat", Holds::Boolean },
+    { u"MaxLength", Holds::Long, 0, kInt32Max }, { u"FinalValidationActive", Holds::Boolean },
+    { u"ValidCharactersSet", Holds::Text }, { u"Font", Holds::Font }, { u"Text", Holds::Text },
+    { u"OnlyLettersWithSpace", Holds::Boolean }, { u"ExtraExcludedCharacters", Holds::Text },
+    { u"ExtraIncludedCharacters", Holds::Text }, { u"RequiredField", Holds::Boolean },
+    { u"ThousandSeparator", Holds::Integer, vldTSForbidden, vldTSAllowed },
+    { u"MaxNumberOfDecimals", Holds::Integer, 0, 32 }, { u"CustomMask", Holds::Text },
+    { u"DefaultValue", Holds::Value }, { u"MinValue", Holds::Value }, { u"MaxValue", Holds::Value },
+    { u"MustNotBeZero", Holds::Boolean }, { u"MustNotBeValues", Holds::ValueList },
+    { u"Actions", Holds::ActionList }, { u"ShowErrorMessage", Holds::Boolean },
+    { u"ValidationMode", Holds::Integer, vldAutomatic, vldSemiAutomatic },
+    { u"MustBeProperCase", Holds::Boolean }, { u"MessageBoxTitle", Holds::Text },
+    { u"ErrorMessageMode", Holds::Integer, vldAutoBasic, vldCustom, vldAutoBasic },
+    { u"MustBeType", Holds::Long, vldUnspecified, vldTime }, { u"OnErrorSelectEntireField", Holds::Boolean },
+    { u"InputSifting", Holds::Integer, vldNone, vldStrong },
+    { u"MaxRelativeAccuracy", Holds::Integer, 0, 32 },
+    { u"MessageBoxIcon", Holds::Integer, vldMBINone, vldMBIQuestion }, { u"ErrorMessage", Holds::Text },
+    { u"Enabled", Holds::Boolean }, { u"SelLength", Holds::Long, 0, kInt32Max },
+    { u"SelStart", Holds::Long, 0, kInt32Max }, { u"ShowAsUnderstood", Holds::Boolean },
+    { u"Alignment", Holds::Integer, 0, 2 }, // left, right, centre
+    { u"Appearance", Holds::Integer, vldFlat, vld3D }, { u"BackColor", Holds::Colour },
+    { u"ForeColor", Holds::Colour }, { u"BorderStyle", Holds::Integer, vldNoBorder, vldFixedSingle },
+    { u"Locked", Holds::Boolean }, { u"PasswordChar", Holds::Character }, { u"RightToLeft", Holds::Boolean },
+    { u"MousePointer", Holds::Integer, 0, 15, 99 }, // the standard pointers, and 99 for the field's icon
+    { u"MouseIcon", Holds::Picture }, { u"FontBold", Holds::Boolean }, { u"FontUnderline", Holds::Boolean },
+    { u"FontStrikethru", Holds::Boolean }, { u"FontSize", Holds::FontSize, 0, 2048 },
+    { u"FontName", Holds::Text }, { u"FontItalic", Holds::Boolean },
+    { u"OLEDragMode", Holds::Integer, 0, 1 }, // manual, automatic
+    { u"OLEDropMode", Holds::Integer, 0, 2 }, // none, manual, automatic
+};
+
+const EntryRule* RuleOf(std::u16string_view key) {
+    for (const EntryRule& rule : kEntryRules)
+        if (rule.key == key) return &rule;
+    return nullptr;
+}
+
+std::string KindFault(Variant::Kind expected, Variant::Kind got) {
+    return "expected a value of type " + std::string(KindName(expected)) + ", got type "
+        + std::string(KindName(got));
+}
+
+std::optional<std::string> RangeFault(const EntryRule& rule, int64_t value) {
+    if ((value >= rule.min && value <= rule.max) || (rule.also != rule.min && value == rule.also))
+        return std::nullopt;
+    std::string range = rule.max == kInt32Max ? std::to_string(rule.min) + " or more"
+                                              : std::to_string(rule.min) + " to " + std::to_string(rule.max);
+    if (rule.also != rule.min) range += " or " + std::to_string(rule.also);
+    return "expected " + range + ", got " + std::to_string(value);
+}
+
+bool IsSingleValue(Variant::Kind kind) {
+    return kind != Variant::Kind::Bytes && kind != Variant::Kind::Array;
+}
+
+std::optional<int64_t> WholeNumber(const Variant& value) {
+    switch (value.kind()) {
+    case Variant::Kind::Byte:
+        return value.AsByte();
+    case Variant::Kind::Integer:
+        return value.AsInteger();
+    case Variant::Kind::Long:
+        return value.AsLong();
+    default:
+        return std::nullopt;
+    }
+}
+
+// A list's store: "NEl", the count as an Integer (absent for none), and the items "1N" to its count,
+// nothing else; each item passes `itemFault`.
+std::optional<std::string> ListFault(const Variant& value, bool actions) {
+    const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
+    if (!nested) return "expected a value of type ByteArray holding a property store";
+    const Variant* count = nested->Find(u"NEl");
+    if (count && count->kind() != Variant::Kind::Integer)
+        return "item \"NEl\": " + KindFault(Variant::Kind::Integer, count->kind());
+    const int64_t items = count ? count->AsInteger() : 0;
+    if (actions && items != 3) return "expected 3 actions, got " + std::to_string(items);
+    if (items < 0) return "item \"NEl\": expected 0 or more, got " + std::to_string(items);
+    if (nested->Entries().size() != static_cast<size_t>(items) + (count ? 1 : 0))
+        return "expected \"NEl\" and the items \"1N\" to \"" + std::to_string(items) + "N\" only";
+    for (int64_t i = 1; i <= items; ++i) {
+        const std::string key = std::to_string(i) + "N";
+        const Variant* item = nested->Find(*FromUtf8(key));
+        if (!item) return "item " + Quoted(key) + " is missing";
+        if (!actions && !IsSingleValue(item->kind()))
+            return "item " + Quoted(key) + ": expected a single value, got type "
+                + std::string(KindName(item->kind()));
+        if (!actions) continue;
+        const auto flags = WholeNumber(*item);
+        const auto action = flags.value_or(0) & ~int64_t { vldACChecked };
+        if (!flags || *flags < 0
+            || (action != vldACReturnPrevious && action != vldACInsertDefault
+                && action != vldACInsertClosest))
+            return "item " + Quoted(key) + ": expected an action (8, 16 or 32, plus 1 when checked), got "
+                + (flags ? std::to_string(*flags) : "type " + std::string(KindName(item->kind())));
+    }
+    return std::nullopt;
+}
+
+// What is wrong with one entry of a field; nullopt when the control takes it as it is.
+std::optional<std::string> EntryFault(std::u16string_view key, const Variant& value) {
+    const EntryRule* rule = RuleOf(key);
+    if (!rule) return "not a property of the field";
+    const Variant::Kind kind = value.kind();
+    const auto expect = [kind](Variant::Kind expected) -> std::optional<std::string> {
+        if (kind == expected) return std::nullopt;
+        return KindFault(expected, kind);
+    };
+    switch (rule->holds) {
+    case Holds::Boolean:
+        return expect(Variant::Kind::Boolean);
+    case Holds::Text:
+        return expect(Variant::Kind::String);
+    case Holds::Character:
+        if (auto fault = expect(Variant::Kind::String)) return fault;
+        if (value.AsString().size() > 1)
+            return "expected at most one character, got " + Quoted(value.AsString());
+        return std::nullopt;
+    case Holds::Integer:
+        if (auto fault = expect(Variant::Kind::Integer)) return fault;
+        return RangeFault(*rule, value.AsInteger());
+    case Holds::Long:
+        if (auto fault = expect(Variant::Kind::Long)) return fault;
+        return RangeFault(*rule, value.AsLong());
+    case Holds::Colour:
+        return expect(Variant::Kind::Long);
+    case Holds::FontSize: {
+        if (auto fault = expect(Variant::Kind::Single)) return fault;
+        const float size = value.AsSingle();
+        if (std::isfinite(size) && size > 0 && size <= static_cast<float>(rule->max)) return std::nullopt;
+        return "expected a point size above 0 and at most " + std::to_string(rule->max) + ", got "
+            + Shown(Json(SingleAsDouble(size)));
+    }
+    case Holds::Value:
+        if (IsSingleValue(kind)) return std::nullopt;
+        return "expected a single value, got type " + std::string(KindName(kind));
+    case Holds::Font:
+        if (auto fault = expect(Variant::Kind::Bytes)) return fault;
+        if (!MemoryPropertyStore::FromBytes(value.AsBytes()))
+            return "expected a value of type ByteArray holding a property store";
+        return std::nullopt;
+    case Holds::Picture:
+        return expect(Variant::Kind::Bytes);
+    case Holds::ValueList:
+    case Holds::ActionList:
+        if (auto fault = expect(Variant::Kind::Bytes)) return fault;
+        return ListFault(value, rule->holds == Holds::ActionList);
+    }
+    return std::nullopt;
+}
+
+// Names that differ only in ASCII case name the same column of the form's table.
+bool SameName(std::u16string_view a, std::u16string_view b) {
+    const auto lower = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [&](char16_t x, char16_t y) {
+        return lower(x) == lower(y);
+    });
+}
+
+std::optional<std::string> GeometryFault(const FormControl& control) {
+    const auto within = [](int32_t value, int32_t min) { return value >= min && value <= kMaxFormExtent; };
+    if (within(control.left, -kMaxFormExtent) && within(control.top, -kMaxFormExtent)
+        && within(control.width, 0) && within(control.height, 0))
+        return std::nullopt;
+    return "the place or size lies outside " + std::to_string(kMaxFormExtent) + " pixels";
 }
 
 FormResult Failure(std::string error) {
@@ -435,29 +732,10 @@ std::string DescribeError(int number) {
 FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
     Location where { sourceName, {}, {} };
     if (json.size() > kMaxFormBytes) return Failure(where.Line("the form is larger than 16 MiB"));
-    bool tooDeep = false;
-    const Json::parser_callback_t limitDepth = [&tooDeep](int depth, Json::parse_event_t event, Json&) {
-        const bool opens
-            = event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
-        if (depth < kMaxDepth || !opens) return true;
-        tooDeep = true;
-        return false;
-    };
-    Json root;
-    try {
-        root = Json::parse(json.begin(), json.end(), limitDepth);
-    } catch (const Json::parse_error& error) {
-        std::string what = error.what();
-        if (const size_t end = what.find("] "); end != std::string::npos) what.erase(0, end + 2);
-        // The parser quotes the bytes it last read, which need not be text; the position says enough.
-        if (const size_t quote = what.find("; last read:"); quote != std::string::npos) what.erase(quote);
-        return Failure(where.Line("not a JSON document: " + what));
-    } catch (const Json::exception& error) {
-        return Failure(where.Line(std::string("not a JSON document: ") + error.what()));
-    }
-    if (tooDeep)
-        return Failure(
-            where.Line("not a form: nesting deeper than " + std::to_string(kMaxDepth) + " levels"));
+    std::string fault;
+    const std::optional<Json> parsed = ParseLimited(json, fault);
+    if (!parsed) return Failure(where.Line(fault.starts_with("nesting") ? "not a form: " + fault : fault));
+    const Json& root = *parsed;
     if (!root.is_object())
         return Failure(where.Line("not a form: expected a JSON object, got " + Shown(root)));
 
@@ -471,18 +749,43 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
     if (!title || !width || !height || !controls) return Failure(std::move(error));
     if (!controls->is_array())
         return Failure(where.Line("field \"controls\": expected an array, got " + Shown(*controls)));
+    if (controls->size() > kMaxFormFields)
+        return Failure(where.Line("more than " + std::to_string(kMaxFormFields) + " controls"));
     document.title = *title;
     document.width = *width;
     document.height = *height;
     for (size_t i = 0; i < controls->size(); ++i) {
         auto control = ReadControl((*controls)[i], i, where, error);
         if (!control) return Failure(std::move(error));
-        for (const FormControl& earlier : document.controls)
-            if (earlier.name == control->name)
-                return Failure(where.Line("the name is used by an earlier control"));
         document.controls.push_back(std::move(*control));
     }
+    if (auto fault = CheckFormDocument(document, sourceName)) return Failure(std::move(*fault));
     return { std::move(document), {} };
+}
+
+std::optional<std::string> CheckFormDocument(const FormDocument& document, std::string_view sourceName) {
+    Location where { sourceName, {}, {} };
+    if (document.controls.size() > kMaxFormFields)
+        return where.Line("more than " + std::to_string(kMaxFormFields) + " controls");
+    if (document.width > kMaxFormExtent || document.height > kMaxFormExtent || document.width < 0
+        || document.height < 0)
+        return where.Line("the form's size lies outside " + std::to_string(kMaxFormExtent) + " pixels");
+    for (size_t i = 0; i < document.controls.size(); ++i) {
+        const FormControl& control = document.controls[i];
+        where.control = control.name.empty() ? std::to_string(i + 1) : Quoted(control.name);
+        where.entry.clear();
+        if (control.name.empty()) return where.Line("the name is empty");
+        for (size_t k = 0; k < i; ++k)
+            if (SameName(document.controls[k].name, control.name))
+                return where.Line(
+                    "the name is used by an earlier control (" + Quoted(document.controls[k].name) + ")");
+        if (auto fault = GeometryFault(control)) return where.Line(*fault);
+        for (const auto& [key, value] : control.properties.Entries()) {
+            where.entry = Quoted(key);
+            if (auto fault = EntryFault(key, value)) return where.Line(*fault);
+        }
+    }
+    return std::nullopt;
 }
 
 FormResult LoadFormFile(const std::filesystem::path& path) {
@@ -512,6 +815,7 @@ std::string FormToJson(const FormDocument& document) {
         out += i == 0 ? "\n    {\n" : ",\n    {\n";
         out += "      \"name\": " + text(control.name) + ",\n";
         out += "      \"label\": " + text(control.label) + ",\n";
+        out += "      \"toolTip\": " + text(control.toolTip) + ",\n";
         out += "      \"left\": " + std::to_string(control.left) + ", \"top\": " + std::to_string(control.top)
             + ", \"width\": " + std::to_string(control.width)
             + ", \"height\": " + std::to_string(control.height) + ",\n";
@@ -519,9 +823,7 @@ std::string FormToJson(const FormDocument& document) {
         const auto& entries = control.properties.Entries();
         for (size_t k = 0; k < entries.size(); ++k) {
             out += k == 0 ? "\n        " : ",\n        ";
-            const Variant& value = entries[k].value;
-            out += text(entries[k].key) + ": {\"type\": \"" + std::string(KindName(value.kind()))
-                + "\", \"value\": " + ValueToJson(value).dump() + "}";
+            out += text(entries[k].key) + ": " + FormEntryText(entries[k].key, entries[k].value);
         }
         out += entries.empty() ? "}\n    }" : "\n      }\n    }";
     }
@@ -547,6 +849,29 @@ std::optional<std::string> SaveFormFile(const std::filesystem::path& path, const
         return where.Line("cannot be written");
     }
     return std::nullopt;
+}
+
+EntriesResult EntriesFromJson(std::string_view json, std::string_view sourceName) {
+    const Location where { sourceName, {}, {} };
+    std::string fault;
+    const std::optional<Json> root = ParseLimited(json, fault);
+    if (!root) return { std::nullopt, where.Line(fault) };
+    if (!root->is_object())
+        return { std::nullopt, where.Line("expected a JSON object, got " + Shown(*root)) };
+    Location entryWhere = where;
+    std::string error;
+    MemoryPropertyStore entries;
+    if (!ReadEntries(*root, entryWhere, entries, error)) return { std::nullopt, std::move(error) };
+    return { std::move(entries), {} };
+}
+
+std::string EntriesToJson(const MemoryPropertyStore& entries) {
+    std::string out = "{";
+    const auto& list = entries.Entries();
+    for (size_t i = 0; i < list.size(); ++i)
+        out += (i == 0 ? "\n  " : ",\n  ") + Json(ToUtf8(list[i].key)).dump() + ": "
+            + ReadableEntryText(list[i].key, list[i].value);
+    return out + (list.empty() ? "}" : "\n}");
 }
 
 std::optional<std::string> BuildFormControls(
