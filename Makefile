@@ -5,11 +5,11 @@ BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
              libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
-             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 xvfb xauth clang-14 libclang-rt-14-dev
+             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 
-.PHONY: all setup configure build test unit-tests sanitize fuzz-smoke format format-check bench run clean
+.PHONY: all setup configure build test unit-tests package-test sanitize fuzz-smoke format format-check bench run clean
 
 all: build
 
@@ -40,10 +40,20 @@ format-check: setup
 format:
 	git ls-files '*.h' '*.cpp' | xargs -r clang-format -i
 
-test: unit-tests sanitize fuzz-smoke
+test: unit-tests package-test sanitize fuzz-smoke
 
 unit-tests: build format-check
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
+
+# The package as another project uses it: an install staged in the build folder, tests/package configured
+# against it with find_package(Quillmar), built and run.
+package-test: build
+	@stage=$(abspath $(BUILD))/package-stage; rm -rf "$$stage" && \
+	cmake --install $(BUILD) --prefix "$$stage/prefix" >/dev/null && \
+	cmake -S tests/package -B "$$stage/build" -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
+	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_PREFIX_PATH="$$stage/prefix" >/dev/null && \
+	cmake --build "$$stage/build" && \
+	QT_QPA_PLATFORM=offscreen "$$stage/build/quillmar-package-consumer"
 
 # The whole suite again under AddressSanitizer and UndefinedBehaviorSanitizer (clang).
 sanitize: setup

@@ -2,7 +2,17 @@
 
 #include <cstdint>
 
+// The Qt binding defines QUILLMAR_QT_META for itself and for everything that links it: there the
+// enumerations are also meta-enumerations of the namespace, so that QVariant, QMetaEnum, debuggers and
+// Qt Designer show their enumerator names. The core itself never needs Qt.
+#if defined(QUILLMAR_QT_META)
+#include <QtCore/qobjectdefs.h>
+#endif
+
 namespace quillmar {
+#if defined(QUILLMAR_QT_META)
+Q_NAMESPACE
+#endif
 
 /// The data type a field must hold.
 enum MustBeTypeConstants : int32_t {
@@ -104,5 +114,18 @@ enum vldBorderStyleConstants : int16_t {
     vldNoBorder = 0,
     vldFixedSingle = 1,
 };
+
+#if defined(QUILLMAR_QT_META)
+Q_ENUM_NS(MustBeTypeConstants)
+Q_ENUM_NS(ConstraintsConstants)
+Q_ENUM_NS(ValidationModeConstants)
+Q_ENUM_NS(ErrorMessageModeConstants)
+Q_ENUM_NS(ActionsConstants)
+Q_ENUM_NS(InputSiftingConstants)
+Q_ENUM_NS(MsgBoxIcons)
+Q_ENUM_NS(ThousandSeparatorConstants)
+Q_ENUM_NS(vldAppearanceConstants)
+Q_ENUM_NS(vldBorderStyleConstants)
+#endif
 
 } // namespace quillmar

@@ -20,63 +20,90 @@ class QtServices;
 /// field: each event goes to the form first (as a signal whose reference arguments a directly connected slot
 /// may change), then the control sifts, repairs and validates. Every property of the control is a
 /// `Q_PROPERTY` of the same name; a refused value throws `quillmar::PropertyError` as the control does.
+/// The enumerated properties have the control's enumeration types, so that Qt shows their enumerator names
+/// (`vldInteger`) and takes them as text (`setProperty("MustBeType", "vldInteger")`).
+/// In a `.ui` file the field's rules travel as one text, `rules`; the edit box's properties travel one by
+/// one (Designer marks them `stdset="0"`, so `uic` code writes them with `setProperty`).
 /// The message box, the beep and the about box are Qt's unless replaced (tests replace them).
 class QuillmarEdit : public QWidget {
     Q_OBJECT
-    Q_PROPERTY(int ThousandSeparator READ ThousandSeparator WRITE SetThousandSeparator NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustBePositive READ MustBePositive WRITE SetMustBePositive NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustBeNegative READ MustBeNegative WRITE SetMustBeNegative NOTIFY PropertyChanged)
-    Q_PROPERTY(bool Beeping READ Beeping WRITE SetBeeping NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustBeUpperCase READ MustBeUpperCase WRITE SetMustBeUpperCase NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustBeLowerCase READ MustBeLowerCase WRITE SetMustBeLowerCase NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustBeProperCase READ MustBeProperCase WRITE SetMustBeProperCase NOTIFY PropertyChanged)
-    Q_PROPERTY(bool NoDigits READ NoDigits WRITE SetNoDigits NOTIFY PropertyChanged)
-    Q_PROPERTY(bool OnlyLetters READ OnlyLetters WRITE SetOnlyLetters NOTIFY PropertyChanged)
+    // Designer shows the edit box's properties and the rules as one text (`rules`); the rules one by one,
+    // the run-time state, the inert writers and the font size (a float, which Designer cannot edit) are for
+    // code only.
+    Q_PROPERTY(quillmar::ThousandSeparatorConstants ThousandSeparator READ ThousandSeparator WRITE
+            SetThousandSeparator NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(bool MustBePositive READ MustBePositive WRITE SetMustBePositive NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(bool MustBeNegative READ MustBeNegative WRITE SetMustBeNegative NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(bool Beeping READ Beeping WRITE SetBeeping NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(bool MustBeUpperCase READ MustBeUpperCase WRITE SetMustBeUpperCase NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(bool MustBeLowerCase READ MustBeLowerCase WRITE SetMustBeLowerCase NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(bool MustBeProperCase READ MustBeProperCase WRITE SetMustBeProperCase NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(bool NoDigits READ NoDigits WRITE SetNoDigits NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(bool OnlyLetters READ OnlyLetters WRITE SetOnlyLetters NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(bool OnlyLettersWithSpace READ OnlyLettersWithSpace WRITE SetOnlyLettersWithSpace NOTIFY
-            PropertyChanged)
+            PropertyChanged DESIGNABLE false)
     Q_PROPERTY(bool AllowScientificFormat READ AllowScientificFormat WRITE SetAllowScientificFormat NOTIFY
-            PropertyChanged)
+            PropertyChanged DESIGNABLE false)
     Q_PROPERTY(bool FinalValidationActive READ FinalValidationActive WRITE SetFinalValidationActive NOTIFY
-            PropertyChanged)
-    Q_PROPERTY(
-        QString ValidCharactersSet READ ValidCharactersSet WRITE SetValidCharactersSet NOTIFY PropertyChanged)
+            PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QString ValidCharactersSet READ ValidCharactersSet WRITE SetValidCharactersSet NOTIFY
+            PropertyChanged DESIGNABLE false)
     Q_PROPERTY(QString ExtraExcludedCharacters READ ExtraExcludedCharacters WRITE SetExtraExcludedCharacters
-            NOTIFY PropertyChanged)
+            NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(QString ExtraIncludedCharacters READ ExtraIncludedCharacters WRITE SetExtraIncludedCharacters
-            NOTIFY PropertyChanged)
-    Q_PROPERTY(bool RequiredField READ RequiredField WRITE SetRequiredField NOTIFY PropertyChanged)
+            NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(
-        int MaxNumberOfDecimals READ MaxNumberOfDecimals WRITE SetMaxNumberOfDecimals NOTIFY PropertyChanged)
-    Q_PROPERTY(QString CustomMask READ CustomMask WRITE SetCustomMask NOTIFY PropertyChanged)
-    Q_PROPERTY(QVariant DefaultValue READ DefaultValue WRITE SetDefaultValue NOTIFY PropertyChanged)
-    Q_PROPERTY(QVariant MinValue READ MinValue WRITE SetMinValue NOTIFY PropertyChanged)
-    Q_PROPERTY(QVariant MaxValue READ MaxValue WRITE SetMaxValue NOTIFY PropertyChanged)
-    Q_PROPERTY(bool MustNotBeZero READ MustNotBeZero WRITE SetMustNotBeZero NOTIFY PropertyChanged)
+        bool RequiredField READ RequiredField WRITE SetRequiredField NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(int MaxNumberOfDecimals READ MaxNumberOfDecimals WRITE SetMaxNumberOfDecimals NOTIFY
+            PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QString CustomMask READ CustomMask WRITE SetCustomMask NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(
-        QVariantList MustNotBeValues READ MustNotBeValues WRITE SetMustNotBeValues NOTIFY PropertyChanged)
-    Q_PROPERTY(QVariantList Actions READ Actions WRITE SetActions NOTIFY PropertyChanged)
-    Q_PROPERTY(bool ShowErrorMessage READ ShowErrorMessage WRITE SetShowErrorMessage NOTIFY PropertyChanged)
-    Q_PROPERTY(int ValidationMode READ ValidationMode WRITE SetValidationMode NOTIFY PropertyChanged)
-    Q_PROPERTY(QString MessageBoxTitle READ MessageBoxTitle WRITE SetMessageBoxTitle NOTIFY PropertyChanged)
-    Q_PROPERTY(int ErrorMessageMode READ ErrorMessageMode WRITE SetErrorMessageMode NOTIFY PropertyChanged)
-    Q_PROPERTY(int MustBeType READ MustBeType WRITE SetMustBeType NOTIFY PropertyChanged)
+        QVariant DefaultValue READ DefaultValue WRITE SetDefaultValue NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QVariant MinValue READ MinValue WRITE SetMinValue NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QVariant MaxValue READ MaxValue WRITE SetMaxValue NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(
+        bool MustNotBeZero READ MustNotBeZero WRITE SetMustNotBeZero NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QVariantList MustNotBeValues READ MustNotBeValues WRITE SetMustNotBeValues NOTIFY
+            PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QVariantList Actions READ Actions WRITE SetActions NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(bool ShowErrorMessage READ ShowErrorMessage WRITE SetShowErrorMessage NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(quillmar::ValidationModeConstants ValidationMode READ ValidationMode WRITE SetValidationMode
+            NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QString MessageBoxTitle READ MessageBoxTitle WRITE SetMessageBoxTitle NOTIFY PropertyChanged
+            DESIGNABLE false)
+    Q_PROPERTY(quillmar::ErrorMessageModeConstants ErrorMessageMode READ ErrorMessageMode WRITE
+            SetErrorMessageMode NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(quillmar::MustBeTypeConstants MustBeType READ MustBeType WRITE SetMustBeType NOTIFY
+            PropertyChanged DESIGNABLE false)
     Q_PROPERTY(bool OnErrorSelectEntireField READ OnErrorSelectEntireField WRITE SetOnErrorSelectEntireField
-            NOTIFY PropertyChanged)
-    Q_PROPERTY(int InputSifting READ InputSifting WRITE SetInputSifting NOTIFY PropertyChanged)
+            NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(quillmar::InputSiftingConstants InputSifting READ InputSifting WRITE SetInputSifting NOTIFY
+            PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(int MaxRelativeAccuracy READ MaxRelativeAccuracy WRITE SetMaxRelativeAccuracy NOTIFY
+            PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(quillmar::MsgBoxIcons MessageBoxIcon READ MessageBoxIcon WRITE SetMessageBoxIcon NOTIFY
+            PropertyChanged DESIGNABLE false)
     Q_PROPERTY(
-        int MaxRelativeAccuracy READ MaxRelativeAccuracy WRITE SetMaxRelativeAccuracy NOTIFY PropertyChanged)
-    Q_PROPERTY(int MessageBoxIcon READ MessageBoxIcon WRITE SetMessageBoxIcon NOTIFY PropertyChanged)
-    Q_PROPERTY(QString ErrorMessage READ ErrorMessage WRITE SetErrorMessage NOTIFY PropertyChanged)
-    Q_PROPERTY(bool ShowAsUnderstood READ ShowAsUnderstood WRITE SetShowAsUnderstood NOTIFY PropertyChanged)
+        QString ErrorMessage READ ErrorMessage WRITE SetErrorMessage NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(bool ShowAsUnderstood READ ShowAsUnderstood WRITE SetShowAsUnderstood NOTIFY PropertyChanged
+            DESIGNABLE false)
     Q_PROPERTY(QString Text READ Text WRITE SetText NOTIFY PropertyChanged)
-    Q_PROPERTY(QVariant Value READ Value WRITE SetValue NOTIFY PropertyChanged)
+    Q_PROPERTY(QVariant Value READ Value WRITE SetValue NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(int MaxLength READ MaxLength WRITE SetMaxLength NOTIFY PropertyChanged)
-    Q_PROPERTY(int SelStart READ SelStart WRITE SetSelStart NOTIFY PropertyChanged)
-    Q_PROPERTY(int SelLength READ SelLength WRITE SetSelLength NOTIFY PropertyChanged)
-    Q_PROPERTY(QString SelText READ SelText WRITE SetSelText NOTIFY PropertyChanged)
+    Q_PROPERTY(int SelStart READ SelStart WRITE SetSelStart NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(int SelLength READ SelLength WRITE SetSelLength NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QString SelText READ SelText WRITE SetSelText NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(int Alignment READ Alignment WRITE SetAlignment NOTIFY PropertyChanged)
-    Q_PROPERTY(int Appearance READ Appearance WRITE SetAppearance NOTIFY PropertyChanged)
-    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE SetBorderStyle NOTIFY PropertyChanged)
+    Q_PROPERTY(quillmar::vldAppearanceConstants Appearance READ Appearance WRITE SetAppearance NOTIFY
+            PropertyChanged)
+    Q_PROPERTY(quillmar::vldBorderStyleConstants BorderStyle READ BorderStyle WRITE SetBorderStyle NOTIFY
+            PropertyChanged)
     Q_PROPERTY(bool Locked READ Locked WRITE SetLocked NOTIFY PropertyChanged)
     Q_PROPERTY(QString PasswordChar READ PasswordChar WRITE SetPasswordChar NOTIFY PropertyChanged)
     Q_PROPERTY(bool RightToLeft READ RightToLeft WRITE SetRightToLeft NOTIFY PropertyChanged)
@@ -85,15 +112,16 @@ class QuillmarEdit : public QWidget {
     Q_PROPERTY(bool FontItalic READ FontItalic WRITE SetFontItalic NOTIFY PropertyChanged)
     Q_PROPERTY(bool FontUnderline READ FontUnderline WRITE SetFontUnderline NOTIFY PropertyChanged)
     Q_PROPERTY(bool FontStrikethru READ FontStrikethru WRITE SetFontStrikethru NOTIFY PropertyChanged)
-    Q_PROPERTY(float FontSize READ FontSize WRITE SetFontSize NOTIFY PropertyChanged)
+    Q_PROPERTY(float FontSize READ FontSize WRITE SetFontSize NOTIFY PropertyChanged DESIGNABLE false)
     Q_PROPERTY(int OLEDragMode READ OLEDragMode WRITE SetOLEDragMode NOTIFY PropertyChanged)
     Q_PROPERTY(int OLEDropMode READ OLEDropMode WRITE SetOLEDropMode NOTIFY PropertyChanged)
-    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled NOTIFY PropertyChanged)
-    Q_PROPERTY(uint BackColor READ BackColor WRITE SetBackColor NOTIFY PropertyChanged)
-    Q_PROPERTY(uint ForeColor READ ForeColor WRITE SetForeColor NOTIFY PropertyChanged)
-    Q_PROPERTY(QString FontName READ FontName WRITE SetFontName NOTIFY PropertyChanged)
-    Q_PROPERTY(int hwnd READ hwnd)
-    Q_PROPERTY(bool HideSelection READ HideSelection)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(uint BackColor READ BackColor WRITE SetBackColor NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(uint ForeColor READ ForeColor WRITE SetForeColor NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(QString FontName READ FontName WRITE SetFontName NOTIFY PropertyChanged DESIGNABLE false)
+    Q_PROPERTY(int hwnd READ hwnd DESIGNABLE false)
+    Q_PROPERTY(bool HideSelection READ HideSelection DESIGNABLE false)
+    Q_PROPERTY(QString rules READ rules WRITE setRules NOTIFY PropertyChanged)
 public:
     explicit QuillmarEdit(QWidget* parent = nullptr);
     ~QuillmarEdit() override;
@@ -119,19 +147,40 @@ public:
     void SetUserMode(bool userMode);
     [[nodiscard]] bool UserMode() const;
 
+    // The methods are invokable through the meta-object system, for a field that a `QUiLoader` made from a
+    // plugin's copy of this class.
+
     /// Validates now, as on leaving the field.
-    bool Validate() { return m_control->Validate(); }
-    [[nodiscard]] int CheckInput() const { return m_control->CheckInput(); }
-    [[nodiscard]] bool IsValid() const { return m_control->IsValid(); }
-    void Refresh() { m_control->Refresh(); }
+    Q_INVOKABLE bool Validate() { return m_control->Validate(); }
+    Q_INVOKABLE [[nodiscard]] int CheckInput() const { return m_control->CheckInput(); }
+    Q_INVOKABLE [[nodiscard]] bool IsValid() const { return m_control->IsValid(); }
+    Q_INVOKABLE void Refresh() { m_control->Refresh(); }
     void OLEDrag() { m_control->OLEDrag(); }
     void ShowAboutBox() { m_control->ShowAboutBox(); }
+
+    /// The field's rules as a form file holds them: a JSON object of the entries the control writes for its
+    /// own properties (every property but the edit box's), each {"type": kind, "value": value}, entries at
+    /// their default left out, the two lists as their readable entries ("NEl", "1N" ...). See
+    /// `EntriesToJson`.
+    [[nodiscard]] QString rules() const;
+    /// Loads the rules of a text in the notation of `rules()` as a form loads the field: every rule not in
+    /// the text takes its default, the type is set first, the lists are taken even at run time, and the text
+    /// is set again last so that the type and the last valid value are derived from it; the edit box's
+    /// properties keep their values. Returns the empty string on success; otherwise one line saying what is
+    /// wrong (not JSON, an entry that is not a rule, a value its property refuses), and the field is
+    /// unchanged.
+    [[nodiscard]] QString LoadRules(const QString& text);
+    /// The writer of the `rules` property: `LoadRules`, with a refused text reported as a Qt warning
+    /// instead of thrown, because Designer and `uic` code write it.
+    void setRules(const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
     // Properties (the control's readers and writers).
-    [[nodiscard]] int ThousandSeparator() const { return m_control->ThousandSeparator(); }
+    [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const {
+        return m_control->ThousandSeparator();
+    }
     void SetThousandSeparator(int value) { m_control->SetThousandSeparator(value); }
     [[nodiscard]] bool MustBePositive() const { return m_control->MustBePositive(); }
     void SetMustBePositive(bool value) { m_control->SetMustBePositive(value); }
@@ -195,21 +244,21 @@ public:
     }
     [[nodiscard]] bool ShowErrorMessage() const { return m_control->ShowErrorMessage(); }
     void SetShowErrorMessage(bool value) { m_control->SetShowErrorMessage(value); }
-    [[nodiscard]] int ValidationMode() const { return m_control->ValidationMode(); }
+    [[nodiscard]] ValidationModeConstants ValidationMode() const { return m_control->ValidationMode(); }
     void SetValidationMode(int value) { m_control->SetValidationMode(value); }
     [[nodiscard]] QString MessageBoxTitle() const { return ToQString(m_control->MessageBoxTitle()); }
     void SetMessageBoxTitle(const QString& value) { m_control->SetMessageBoxTitle(FromQString(value)); }
-    [[nodiscard]] int ErrorMessageMode() const { return m_control->ErrorMessageMode(); }
+    [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const { return m_control->ErrorMessageMode(); }
     void SetErrorMessageMode(int value) { m_control->SetErrorMessageMode(value); }
-    [[nodiscard]] int MustBeType() const { return m_control->MustBeType(); }
+    [[nodiscard]] MustBeTypeConstants MustBeType() const { return m_control->MustBeType(); }
     void SetMustBeType(int value) { m_control->SetMustBeType(value); }
     [[nodiscard]] bool OnErrorSelectEntireField() const { return m_control->OnErrorSelectEntireField(); }
     void SetOnErrorSelectEntireField(bool value) { m_control->SetOnErrorSelectEntireField(value); }
-    [[nodiscard]] int InputSifting() const { return m_control->InputSifting(); }
+    [[nodiscard]] InputSiftingConstants InputSifting() const { return m_control->InputSifting(); }
     void SetInputSifting(int value) { m_control->SetInputSifting(value); }
     [[nodiscard]] int MaxRelativeAccuracy() const { return m_control->MaxRelativeAccuracy(); }
     void SetMaxRelativeAccuracy(int value) { m_control->SetMaxRelativeAccuracy(value); }
-    [[nodiscard]] int MessageBoxIcon() const { return m_control->MessageBoxIcon(); }
+    [[nodiscard]] MsgBoxIcons MessageBoxIcon() const { return m_control->MessageBoxIcon(); }
     void SetMessageBoxIcon(int value) { m_control->SetMessageBoxIcon(value); }
     [[nodiscard]] QString ErrorMessage() const { return ToQString(m_control->ErrorMessage()); }
     void SetErrorMessage(const QString& value) { m_control->SetErrorMessage(FromQString(value)); }
@@ -229,9 +278,13 @@ public:
     void SetSelText(const QString& value) { m_control->SetSelText(FromQString(value)); }
     [[nodiscard]] int Alignment() const { return m_control->Alignment(); }
     void SetAlignment(int value) { m_control->SetAlignment(value); }
-    [[nodiscard]] int Appearance() const { return m_control->Appearance(); }
+    [[nodiscard]] vldAppearanceConstants Appearance() const {
+        return static_cast<vldAppearanceConstants>(m_control->Appearance());
+    }
     void SetAppearance(int value) { m_control->SetAppearance(value); }
-    [[nodiscard]] int BorderStyle() const { return m_control->BorderStyle(); }
+    [[nodiscard]] vldBorderStyleConstants BorderStyle() const {
+        return static_cast<vldBorderStyleConstants>(m_control->BorderStyle());
+    }
     void SetBorderStyle(int value) { m_control->SetBorderStyle(value); }
     [[nodiscard]] bool Locked() const { return m_control->Locked(); }
     void SetLocked(bool value) { m_control->SetLocked(value); }
