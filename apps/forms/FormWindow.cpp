@@ -1,7 +1,9 @@
 #include "apps/forms/FormWindow.h"
 
+#include "apps/forms/FormFont.h"
 #include "apps/forms/SubmitSummary.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QDir>
@@ -40,14 +42,17 @@ FormWindow::FormWindow(
     setWindowTitle(qt::ToQString(document.title) + QStringLiteral(" \u2014 Quillmar Forms"));
     auto* area = new QWidget(this);
     area->setFixedSize(document.width, document.height);
+    area->setFont(FormAmbientFont());
     QWidget* previous = nullptr;
     for (const FormControl& control : document.controls) {
         auto* label = new QLabel(qt::ToQString(control.label) + QLatin1Char(':'), area);
+        label->setFont(QApplication::font());
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         label->setGeometry(control.left - kLabelWidth - kLabelGap, control.top, kLabelWidth, control.height);
         auto* field = new qt::QuillmarEdit(area);
         field->setObjectName(qt::ToQString(control.name));
         field->setGeometry(control.left, control.top, control.width, control.height);
+        field->setToolTip(qt::ToQString(control.toolTip));
         label->setBuddy(field);
         if (previous) QWidget::setTabOrder(previous, field);
         previous = field;

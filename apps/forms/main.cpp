@@ -1,5 +1,6 @@
 // quillmar-forms: opens a form file and lets a person fill it in, every field checking what it must contain,
 // and stores each submitted record in an SQLite database beside the form.
+#include "apps/forms/DesignWindow.h"
 #include "apps/forms/FormWindow.h"
 #include "apps/forms/Record.h"
 
@@ -29,6 +30,49 @@ std::filesystem::path DefaultForm() {
     return std::filesystem::path(QUILLMAR_EXAMPLES_DIR) / "orders.qform.json";
 }
 
+// Design mode: the form named (or a new one), optionally with fields selected and the pages open, and
+// with --screenshot a picture of the screen area the designer and its pages cover.
+int Design(const QCommandLineParser& parser, const QCommandLineOption& screenshot,
+    const QCommandLineOption& select, const QCommandLineOption& properties) {
+    using quillmar::forms::DesignWindow;
+    DesignWindow window;
+    const QStringList positional = parser.positionalArguments();
+    if (!positional.isEmpty() && !window.OpenForm(positional.first())) return 1;
+    QList<int> selected;
+    for (const QString& name : parser.values(select)) {
+        auto* field = window.Surface()->findChild<quillmar::qt::QuillmarEdit*>(name);
+        if (!field) {
+            std::fprintf(stderr, "quillmar-forms: --select %s: the form has no field of that name\n",
+                qPrintable(name));
+            return 1;
+        }
+        selected << window.Surface()->IdOf(field);
+    }
+    window.Surface()->Select(selected);
+    window.show();
+    if (parser.isSet(properties)) window.OpenProperties();
+    if (parser.isSet(screenshot)) {
+        const QString file = parser.value(screenshot);
+        // The pages stand beside the form, below its fields, so that the picture shows the selection too.
+        if (QWidget* frame = window.PropertyFrame())
+            QTimer::singleShot(200, frame, [&window, frame] {
+                window.resize(window.width(), 320 + frame->height() + 16);
+                frame->move(window.x() + 150, window.y() + 320);
+            });
+        QTimer::singleShot(600, &window, [&window, file] {
+            QRect area = window.frameGeometry();
+            if (QWidget* frame = window.PropertyFrame()) area = area.united(frame->frameGeometry());
+            const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(
+                0, area.x(), area.y(), area.width(), area.height());
+            const bool saved = picture.save(file, "PNG");
+            if (!saved)
+                std::fprintf(stderr, "quillmar-forms: cannot write the picture %s\n", qPrintable(file));
+            QApplication::exit(saved ? 0 : 1);
+        });
+    }
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -42,7 +86,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillmar-forms"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Runs a Quillmar form file."));
+    parser.setApplicationDescription(QStringLiteral("Runs a Quillmar form file, or designs one (--design)."));
     parser.addHelpOption();
     parser.addPositionalArgument(
         QStringLiteral("form"), QStringLiteral("The form file (the example orders form by default)."));
@@ -58,8 +102,15 @@ int main(int argc, char** argv) {
     const QCommandLineOption submit(QStringLiteral("submit"),
         QStringLiteral("With --screenshot: submits the form as filled and pictures the box that answers (the "
                        "window when the record is stored)."));
-    parser.addOptions({ screenshot, database, fill, submit });
+    const QCommandLineOption design(QStringLiteral("design"),
+        QStringLiteral("Opens the form (a new empty form when none is named) in design mode."));
+    const QCommandLineOption select(QStringLiteral("select"),
+        QStringLiteral("With --design: selects the field <name> (repeatable)."), QStringLiteral("name"));
+    const QCommandLineOption properties(QStringLiteral("properties"),
+        QStringLiteral("With --design: opens the property pages on the selected fields."));
+    parser.addOptions({ screenshot, database, fill, submit, design, select, properties });
     parser.process(app);
+    if (parser.isSet(design)) return Design(parser, screenshot, select, properties);
 
     const QStringList positional = parser.positionalArguments();
     const std::filesystem::path path

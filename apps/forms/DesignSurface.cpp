@@ -1,0 +1,507 @@
+#include "apps/forms/DesignSurface.h"
+
+#include "apps/forms/FieldNames.h"
+#include "apps/forms/FormFont.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRubberBand>
+
+#include <algorithm>
+
+namespace quillmar::forms {
+namespace {
+
+constexpr int kLabelWidth = 104; // as the form shows it when it runs
+constexpr int kLabelGap = 8;
+constexpr int kHandle = 6;
+constexpr int kGrid = 8;
+constexpr QSize kNewFieldSize { 160, 21 };
+constexpr QSize kMinimumSize { 16, 12 };
+constexpr int kNewFieldLeft = 120;
+constexpr int kRowGap = 7;
+
+// The handles of a field, clockwise from the top-left corner.
+QList<QRect> Handles(const QRect& r) {
+    const QPoint points[]
+        = { r.topLeft(), { r.center().x(), r.top() }, r.topRight(), { r.right(), r.center().y() },
+              r.bottomRight(), { r.center().x(), r.bottom() }, r.bottomLeft(), { r.left(), r.center().y() } };
+    QList<QRect> handles;
+    for (const QPoint& p : points)
+        handles << QRect(p.x() - kHandle / 2, p.y() - kHandle / 2, kHandle, kHandle);
+    return handles;
+}
+
+// Draws the selection above the fields; the surface itself takes every mouse event.
+class SelectionOverlay final : public QWidget {
+public:
+    explicit SelectionOverlay(DesignSurface* surface)
+        : QWidget(surface)
+        , m_surface(surface) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QList<int> selected = m_surface->Selection();
+        const QColor accent = palette().color(QPalette::Highlight);
+        for (int id : selected) {
+            const QRect r = m_surface->GeometryOf(id).adjusted(-1, -1, 0, 0);
+            painter.setPen(QPen(accent, 1, Qt::DashLine));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(r);
+            painter.setPen(accent);
+            painter.setBrush(selected.size() == 1 ? QBrush(accent) : QBrush(Qt::white));
+            for (const QRect& handle : Handles(r))
+                painter.drawRect(handle);
+        }
+    }
+
+private:
+    DesignSurface* m_surface;
+};
+
+} // namespace
+
+class DesignSurface::QuietScope {
+public:
+    explicit QuietScope(DesignSurface& surface)
+        : m_surface(surface) {
+        ++m_surface.m_quiet;
+    }
+    ~QuietScope() { --m_surface.m_quiet; }
+    QuietScope(const QuietScope&) = delete;
+    QuietScope& operator=(const QuietScope&) = delete;
+
+private:
+    DesignSurface& m_surface;
+};
+
+DesignSurface::DesignSurface(QWidget* parent)
+    : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Window);
+    setFont(FormAmbientFont());
+    m_overlay = new SelectionOverlay(this);
+    m_band = new QRubberBand(QRubberBand::Rectangle, this);
+    Reset(480, 320);
+}
+
+void DesignSurface::Reset(int width, int height) {
+    for (Entry& entry : m_entries) {
+        delete entry.edit;
+        delete entry.label;
+    }
+    m_entries.clear();
+    setFixedSize(width, height);
+    m_overlay->setGeometry(rect());
+    emit SelectionChanged();
+    emit FieldsChanged();
+}
+
+DesignSurface::Entry* DesignSurface::Find(int id) {
+    const auto found
+        = std::find_if(m_entries.begin(), m_entries.end(), [id](const Entry& e) { return e.id == id; });
+    return found == m_entries.end() ? nullptr : &*found;
+}
+
+const DesignSurface::Entry* DesignSurface::Find(int id) const {
+    return const_cast<DesignSurface*>(this)->Find(id);
+}
+
+qt::QuillmarEdit* DesignSurface::MakeEdit(const QString& name) {
+    auto* edit = new qt::QuillmarEdit(this);
+    edit->setObjectName(name);
+    edit->SetUserMode(false);
+    edit->SetLocaleName(m_localeName);
+    // The surface takes the mouse and the keys: the field only shows itself.
+    for (QWidget* widget : { static_cast<QWidget*>(edit), static_cast<QWidget*>(edit->lineEdit()) }) {
+        widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+        widget->setFocusPolicy(Qt::NoFocus);
+    }
+    connect(edit, &qt::QuillmarEdit::PropertyChanged, this, [this, edit](const QString& property) {
+        if (!Quiet()) emit FieldPropertyChanged(IdOf(edit), property);
+    });
+    return edit;
+}
+
+void DesignSurface::PlaceLabel(Entry& entry) {
+    const QRect g = entry.geometry;
+    entry.label->setText(entry.labelText + QLatin1Char(':'));
+    entry.label->setGeometry(g.left() - kLabelWidth - kLabelGap, g.top(), kLabelWidth, g.height());
+}
+
+qt::QuillmarEdit* DesignSurface::AddEntry(const PlacedField& placed) {
+    const FormControl& field = placed.field;
+    qt::QuillmarEdit* edit = MakeEdit(qt::ToQString(field.name));
+    edit->setGeometry(field.left, field.top, field.width, field.height);
+    edit->setToolTip(qt::ToQString(field.toolTip));
+    auto* label = new QLabel(this);
+    label->setFont(QApplication::font());
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_nextId = std::max(m_nextId, placed.id + 1);
+    const auto at = m_entries.begin() + std::clamp<qsizetype>(placed.index, 0, qsizetype(m_entries.size()));
+    Entry& entry = *m_entries.insert(
+        at, Entry { placed.id, edit, label, qt::ToQString(field.label), edit->geometry() });
+    entry.geometry = QRect(field.left, field.top, field.width, field.height);
+    PlaceLabel(entry);
+    edit->show();
+    label->show();
+    m_overlay->raise();
+    return edit;
+}
+
+std::optional<std::string> DesignSurface::InsertField(const PlacedField& placed, std::string_view source) {
+    QuietScope quiet(*this);
+    PlacedField numbered = placed;
+    if (numbered.id <= 0) numbered.id = m_nextId;
+    qt::QuillmarEdit* edit = AddEntry(numbered);
+    const FormDocument one { {}, 0, 0, { placed.field } };
+    auto error
+        = BuildFormControls(one, source, [edit](const FormControl&) -> Quillmar& { return edit->control(); });
+    emit FieldsChanged();
+    return error;
+}
+
+int DesignSurface::CreateField(std::optional<QPoint> at) {
+    QRect geometry(QPoint(kNewFieldLeft, kGrid + 4), kNewFieldSize);
+    if (at) {
+        geometry.moveTopLeft(*at);
+    } else if (!m_entries.empty()) {
+        int bottom = 0;
+        for (const Entry& entry : m_entries)
+            bottom = std::max(bottom, entry.geometry.bottom());
+        geometry.moveTop(bottom + 1 + kRowGap);
+    }
+    const QString name = NextFieldName(Names());
+    const QRect clamped = Clamped(geometry);
+    PlacedField placed { m_nextId, int(m_entries.size()), {} };
+    placed.field.name = qt::FromQString(name);
+    placed.field.label = placed.field.name;
+    placed.field.left = clamped.left();
+    placed.field.top = clamped.top();
+    placed.field.width = clamped.width();
+    placed.field.height = clamped.height();
+    QuietScope quiet(*this);
+    qt::QuillmarEdit* edit = AddEntry(placed);
+    edit->control().InitProperties();
+    edit->SetMessageBoxTitle(MessageTitleFor(name));
+    emit FieldsChanged();
+    return placed.id;
+}
+
+void DesignSurface::Quietly(const std::function<void()>& change) {
+    QuietScope quiet(*this);
+    change();
+}
+
+void DesignSurface::RemoveField(int id) {
+    const auto found
+        = std::find_if(m_entries.begin(), m_entries.end(), [id](const Entry& e) { return e.id == id; });
+    if (found == m_entries.end()) return;
+    const bool wasSelected = found->selected;
+    delete found->edit;
+    delete found->label;
+    m_entries.erase(found);
+    m_overlay->update();
+    if (wasSelected) emit SelectionChanged();
+    emit FieldsChanged();
+}
+
+PlacedField DesignSurface::Snapshot(int id) const {
+    const Entry* entry = Find(id);
+    PlacedField placed { id, int(entry - m_entries.data()), {} };
+    FormControl& field = placed.field;
+    const QRect g = entry->geometry;
+    field.name = qt::FromQString(entry->edit->objectName());
+    field.label = qt::FromQString(entry->labelText);
+    field.toolTip = qt::FromQString(entry->edit->toolTip());
+    field.left = g.left();
+    field.top = g.top();
+    field.width = g.width();
+    field.height = g.height();
+    entry->edit->control().WriteProperties(field.properties);
+    return placed;
+}
+
+std::vector<PlacedField> DesignSurface::Snapshots() const {
+    std::vector<PlacedField> all;
+    for (const Entry& entry : m_entries)
+        all.push_back(Snapshot(entry.id));
+    return all;
+}
+
+QList<int> DesignSurface::Ids() const {
+    QList<int> ids;
+    for (const Entry& entry : m_entries)
+        ids << entry.id;
+    return ids;
+}
+
+qt::QuillmarEdit* DesignSurface::Field(int id) const {
+    const Entry* entry = Find(id);
+    return entry ? entry->edit : nullptr;
+}
+
+int DesignSurface::IdOf(const qt::QuillmarEdit* field) const {
+    for (const Entry& entry : m_entries)
+        if (entry.edit == field) return entry.id;
+    return 0;
+}
+
+QStringList DesignSurface::Names(int except) const {
+    QStringList names;
+    for (const Entry& entry : m_entries)
+        if (entry.id != except) names << entry.edit->objectName();
+    return names;
+}
+
+QRect DesignSurface::GeometryOf(int id) const {
+    const Entry* entry = Find(id);
+    return entry ? entry->geometry : QRect();
+}
+
+void DesignSurface::SetGeometryOf(int id, const QRect& geometry) {
+    if (Entry* entry = Find(id)) {
+        entry->geometry = geometry;
+        entry->edit->setGeometry(geometry);
+        PlaceLabel(*entry);
+        m_overlay->update();
+    }
+}
+
+void DesignSurface::SetName(int id, const QString& name) {
+    if (Entry* entry = Find(id)) entry->edit->setObjectName(name);
+    emit FieldsChanged();
+}
+
+void DesignSurface::SetLabel(int id, const QString& label) {
+    if (Entry* entry = Find(id)) {
+        entry->labelText = label;
+        PlaceLabel(*entry);
+    }
+    emit FieldsChanged();
+}
+
+void DesignSurface::SetToolTip(int id, const QString& toolTip) {
+    if (Entry* entry = Find(id)) entry->edit->setToolTip(toolTip);
+    emit FieldsChanged();
+}
+
+QString DesignSurface::Label(int id) const {
+    const Entry* entry = Find(id);
+    return entry ? entry->labelText : QString();
+}
+
+void DesignSurface::SetOrder(const QList<int>& ids) {
+    std::vector<Entry> ordered;
+    for (int id : ids)
+        if (const Entry* entry = Find(id)) ordered.push_back(*entry);
+    if (ordered.size() != m_entries.size()) return;
+    m_entries = std::move(ordered);
+    emit FieldsChanged();
+}
+
+QList<int> DesignSurface::Selection() const {
+    QList<int> ids;
+    for (const Entry& entry : m_entries)
+        if (entry.selected) ids << entry.id;
+    return ids;
+}
+
+void DesignSurface::Select(const QList<int>& ids) {
+    bool changed = false;
+    for (Entry& entry : m_entries) {
+        const bool selected = ids.contains(entry.id);
+        changed = changed || selected != entry.selected;
+        entry.selected = selected;
+    }
+    m_overlay->update();
+    if (changed) emit SelectionChanged();
+}
+
+int DesignSurface::FieldAt(const QPoint& point) const {
+    // The last field is drawn on top, so it is the one a click finds; its label counts as part of it.
+    for (auto it = m_entries.rbegin(); it != m_entries.rend(); ++it)
+        if (it->geometry.contains(point) || it->label->geometry().contains(point)) return it->id;
+    return 0;
+}
+
+int DesignSurface::HandleAt(const QPoint& point) const {
+    const QList<int> selected = Selection();
+    if (selected.size() != 1) return -1;
+    const QList<QRect> handles = Handles(GeometryOf(selected.front()).adjusted(-1, -1, 0, 0));
+    for (int i = 0; i < handles.size(); ++i)
+        if (handles[i].adjusted(-2, -2, 2, 2).contains(point)) return i;
+    return -1;
+}
+
+QRect DesignSurface::Clamped(QRect geometry) const {
+    geometry.setWidth(std::clamp(geometry.width(), kMinimumSize.width(), width()));
+    geometry.setHeight(std::clamp(geometry.height(), kMinimumSize.height(), height()));
+    geometry.moveLeft(std::clamp(geometry.left(), 0, width() - geometry.width()));
+    geometry.moveTop(std::clamp(geometry.top(), 0, height() - geometry.height()));
+    return geometry;
+}
+
+void DesignSurface::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    for (int y = kGrid; y < height(); y += kGrid)
+        for (int x = kGrid; x < width(); x += kGrid)
+            painter.drawPoint(x, y);
+}
+
+void DesignSurface::mousePressEvent(QMouseEvent* event) {
+    setFocus(Qt::MouseFocusReason);
+    if (event->button() != Qt::LeftButton) return;
+    const QPoint at = event->position().toPoint();
+    const bool ctrl = event->modifiers() & Qt::ControlModifier;
+    m_pressAt = at;
+    m_drag = Drag::None;
+    if (const int handle = HandleAt(at); handle >= 0 && !ctrl) {
+        m_drag = Drag::Resize;
+        m_handle = handle;
+    } else if (const int id = FieldAt(at)) {
+        QList<int> selection = Selection();
+        if (ctrl) {
+            if (selection.contains(id))
+                selection.removeAll(id);
+            else
+                selection << id;
+        } else if (!selection.contains(id)) {
+            selection = { id };
+        }
+        Select(selection);
+        if (!ctrl) m_drag = Drag::Move;
+        m_pressedId = id;
+    } else if (m_placing) {
+        emit PlaceRequested(at);
+        return;
+    } else {
+        m_drag = Drag::Band;
+        m_bandKeeps = ctrl ? Selection() : QList<int>();
+        if (!ctrl) Select({});
+        m_band->setGeometry(QRect(at, QSize()));
+        m_band->show();
+    }
+    m_dragIds = Selection();
+    m_dragStart.clear();
+    for (int id : m_dragIds)
+        m_dragStart << GeometryOf(id);
+}
+
+void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const QPoint delta = at - m_pressAt;
+    if (m_drag == Drag::Band) {
+        const QRect band = QRect(m_pressAt, at).normalized();
+        m_band->setGeometry(band);
+        QList<int> selection = m_bandKeeps;
+        for (const Entry& entry : m_entries)
+            if (band.intersects(entry.geometry) && !selection.contains(entry.id)) selection << entry.id;
+        Select(selection);
+    } else if (m_drag == Drag::Move) {
+        // The selection moves as one block that stays on the form.
+        QRect block;
+        for (const QRect& r : m_dragStart)
+            block = block.united(r);
+        const QRect moved = Clamped(block.translated(delta));
+        const QPoint shift = moved.topLeft() - block.topLeft();
+        for (int i = 0; i < m_dragIds.size(); ++i)
+            SetGeometryOf(m_dragIds[i], m_dragStart[i].translated(shift));
+    } else if (m_drag == Drag::Resize && m_dragIds.size() == 1) {
+        QRect r = m_dragStart.front();
+        if (m_handle <= 2 && m_handle >= 0)
+            r.setTop(std::min(r.top() + delta.y(), r.bottom() - kMinimumSize.height()));
+        if (m_handle >= 2 && m_handle <= 4)
+            r.setRight(std::max(r.right() + delta.x(), r.left() + kMinimumSize.width()));
+        if (m_handle >= 4 && m_handle <= 6)
+            r.setBottom(std::max(r.bottom() + delta.y(), r.top() + kMinimumSize.height()));
+        if (m_handle == 0 || m_handle >= 6)
+            r.setLeft(std::min(r.left() + delta.x(), r.right() - kMinimumSize.width()));
+        SetGeometryOf(m_dragIds.front(), r.intersected(rect()));
+    } else {
+        const int handle = HandleAt(at);
+        static const Qt::CursorShape shapes[]
+            = { Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor };
+        setCursor(handle >= 0 ? shapes[handle % 4] : Qt::ArrowCursor);
+    }
+}
+
+void DesignSurface::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    m_band->hide();
+    if (m_drag == Drag::Move || m_drag == Drag::Resize) FinishGeometry(false);
+    // A click on one of several selected fields that moved nothing selects that field alone.
+    if (m_drag == Drag::Move && m_pressedId && event->position().toPoint() == m_pressAt)
+        Select({ m_pressedId });
+    m_pressedId = 0;
+    m_drag = Drag::None;
+}
+
+void DesignSurface::FinishGeometry(bool byKey) {
+    QList<QRect> after;
+    for (int id : m_dragIds)
+        after << GeometryOf(id);
+    if (after != m_dragStart) emit GeometryEdited(m_dragIds, m_dragStart, after, byKey);
+}
+
+void DesignSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (const int id = FieldAt(event->position().toPoint())) {
+        if (!Selection().contains(id)) Select({ id });
+        emit PropertiesRequested();
+    }
+}
+
+void DesignSurface::contextMenuEvent(QContextMenuEvent* event) {
+    if (const int id = FieldAt(event->pos()); id && !Selection().contains(id)) Select({ id });
+    emit ContextMenuRequested(event->globalPos());
+}
+
+void DesignSurface::Nudge(int dx, int dy, bool resize) {
+    m_dragIds = Selection();
+    if (m_dragIds.isEmpty()) return;
+    m_dragStart.clear();
+    for (int id : m_dragIds)
+        m_dragStart << GeometryOf(id);
+    for (int i = 0; i < m_dragIds.size(); ++i) {
+        QRect r = m_dragStart[i];
+        if (resize)
+            r.setSize(r.size() + QSize(dx, dy));
+        else
+            r.translate(dx, dy);
+        SetGeometryOf(m_dragIds[i], Clamped(r));
+    }
+    FinishGeometry(true);
+}
+
+void DesignSurface::keyPressEvent(QKeyEvent* event) {
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return Nudge(-1, 0, shift);
+    case Qt::Key_Right:
+        return Nudge(1, 0, shift);
+    case Qt::Key_Up:
+        return Nudge(0, -1, shift);
+    case Qt::Key_Down:
+        return Nudge(0, 1, shift);
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        if (!Selection().isEmpty()) emit DeleteRequested();
+        return;
+    case Qt::Key_Escape:
+        return Select({});
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+} // namespace quillmar::forms

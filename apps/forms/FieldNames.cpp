@@ -1,0 +1,44 @@
+#include "apps/forms/FieldNames.h"
+
+#include <QCoreApplication>
+
+namespace quillmar::forms {
+namespace {
+
+// Only ASCII letters fold, as in the form file's own check.
+QString Folded(QString name) {
+    for (QChar& c : name)
+        if (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) c = QChar(c.unicode() + 32);
+    return name;
+}
+
+bool Taken(const QString& name, const QStringList& names) {
+    const QString folded = Folded(name);
+    for (const QString& other : names)
+        if (Folded(other) == folded) return true;
+    return false;
+}
+
+} // namespace
+
+QString NextFieldName(const QStringList& taken) {
+    for (qsizetype number = 1;; ++number) {
+        const QString name = QStringLiteral("Quillmar%1").arg(number);
+        if (!Taken(name, taken)) return name;
+    }
+}
+
+QString FieldNameProblem(const QString& name, const QStringList& others) {
+    if (name.trimmed().isEmpty()) return QCoreApplication::translate("FieldNames", "A field needs a name.");
+    if (Taken(name, others))
+        return QCoreApplication::translate(
+            "FieldNames", "Another field of this form is already named \"%1\".")
+            .arg(name);
+    return {};
+}
+
+QString MessageTitleFor(const QString& label) {
+    return QStringLiteral("Invalid Entry: ") + label;
+}
+
+} // namespace quillmar::forms

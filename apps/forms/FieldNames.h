@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace quillmar::forms {
+
+/// The name a newly placed field gets: "Quillmar" followed by the smallest number from 1 that no name in
+/// `taken` uses (names compare ignoring ASCII case, as the columns of the form's table do).
+[[nodiscard]] QString NextFieldName(const QStringList& taken);
+
+/// Why `name` cannot name a field of a form whose other fields are named `others`: empty, or used by
+/// another field (ignoring ASCII case). An empty string when it can.
+[[nodiscard]] QString FieldNameProblem(const QString& name, const QStringList& others);
+
+/// The title of a new field's error message: "Invalid Entry: " followed by its label.
+[[nodiscard]] QString MessageTitleFor(const QString& label);
+
+} // namespace quillmar::forms

@@ -1,0 +1,102 @@
+#include "apps/forms/FieldPanel.h"
+
+#include "apps/forms/DesignSurface.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quillmar::forms {
+
+FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
+    : QWidget(parent)
+    , m_surface(surface) {
+    m_title = new QLineEdit(this);
+    m_title->setObjectName(QStringLiteral("txtTitle"));
+    m_name = new QLineEdit(this);
+    m_name->setObjectName(QStringLiteral("txtName"));
+    m_label = new QLineEdit(this);
+    m_label->setObjectName(QStringLiteral("txtLabel"));
+    m_toolTip = new QLineEdit(this);
+    m_toolTip->setObjectName(QStringLiteral("txtToolTip"));
+    m_order = new QListWidget(this);
+    m_order->setObjectName(QStringLiteral("lstTabOrder"));
+    m_order->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_earlier = new QPushButton(tr("&Earlier"), this);
+    m_later = new QPushButton(tr("&Later"), this);
+
+    auto* form = new QFormLayout;
+    form->addRow(tr("Form &title:"), m_title);
+    auto* field = new QGroupBox(tr("Selected field"), this);
+    auto* fieldForm = new QFormLayout(field);
+    fieldForm->addRow(tr("&Name:"), m_name);
+    fieldForm->addRow(tr("La&bel:"), m_label);
+    fieldForm->addRow(tr("Tool t&ip:"), m_toolTip);
+    auto* order = new QGroupBox(tr("Tab order"), this);
+    auto* orderLayout = new QVBoxLayout(order);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(m_earlier);
+    buttons->addWidget(m_later);
+    orderLayout->addWidget(m_order);
+    orderLayout->addLayout(buttons);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(field);
+    layout->addWidget(order, 1);
+
+    for (QLineEdit* box : { m_title, m_name, m_label, m_toolTip })
+        connect(box, &QLineEdit::editingFinished, this, [this, box] { Commit(box); });
+    connect(m_earlier, &QPushButton::clicked, this, [this] { emit TabOrderMove(-1); });
+    connect(m_later, &QPushButton::clicked, this, [this] { emit TabOrderMove(1); });
+    connect(m_order, &QListWidget::itemSelectionChanged, this, [this] {
+        if (m_refreshing) return;
+        QList<int> ids;
+        for (const QListWidgetItem* item : m_order->selectedItems())
+            ids << item->data(Qt::UserRole).toInt();
+        m_surface.Select(ids);
+    });
+}
+
+void FieldPanel::Commit(QLineEdit* box) {
+    if (m_refreshing) return;
+    if (box == m_title) {
+        if (box->text() != m_shownTitle) emit TitleEdited(box->text());
+        return;
+    }
+    if (m_shownId == 0) return;
+    const PlacedField shown = m_surface.Snapshot(m_shownId);
+    const QString text = box->text();
+    if (box == m_name && text != qt::ToQString(shown.field.name)) emit NameEdited(m_shownId, text);
+    if (box == m_label && text != qt::ToQString(shown.field.label)) emit LabelEdited(m_shownId, text);
+    if (box == m_toolTip && text != qt::ToQString(shown.field.toolTip)) emit ToolTipEdited(m_shownId, text);
+}
+
+void FieldPanel::Refresh(const QString& title) {
+    m_refreshing = true;
+    m_shownTitle = title;
+    if (m_title->text() != title) m_title->setText(title);
+    const QList<int> selection = m_surface.Selection();
+    m_shownId = selection.size() == 1 ? selection.front() : 0;
+    qt::QuillmarEdit* field = m_surface.Field(m_shownId);
+    m_name->setText(field ? field->objectName() : QString());
+    m_label->setText(field ? m_surface.Label(m_shownId) : QString());
+    m_toolTip->setText(field ? field->toolTip() : QString());
+    for (QLineEdit* box : { m_name, m_label, m_toolTip })
+        box->setEnabled(field != nullptr);
+    m_order->clear();
+    for (int id : m_surface.Ids()) {
+        auto* item = new QListWidgetItem(m_surface.Field(id)->objectName(), m_order);
+        item->setData(Qt::UserRole, id);
+        item->setSelected(selection.contains(id));
+    }
+    m_earlier->setEnabled(m_shownId != 0 && m_surface.Ids().indexOf(m_shownId) > 0);
+    m_later->setEnabled(m_shownId != 0 && m_surface.Ids().indexOf(m_shownId) < m_surface.Ids().size() - 1);
+    m_refreshing = false;
+}
+
+} // namespace quillmar::forms

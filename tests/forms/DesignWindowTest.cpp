@@ -1,0 +1,317 @@
+#include "apps/forms/DesignWindow.h"
+#include "apps/forms/FieldNames.h"
+#include "host/standalone/StandaloneHost.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolBar>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+namespace quillmar::forms {
+namespace {
+
+using qt::QuillmarEdit;
+
+// A second passes at each reading, so the pages load whenever the designer selects.
+class TickingClock final : public pages::Clock {
+public:
+    [[nodiscard]] int SecondsOfDay() const override { return ++m_seconds % 86400; }
+
+private:
+    mutable int m_seconds = 36000;
+};
+
+QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A designer with its boxes recorded (each answered with `answer`), its file names given by the test and
+// its pages' alerts recorded.
+class DesignMode : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "forms_tests";
+        static char* argv[] = { name, nullptr };
+        if (!QApplication::instance()) new QApplication(argc, argv);
+    }
+
+    std::unique_ptr<DesignWindow> Open(const QString& path = {}) {
+        auto window = std::make_unique<DesignWindow>();
+        window->SetLocaleName(QStringLiteral("en_US"));
+        window->SetPageServices(alerts, clock);
+        window->SetMessageHandler([this](QMessageBox::Icon, const QString& title, const QString& text,
+                                      QMessageBox::StandardButtons) {
+            boxes << title + QLatin1Char('|') + text;
+            return answer;
+        });
+        window->SetFileNameHandler([this](bool) { return savePath; });
+        if (!path.isEmpty()) window->OpenForm(path);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        return window;
+    }
+
+    DesignSurface* Surface() { return window->Surface(); }
+    QuillmarEdit* Field(const char* name) {
+        return Surface()->findChild<QuillmarEdit*>(QString::fromLatin1(name));
+    }
+    QPoint CentreOf(const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))).center(); }
+    void Click(const char* name, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(Surface(), Qt::LeftButton, modifiers, CentreOf(name));
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QApplication::processEvents();
+    }
+    // Types over a box of the side panel and finishes with Return.
+    void TypeInto(QLineEdit* box, const QString& text) {
+        QTest::mouseClick(box, Qt::LeftButton);
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(box, text);
+        QTest::keyClick(box, Qt::Key_Return);
+        QApplication::processEvents();
+    }
+    void TypeInto(QuillmarEdit* field, const QString& text) {
+        QTest::mouseClick(field->lineEdit(), Qt::LeftButton);
+        QTest::keyClick(field->lineEdit(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field->lineEdit(), text);
+        QApplication::processEvents();
+    }
+    void Drag(const char* name, QPoint by) {
+        const QPoint from = CentreOf(name);
+        QTest::mousePress(Surface(), Qt::LeftButton, {}, from);
+        for (const QPoint& at : { from + by / 2, from + by }) {
+            QTest::mouseMove(Surface(), at);
+            QApplication::processEvents();
+        }
+        QTest::mouseRelease(Surface(), Qt::LeftButton, {}, from + by);
+        QApplication::processEvents();
+    }
+    QStringList Names() { return Surface()->Names(); }
+    void FocusSurface() {
+        QApplication::setActiveWindow(window.get());
+        Surface()->setFocus();
+        QApplication::processEvents();
+    }
+
+    QTemporaryDir folder;
+    QString savePath = folder.filePath(QStringLiteral("orders.qform.json"));
+    standalone::RecordingAlerts alerts;
+    TickingClock clock;
+    QStringList boxes;
+    QMessageBox::StandardButton answer = QMessageBox::Cancel;
+    std::unique_ptr<DesignWindow> window = Open();
+};
+
+TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
+    // Three fields: the toolbox's tool and a click on the form, the Insert menu's key, the menu item.
+    auto* toolbox = window->findChild<QToolBar*>(QStringLiteral("Toolbox"));
+    QTest::mouseClick(
+        toolbox->widgetForAction(window->Action(QStringLiteral("actionPlaceTool"))), Qt::LeftButton);
+    QTest::mouseClick(Surface(), Qt::LeftButton, {}, QPoint(200, 40));
+    Key(Qt::Key_I, Qt::ControlModifier);
+    window->Action(QStringLiteral("actionPlaceField"))->trigger();
+    ASSERT_EQ(Names(), (QStringList { "Quillmar1", "Quillmar2", "Quillmar3" }));
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quillmar1"))).topLeft(), QPoint(200, 40));
+    for (const char* name : { "Quillmar1", "Quillmar2", "Quillmar3" }) {
+        EXPECT_FALSE(Field(name)->UserMode());
+        EXPECT_EQ(Field(name)->Text(), QString::fromLatin1(name)); // initialised, not loaded
+        EXPECT_EQ(
+            Field(name)->MessageBoxTitle(), QStringLiteral("Invalid Entry: ") + QString::fromLatin1(name));
+    }
+
+    // Rename, relabel (the message title follows the label) and give a tool tip; a taken name is refused.
+    Click("Quillmar2");
+    TypeInto(window->Panel()->NameBox(), QStringLiteral("Quantity"));
+    TypeInto(window->Panel()->LabelBox(), QStringLiteral("How many"));
+    TypeInto(window->Panel()->ToolTipBox(), QStringLiteral("Pieces ordered"));
+    EXPECT_EQ(Field("Quantity")->MessageBoxTitle(), QStringLiteral("Invalid Entry: How many"));
+    Click("Quillmar3");
+    const int steps = window->UndoStack()->count();
+    TypeInto(window->Panel()->NameBox(), QStringLiteral("quantity"));
+    EXPECT_EQ(boxes,
+        QStringList { "Field Name|\"quantity\" cannot name this field. Another field of this form "
+                      "is already named \"quantity\"." });
+    EXPECT_EQ(Names(), (QStringList { "Quillmar1", "Quantity", "Quillmar3" }));
+    EXPECT_EQ(window->Panel()->NameBox()->text(), QStringLiteral("Quillmar3"));
+    EXPECT_EQ(window->UndoStack()->count(), steps);
+
+    // Two fields selected, their pages opened with Ctrl+P: a type and limits, one Apply, one undo step.
+    Click("Quantity");
+    Click("Quillmar3", Qt::ControlModifier);
+    EXPECT_EQ(Surface()->Selection().size(), 2);
+    Key(Qt::Key_P, Qt::ControlModifier);
+    pages::PropertyPageFrame* frame = window->PropertyFrame();
+    ASSERT_NE(frame, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frame));
+    auto* type = frame->findChild<QComboBox*>(QStringLiteral("cboMustBeType"));
+    type->setFocus();
+    QTest::keyClicks(type, QStringLiteral("I"));
+    QTest::mouseClick(frame->ApplyButton(), Qt::LeftButton);
+    // The limits of the type just applied, and OK: a second step.
+    frame->findChild<QTabWidget*>()->setCurrentIndex(1);
+    TypeInto(frame->findChild<QuillmarEdit*>(QStringLiteral("txtMinValue")), QStringLiteral("1"));
+    TypeInto(frame->findChild<QuillmarEdit*>(QStringLiteral("txtMaxValue")), QStringLiteral("500"));
+    QTest::mouseClick(frame->OkButton(), Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_EQ(window->PropertyFrame(), nullptr);
+    EXPECT_EQ(alerts.messages.size(), 0u);
+    EXPECT_EQ(window->UndoStack()->count(), steps + 2);
+    for (const char* name : { "Quantity", "Quillmar3" }) {
+        EXPECT_EQ(Field(name)->MustBeType(), vldInteger) << name;
+        EXPECT_EQ(Field(name)->MaxValue(), QVariant(500.0)) << name;
+    }
+    EXPECT_TRUE(window->isWindowModified());
+    FocusSurface();
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Field("Quillmar3")->MustBeType(), vldInteger);
+    EXPECT_EQ(Field("Quantity")->MaxValue(), QVariant(QString()));
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Field("Quillmar3")->MustBeType(), vldUnspecified);
+    Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Field("Quillmar3")->MustBeType(), vldInteger);
+    EXPECT_EQ(Field("Quantity")->MinValue(), QVariant(1.0));
+
+    // A drag moves both selected fields and is one step; two arrow keys are one more.
+    const QRect quantity = Surface()->GeometryOf(Surface()->IdOf(Field("Quantity")));
+    Drag("Quantity", QPoint(40, 16));
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(40, 16));
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Right);
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(42, 16));
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(40, 16));
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity);
+    Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+
+    // The tab order changes with the panel's button.
+    Click("Quillmar3");
+    QTest::mouseClick(window->Panel()->EarlierButton(), Qt::LeftButton);
+    EXPECT_EQ(Names(), (QStringList { "Quillmar1", "Quillmar3", "Quantity" }));
+
+    // Saved and opened again: the same form, field for field and property for property, byte for byte.
+    FocusSurface();
+    Key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(window->isWindowModified());
+    const FormDocument designed = window->Document();
+    auto reopened = Open(savePath);
+    EXPECT_EQ(reopened->Document(), designed);
+    EXPECT_EQ(designed.controls[2].label, u"How many");
+    EXPECT_EQ(designed.controls[2].toolTip, u"Pieces ordered");
+    EXPECT_EQ(designed.controls[2].left, quantity.left() + 40);
+    const QString again = folder.filePath(QStringLiteral("again.qform.json"));
+    ASSERT_TRUE(reopened->SaveTo(again));
+    EXPECT_EQ(Bytes(again), Bytes(savePath));
+}
+
+TEST_F(DesignMode, AModifiedFormAsksBeforeClosing) {
+    window->PlaceField();
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("[*]")));
+    EXPECT_FALSE(window->close()); // answered Cancel
+    EXPECT_EQ(boxes, QStringList { "Unsaved Changes|Save the changes to the new form?" });
+    FocusSurface();
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(window->isWindowModified()); // undone to the form as it was
+    window->PlaceField();
+    answer = QMessageBox::Discard;
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(DesignMode, F5RunsTheFormBeingDesigned) {
+    window->PlaceField();
+    FocusSurface();
+    Key(Qt::Key_F5);
+    ASSERT_NE(window->RunWindow(), nullptr);
+    ASSERT_EQ(window->RunWindow()->Fields().size(), 1u);
+    EXPECT_TRUE(window->RunWindow()->Fields()[0]->UserMode());
+    EXPECT_EQ(window->RunWindow()->Fields()[0]->Text(), QStringLiteral("Quillmar1"));
+    EXPECT_FALSE(window->Surface()->isEnabled());
+    window->Design();
+    QApplication::processEvents();
+    EXPECT_EQ(window->RunWindow(), nullptr);
+    EXPECT_TRUE(window->Surface()->isEnabled());
+}
+
+TEST_F(DesignMode, AFailedSaveKeepsTheOldFile) {
+    window->PlaceField();
+    ASSERT_TRUE(window->SaveTo(savePath));
+    const QByteArray old = Bytes(savePath);
+    window->PlaceField();
+    // The rename fails: the save is cancelled between writing and renaming.
+    window->SetBeforeCommitHook([](QSaveFile& file) { file.cancelWriting(); });
+    EXPECT_FALSE(window->SaveTo(savePath));
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].startsWith(QStringLiteral("Save Form|") + QDir::toNativeSeparators(savePath)
+        + QStringLiteral(" cannot be saved: ")))
+        << boxes[0].toStdString();
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_EQ(Bytes(savePath), old);
+    // The program stops once the new text is in the temporary file beside the old one.
+    // The program stops once the whole new text is in the temporary file in the folder (Linux keeps it
+    // unnamed until it is put in place).
+    const qint64 size = qint64(FormToJson(window->Document()).size());
+    window->SetBeforeCommitHook([&](QSaveFile& file) {
+        EXPECT_EQ(file.size(), size);
+        EXPECT_EQ(Bytes(savePath), old);
+        throw std::runtime_error("interrupted");
+    });
+    EXPECT_THROW((void)window->SaveTo(savePath), std::runtime_error);
+    EXPECT_EQ(Bytes(savePath), old);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList { "orders.qform.json" });
+}
+
+TEST_F(DesignMode, TheExampleFormSavesByteForByte) {
+    const QString example = QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json");
+    ASSERT_TRUE(window->OpenForm(example));
+    EXPECT_EQ(Names().size(), 14);
+    ASSERT_TRUE(window->SaveTo(savePath));
+    EXPECT_EQ(Bytes(savePath), Bytes(example));
+}
+
+TEST_F(DesignMode, ABrokenFormIsNotShown) {
+    window->PlaceField();
+    QFile file(savePath);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(
+        R"({"title": "T", "width": 100, "height": 100, "controls": [{"name": "Qty", "label": "", "left": 0,
+        "top": 0, "width": 10, "height": 10, "properties": {"MaxLength": {"type": "Long", "value": -1}}}]})");
+    file.close();
+    EXPECT_FALSE(window->OpenForm(savePath));
+    EXPECT_EQ(boxes,
+        QStringList { "Open Form|The form cannot be opened:\n" + QDir::toNativeSeparators(savePath)
+            + ": control \"Qty\", entry \"MaxLength\": expected 0 or more, got -1" });
+    EXPECT_EQ(Names(), QStringList { "Quillmar1" });
+    EXPECT_TRUE(window->Path().isEmpty());
+}
+
+TEST(FieldNames, NewNamesAreFreeAndNamesAreRefusedWhenEmptyOrTaken) {
+    EXPECT_EQ(NextFieldName({}), QStringLiteral("Quillmar1"));
+    EXPECT_EQ(NextFieldName({ "Quillmar1", "QUILLMAR2", "Quillmar4" }), QStringLiteral("Quillmar3"));
+    const std::pair<const char*, bool> rows[]
+        = { { "", false }, { "  ", false }, { "qty", false }, { "Qty2", true }, { "Qu\u00c4ntity", true } };
+    for (const auto& [name, accepted] : rows)
+        EXPECT_EQ(FieldNameProblem(QString::fromUtf8(name), { "Qty", "qu\u00e4ntity" }).isEmpty(), accepted)
+            << name;
+}
+
+} // namespace
+} // namespace quillmar::forms
