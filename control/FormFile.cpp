@@ -1,5 +1,8 @@
 #include "control/FormFile.h"
 
+#include "control/FormEntryRules.h"
+#include "control/FormText.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -13,7 +16,14 @@
 namespace quillmar {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using formtext::Base64Decode;
+using formtext::Base64Encode;
+using formtext::CurrencyFrom;
+using formtext::CurrencyText;
+using formtext::Json;
+using formtext::Quoted;
+using formtext::Shown;
+using formtext::SingleAsDouble;
 using standalone::FromUtf8;
 using standalone::KindFromName;
 using standalone::KindName;
@@ -22,27 +32,8 @@ using standalone::ToUtf8;
 
 constexpr uintmax_t kMaxFormBytes = uintmax_t { 16 } << 20;
 constexpr int kMaxDepth = 64;
-constexpr size_t kShownValueLength = 40;
 // Entries that hold nested property stores; bytes that are no store mean the file is damaged.
 constexpr std::array<std::u16string_view, 3> kStoreEntries = { u"Font", u"MustNotBeValues", u"Actions" };
-constexpr std::string_view kBase64Alphabet
-    = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-
-std::string Shown(const Json& value) {
-    std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
-    if (text.size() > kShownValueLength) text = text.substr(0, kShownValueLength) + "...";
-    return text;
-}
-
-// A name in double quotes, its line breaks and other control characters escaped as JSON writes them, so that
-// an error stays one line whatever a damaged file holds.
-std::string Quoted(std::string_view utf8) {
-    return Json(std::string(utf8)).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-std::string Quoted(std::u16string_view text) {
-    return Quoted(ToUtf8(text));
-}
 
 // Where a fault lies: the source, then the control and the entry once they are known.
 struct Location {
@@ -62,98 +53,6 @@ struct Location {
         return line;
     }
 };
-
-std::string Base64Encode(const ByteArray& bytes) {
-    std::string out;
-    out.reserve((bytes.size() + 2) / 3 * 4);
-    for (size_t i = 0; i < bytes.size(); i += 3) {
-        const size_t count = std::min<size_t>(3, bytes.size() - i);
-        uint32_t group = uint32_t { bytes[i] } << 16;
-        if (count > 1) group |= uint32_t { bytes[i + 1] } << 8;
-        if (count > 2) group |= bytes[i + 2];
-        for (size_t k = 0; k < 4; ++k)
-            out.push_back(k <= count ? kBase64Alphabet[(group >> (18 - 6 * k)) & 0x3F] : '=');
-    }
-    return out;
-}
-
-// Strict base64 with padding: groups of four characters, "=" only at the end of the last group.
-std::optional<ByteArray> Base64Decode(std::string_view text, std::string& fault) {
-    if (text.size() % 4 != 0) {
-        fault = "invalid base64: the length " + std::to_string(text.size()) + " is not a multiple of 4";
-        return std::nullopt;
-    }
-    ByteArray bytes;
-    bytes.reserve(text.size() / 4 * 3);
-    for (size_t i = 0; i < text.size(); i += 4) {
-        size_t padding = 0;
-        if (i + 4 == text.size() && text[i + 3] == '=') padding = text[i + 2] == '=' ? 2 : 1;
-        uint32_t group = 0;
-        for (size_t k = 0; k < 4 - padding; ++k) {
-            const size_t digit = kBase64Alphabet.find(text[i + k]);
-            if (digit == std::string_view::npos) {
-                fault = "invalid base64: unexpected character at offset " + std::to_string(i + k);
-                return std::nullopt;
-            }
-            group = (group << 6) | static_cast<uint32_t>(digit);
-        }
-        group <<= 6 * padding;
-        bytes.push_back(static_cast<uint8_t>(group >> 16));
-        if (padding < 2) bytes.push_back(static_cast<uint8_t>(group >> 8));
-        if (padding < 1) bytes.push_back(static_cast<uint8_t>(group));
-    }
-    return bytes;
-}
-
-std::string CurrencyText(Currency amount) {
-    const bool negative = amount.ticks < 0;
-    const uint64_t magnitude
-        = negative ? 0 - static_cast<uint64_t>(amount.ticks) : static_cast<uint64_t>(amount.ticks);
-    std::string text = (negative ? "-" : "") + std::to_string(magnitude / 10000);
-    if (const uint64_t fraction = magnitude % 10000; fraction != 0) {
-        std::string digits = std::to_string(fraction);
-        digits.insert(0, 4 - digits.size(), '0');
-        digits.erase(digits.find_last_not_of('0') + 1);
-        text += "." + digits;
-    }
-    return text;
-}
-
-// "-12.3456": an optional minus, digits, and optionally a point and one to four digits.
-std::optional<Currency> CurrencyFrom(std::string_view text) {
-    const bool negative = !text.empty() && text.front() == '-';
-    if (negative) text.remove_prefix(1);
-    const size_t point = text.find('.');
-    const std::string_view whole = text.substr(0, point);
-    const std::string_view fraction
-        = point == std::string_view::npos ? std::string_view() : text.substr(point + 1);
-    const auto isDigits
-        = [](std::string_view s) { return s.find_first_not_of("0123456789") == std::string_view::npos; };
-    if (whole.empty() || !isDigits(whole) || !isDigits(fraction) || fraction.size() > 4
-        || (point != std::string_view::npos && fraction.empty()))
-        return std::nullopt;
-    const uint64_t limit = negative ? uint64_t { 1 } << 63 : (uint64_t { 1 } << 63) - 1;
-    uint64_t ticks = 0;
-    for (size_t i = 0; i < whole.size() + 4; ++i) {
-        const char digit = i < whole.size()
-            ? whole[i]
-            : (i - whole.size() < fraction.size() ? fraction[i - whole.size()] : '0');
-        const auto value = static_cast<uint64_t>(digit - '0');
-        if (ticks > (limit - value) / 10) return std::nullopt;
-        ticks = ticks * 10 + value;
-    }
-    return Currency { negative ? static_cast<int64_t>(0 - ticks) : static_cast<int64_t>(ticks) };
-}
-
-// A float written by its shortest text, so that 0.1f reads "0.1" in the file and comes back as 0.1f.
-double SingleAsDouble(float value) {
-    if (!std::isfinite(value)) return value;
-    std::array<char, 32> buffer {};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    double result = value;
-    std::from_chars(buffer.data(), written.ptr, result);
-    return result;
-}
 
 Json EntryToJson(const Variant& value);
 std::optional<MemoryPropertyStore> StoreFromJson(const Json& entries, std::string& fault);
@@ -490,190 +389,6 @@ std::string FormEntryText(std::u16string_view key, const Variant& value) {
             return ReadableEntryText(key, value);
     return "{\"type\": \"" + std::string(KindName(value.kind()))
         + "\", \"value\": " + ValueToJson(value).dump() + "}";
-}
-
-// What an entry may hold: the kind the control writes it in and the values its writer (or the edit box)
-// accepts.
-enum class Holds {
-    Boolean,
-    Text,
-    Character, // a text of at most one character
-    Integer, // a 16-bit integer within [min, max], or `also`
-    Long, // a 32-bit integer within [min, max]
-    Colour, // a 32-bit integer, any bit pattern
-    FontSize, // a single above 0 and at most max points
-    Value, // any single value: Empty, a text, a number, a date
-    Font, // bytes holding a property store
-    Picture, // any bytes
-    ValueList, // bytes holding the store of a list of single values
-    ActionList, // bytes holding the store of a list of three action flag words
-};
-
-struct EntryRule {
-    std::u16string_view key;
-    Holds holds;
-    int32_t min = 0;
-    int32_t max = 0;
-    int32_t also = 0; // one more accepted value, outside [min, max]; equal to min when there is none
-};
-
-constexpr int32_t kInt32Max = std::numeric_limits<int32_t>::max();
-
-// Every entry `WriteProperties` writes, with the values the control's writers and the edit box accept.
-constexpr EntryRule kEntryRules[] = {
-    { u"MustBePositive", Holds::Boolean }, { u"MustBeNegative", Holds::Boolean },
-    { u"Beeping", Holds::Boolean }, { u"MustBeUpperCase", Holds::Boolean },
-    { u"MustBeLowerCase", Holds::Boolean }, { u"NoDigits", Holds::Boolean },
-    { u"OnlyLetters", Holds::Boolean }, { u"AllowScientificFormat", Holds::Boolean },
-    { u"MaxLength", Holds::Long, 0, kInt32Max }, { u"FinalValidationActive", Holds::Boolean },
-    { u"ValidCharactersSet", Holds::Text }, { u"Font", Holds::Font }, { u"Text", Holds::Text },
-    { u"OnlyLettersWithSpace", Holds::Boolean }, { u"ExtraExcludedCharacters", Holds::Text },
-    { u"ExtraIncludedCharacters", Holds::Text }, { u"RequiredField", Holds::Boolean },
-    { u"ThousandSeparator", Holds::Integer, vldTSForbidden, vldTSAllowed },
-    { u"MaxNumberOfDecimals", Holds::Integer, 0, 32 }, { u"CustomMask", Holds::Text },
-    { u"DefaultValue", Holds::Value }, { u"MinValue", Holds::Value }, { u"MaxValue", Holds::Value },
-    { u"MustNotBeZero", Holds::Boolean }, { u"MustNotBeValues", Holds::ValueList },
-    { u"Actions", Holds::ActionList }, { u"ShowErrorMessage", Holds::Boolean },
-    { u"ValidationMode", Holds::Integer, vldAutomatic, vldSemiAutomatic },
-    { u"MustBeProperCase", Holds::Boolean }, { u"MessageBoxTitle", Holds::Text },
-    { u"ErrorMessageMode", Holds::Integer, vldAutoBasic, vldCustom, vldAutoBasic },
-    { u"MustBeType", Holds::Long, vldUnspecified, vldTime }, { u"OnErrorSelectEntireField", Holds::Boolean },
-    { u"InputSifting", Holds::Integer, vldNone, vldStrong },
-    { u"MaxRelativeAccuracy", Holds::Integer, 0, 32 },
-    { u"MessageBoxIcon", Holds::Integer, vldMBINone, vldMBIQuestion }, { u"ErrorMessage", Holds::Text },
-    { u"Enabled", Holds::Boolean }, { u"SelLength", Holds::Long, 0, kInt32Max },
-    { u"SelStart", Holds::Long, 0, kInt32Max }, { u"ShowAsUnderstood", Holds::Boolean },
-    { u"Alignment", Holds::Integer, 0, 2 }, // left, right, centre
-    { u"Appearance", Holds::Integer, vldFlat, vld3D }, { u"BackColor", Holds::Colour },
-    { u"ForeColor", Holds::Colour }, { u"BorderStyle", Holds::Integer, vldNoBorder, vldFixedSingle },
-    { u"Locked", Holds::Boolean }, { u"PasswordChar", Holds::Character }, { u"RightToLeft", Holds::Boolean },
-    { u"MousePointer", Holds::Integer, 0, 15, 99 }, // the standard pointers, and 99 for the field's icon
-    { u"MouseIcon", Holds::Picture }, { u"FontBold", Holds::Boolean }, { u"FontUnderline", Holds::Boolean },
-    { u"FontStrikethru", Holds::Boolean }, { u"FontSize", Holds::FontSize, 0, 2048 },
-    { u"FontName", Holds::Text }, { u"FontItalic", Holds::Boolean },
-    { u"OLEDragMode", Holds::Integer, 0, 1 }, // manual, automatic
-    { u"OLEDropMode", Holds::Integer, 0, 2 }, // none, manual, automatic
-};
-
-const EntryRule* RuleOf(std::u16string_view key) {
-    for (const EntryRule& rule : kEntryRules)
-        if (rule.key == key) return &rule;
-    return nullptr;
-}
-
-std::string KindFault(Variant::Kind expected, Variant::Kind got) {
-    return "expected a value of type " + std::string(KindName(expected)) + ", got type "
-        + std::string(KindName(got));
-}
-
-std::optional<std::string> RangeFault(const EntryRule& rule, int64_t value) {
-    if ((value >= rule.min && value <= rule.max) || (rule.also != rule.min && value == rule.also))
-        return std::nullopt;
-    std::string range = rule.max == kInt32Max ? std::to_string(rule.min) + " or more"
-                                              : std::to_string(rule.min) + " to " + std::to_string(rule.max);
-    if (rule.also != rule.min) range += " or " + std::to_string(rule.also);
-    return "expected " + range + ", got " + std::to_string(value);
-}
-
-bool IsSingleValue(Variant::Kind kind) {
-    return kind != Variant::Kind::Bytes && kind != Variant::Kind::Array;
-}
-
-std::optional<int64_t> WholeNumber(const Variant& value) {
-    switch (value.kind()) {
-    case Variant::Kind::Byte:
-        return value.AsByte();
-    case Variant::Kind::Integer:
-        return value.AsInteger();
-    case Variant::Kind::Long:
-        return value.AsLong();
-    default:
-        return std::nullopt;
-    }
-}
-
-// A list's store: "NEl", the count as an Integer (absent for none), and the items "1N" to its count,
-// nothing else; each item passes `itemFault`.
-std::optional<std::string> ListFault(const Variant& value, bool actions) {
-    const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
-    if (!nested) return "expected a value of type ByteArray holding a property store";
-    const Variant* count = nested->Find(u"NEl");
-    if (count && count->kind() != Variant::Kind::Integer)
-        return "item \"NEl\": " + KindFault(Variant::Kind::Integer, count->kind());
-    const int64_t items = count ? count->AsInteger() : 0;
-    if (actions && items != 3) return "expected 3 actions, got " + std::to_string(items);
-    if (items < 0) return "item \"NEl\": expected 0 or more, got " + std::to_string(items);
-    if (nested->Entries().size() != static_cast<size_t>(items) + (count ? 1 : 0))
-        return "expected \"NEl\" and the items \"1N\" to \"" + std::to_string(items) + "N\" only";
-    for (int64_t i = 1; i <= items; ++i) {
-        const std::string key = std::to_string(i) + "N";
-        const Variant* item = nested->Find(*FromUtf8(key));
-        if (!item) return "item " + Quoted(key) + " is missing";
-        if (!actions && !IsSingleValue(item->kind()))
-            return "item " + Quoted(key) + ": expected a single value, got type "
-                + std::string(KindName(item->kind()));
-        if (!actions) continue;
-        const auto flags = WholeNumber(*item);
-        const auto action = flags.value_or(0) & ~int64_t { vldACChecked };
-        if (!flags || *flags < 0
-            || (action != vldACReturnPrevious && action != vldACInsertDefault
-                && action != vldACInsertClosest))
-            return "item " + Quoted(key) + ": expected an action (8, 16 or 32, plus 1 when checked), got "
-                + (flags ? std::to_string(*flags) : "type " + std::string(KindName(item->kind())));
-    }
-    return std::nullopt;
-}
-
-// What is wrong with one entry of a field; nullopt when the control takes it as it is.
-std::optional<std::string> EntryFault(std::u16string_view key, const Variant& value) {
-    const EntryRule* rule = RuleOf(key);
-    if (!rule) return "not a property of the field";
-    const Variant::Kind kind = value.kind();
-    const auto expect = [kind](Variant::Kind expected) -> std::optional<std::string> {
-        if (kind == expected) return std::nullopt;
-        return KindFault(expected, kind);
-    };
-    switch (rule->holds) {
-    case Holds::Boolean:
-        return expect(Variant::Kind::Boolean);
-    case Holds::Text:
-        return expect(Variant::Kind::String);
-    case Holds::Character:
-        if (auto fault = expect(Variant::Kind::String)) return fault;
-        if (value.AsString().size() > 1)
-            return "expected at most one character, got " + Quoted(value.AsString());
-        return std::nullopt;
-    case Holds::Integer:
-        if (auto fault = expect(Variant::Kind::Integer)) return fault;
-        return RangeFault(*rule, value.AsInteger());
-    case Holds::Long:
-        if (auto fault = expect(Variant::Kind::Long)) return fault;
-        return RangeFault(*rule, value.AsLong());
-    case Holds::Colour:
-        return expect(Variant::Kind::Long);
-    case Holds::FontSize: {
-        if (auto fault = expect(Variant::Kind::Single)) return fault;
-        const float size = value.AsSingle();
-        if (std::isfinite(size) && size > 0 && size <= static_cast<float>(rule->max)) return std::nullopt;
-        return "expected a point size above 0 and at most " + std::to_string(rule->max) + ", got "
-            + Shown(Json(SingleAsDouble(size)));
-    }
-    case Holds::Value:
-        if (IsSingleValue(kind)) return std::nullopt;
-        return "expected a single value, got type " + std::string(KindName(kind));
-    case Holds::Font:
-        if (auto fault = expect(Variant::Kind::Bytes)) return fault;
-        if (!MemoryPropertyStore::FromBytes(value.AsBytes()))
-            return "expected a value of type ByteArray holding a property store";
-        return std::nullopt;
-    case Holds::Picture:
-        return expect(Variant::Kind::Bytes);
-    case Holds::ValueList:
-    case Holds::ActionList:
-        if (auto fault = expect(Variant::Kind::Bytes)) return fault;
-        return ListFault(value, rule->holds == Holds::ActionList);
-    }
-    return std::nullopt;
 }
 
 // Names that differ only in ASCII case name the same column of the form's table.
