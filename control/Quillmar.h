@@ -7,6 +7,7 @@
 #include "control/Variant.h"
 #include "host/Host.h"
 #include "host/PropertyStore.h"
+#include "input/Refusal.h"
 
 #include <cstdint>
 #include <string>
@@ -59,6 +60,10 @@ public:
     [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
     /// The derived type flags and the kept values.
     [[nodiscard]] const ControlState& state() const noexcept { return m_state; }
+    /// The rule that refused the last typed key or change (a refused key, a change sprung back, extra
+    /// decimals cut away); `None` once a later key or change of the user is accepted. For a tip that says why
+    /// a key did nothing (`RefusalText` words it).
+    [[nodiscard]] Refusal LastRefusal() const noexcept { return m_lastRefusal; }
 
     // Persistence.
 
@@ -305,6 +310,7 @@ private:
     void OnDblClick() override;
     void OnChange() override;
     void OnFocusExit() override;
+    void OnPasteText(std::u16string& text) override;
     void OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) override;
     void OnOLESetData(DataObject& data, int16_t& dataFormat) override;
     void OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) override;
@@ -317,7 +323,7 @@ private:
     void RepairChange();
     void GuardedWrite(std::u16string_view text, int32_t selStart, int32_t selLength);
     void TakeSnapshot();
-    void RestoreSnapshot();
+    void RestoreSnapshot(Refusal refusal);
     void Beep();
 
     void Notify(std::u16string_view name);
@@ -338,6 +344,7 @@ private:
     QuillmarEvents* m_events = nullptr;
     Settings m_settings;
     ControlState m_state;
+    Refusal m_lastRefusal = Refusal::None;
     bool m_enabled = true;
 };
 

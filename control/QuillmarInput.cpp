@@ -3,6 +3,7 @@
 #include "control/Quillmar.h"
 
 #include "input/KeySifting.h"
+#include "input/PasteText.h"
 #include "input/Shapes.h"
 #include "validation/Numbers.h"
 #include "validation/Pattern.h"
@@ -46,7 +47,8 @@ void Quillmar::GuardedWrite(std::u16string_view text, int32_t selStart, int32_t 
     m_state.InternalTextChange = false;
 }
 
-void Quillmar::RestoreSnapshot() {
+void Quillmar::RestoreSnapshot(Refusal refusal) {
+    m_lastRefusal = refusal;
     Beep();
     GuardedWrite(m_state.SavedText, m_state.SavedSelStart, m_state.SavedSelLength);
 }
@@ -63,6 +65,7 @@ void Quillmar::OnKeyPress(int16_t& keyAscii) {
     if (m_settings.InputSifting != vldWeak || m_state.CtrlKeyDown || keyAscii == kBackspace || keyAscii == 0)
         return;
     EditBox& box = m_host.editBox;
+    m_lastRefusal = Refusal::None;
     const KeyPressOutcome outcome
         = SiftKeyPress(keyAscii, box.Text(), box.SelStart(), box.SelLength(), m_settings, m_state, Locale());
     if (outcome.edit) {
@@ -71,6 +74,7 @@ void Quillmar::OnKeyPress(int16_t& keyAscii) {
         box.SetSelLength(outcome.edit->selLength);
     }
     keyAscii = outcome.keyAscii;
+    if (outcome.refusal != Refusal::None) m_lastRefusal = outcome.refusal;
     if (outcome.beep) Beep();
 }
 
@@ -114,9 +118,9 @@ void Quillmar::OnDblClick() {
 void Quillmar::OnChange() {
     if (m_events) m_events->Change();
     if (!m_state.ExactValue.IsEmpty()) m_state.TextEditedSinceValue = true;
-    if (m_settings.MustBeType == vldUnspecified || m_settings.InputSifting != vldStrong
-        || m_state.InternalTextChange)
-        return;
+    if (m_state.InternalTextChange) return;
+    m_lastRefusal = Refusal::None;
+    if (m_settings.MustBeType == vldUnspecified || m_settings.InputSifting != vldStrong) return;
     RepairChange();
 }
 
@@ -158,19 +162,27 @@ void Quillmar::RepairChange() {
                 ++end;
             if (end - point - 1 > static_cast<size_t>(decimals)) {
                 if (m_settings.AllowScientificFormat && text.find_first_of(u"eE") != std::u16string::npos) {
-                    RestoreSnapshot();
+                    RestoreSnapshot(Refusal::TooManyDecimals);
                     return;
                 }
                 text.erase(point + 1 + static_cast<size_t>(decimals),
                     end - point - 1 - static_cast<size_t>(decimals));
                 GuardedWrite(text, box.SelStart(), box.SelLength());
+                m_lastRefusal = Refusal::TooManyDecimals;
             }
         }
     }
-    if (WholeTextTest(text, m_state, m_settings, locale))
+    if (const Refusal refusal = WholeTextRefusal(text, m_state, m_settings, locale); refusal == Refusal::None)
         TakeSnapshot();
     else
-        RestoreSnapshot();
+        RestoreSnapshot(refusal);
+}
+
+// Pastes and drops: numbers, dates and times copied from elsewhere are made to read as typed here before
+// the change they cause is sifted.
+
+void Quillmar::OnPasteText(std::u16string& text) {
+    text = NormalizePastedText(text, m_settings, m_state, Locale());
 }
 
 // Focus.

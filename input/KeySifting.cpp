@@ -19,8 +19,8 @@ int16_t KeyCode(char16_t c) {
     return static_cast<int16_t>(c);
 }
 
-KeyPressOutcome Refuse() {
-    return { 0, true, std::nullopt };
+KeyPressOutcome Refuse(Refusal refusal) {
+    return { 0, true, std::nullopt, refusal };
 }
 
 // A separator written so that the pattern matcher reads it literally.
@@ -43,38 +43,41 @@ KeyPressOutcome SiftNumericKey(char16_t key, std::u16string current, int32_t sel
     const bool scientific = settings.AllowScientificFormat && floating;
 
     if (scientific) {
-        if (!CharInSet(key, u"0123456789-+eE") && !isDecimal) return Refuse();
+        if (!CharInSet(key, u"0123456789-+eE") && !isDecimal) return Refuse(Refusal::NumberCharacter);
     } else if (!CharInSet(key, u"0123456789-") && !isDecimal && !isThousands) {
-        return Refuse();
+        return Refuse(Refusal::NumberCharacter);
     }
-    if (isDecimal && current.find(key) != std::u16string::npos) return Refuse();
+    if (isDecimal && current.find(key) != std::u16string::npos)
+        return Refuse(Refusal::SecondDecimalSeparator);
     if (isThousands) {
         const std::u16string t = Literal(thousands);
         const std::u16string next = WouldBeText(current, selStart, selLength, key);
         if (MatchPattern(next, u"*" + t + t + u"*") || MatchPattern(next, t + u"*")
             || MatchPattern(next, u"*" + Literal(decimal) + u"*" + t + u"*"))
-            return Refuse();
+            return Refuse(Refusal::GroupSeparatorPlace);
     }
     if (settings.MustBeNegative && key != u'-' && (current.empty() || current[0] != u'-')) {
         current.insert(current.begin(), u'-');
         ++selStart;
         outcome.edit = TextEdit { current, selStart, selLength };
     }
-    const auto refuse = [&] { return KeyPressOutcome { 0, true, outcome.edit }; };
-    if (flags.TypeIsByte && !CharInSet(key, u"0123456789")) return refuse();
+    const auto refuse = [&](Refusal refusal) { return KeyPressOutcome { 0, true, outcome.edit, refusal }; };
+    const Refusal notIntegral = isDecimal ? Refusal::WholeNumber : Refusal::NumberCharacter;
+    if (flags.TypeIsByte && !CharInSet(key, u"0123456789")) return refuse(notIntegral);
     if ((flags.TypeIsInteger || flags.TypeIsLong) && !CharInSet(key, u"-0123456789") && !isThousands)
-        return refuse();
+        return refuse(notIntegral);
 
     const char16_t beforeCaret = selStart > 0 ? current[static_cast<size_t>(selStart - 1)] : 0;
     const bool afterExponent = beforeCaret == u'e' || beforeCaret == u'E';
     if (scientific) {
-        if (key == u'+' && !afterExponent) return refuse();
-        if (!ScientificShapeTest(WouldBeText(current, selStart, selLength, key), locale)) return refuse();
+        if (key == u'+' && !afterExponent) return refuse(Refusal::ExponentSign);
+        if (!ScientificShapeTest(WouldBeText(current, selStart, selLength, key), locale))
+            return refuse(Refusal::NumberShape);
     }
     if (key == u'-') {
         if (afterExponent) return outcome;
-        if (settings.MustBePositive) return refuse();
-        if (!current.empty() && current[0] == u'-') return refuse();
+        if (settings.MustBePositive) return refuse(Refusal::PositiveNumber);
+        if (!current.empty() && current[0] == u'-') return refuse(Refusal::SecondMinus);
         if (selStart == 0) return outcome;
         // A minus typed inside a number moves to the front.
         const std::u16string moved = u"-" + current;
@@ -86,7 +89,8 @@ KeyPressOutcome SiftNumericKey(char16_t key, std::u16string current, int32_t sel
 KeyPressOutcome SiftTextKey(char16_t key, const Settings& settings) {
     if (settings.MustBeUpperCase) key = UpperCase(std::u16string(1, key))[0];
     if (settings.MustBeLowerCase) key = LowerCase(std::u16string(1, key))[0];
-    if (!TextCharacterAllowed(key, settings)) return Refuse();
+    if (const Refusal refusal = TextCharacterRefusal(key, settings); refusal != Refusal::None)
+        return Refuse(refusal);
     return { KeyCode(key), false, std::nullopt };
 }
 
@@ -107,13 +111,14 @@ KeyPressOutcome SiftKeyPress(int16_t keyAscii, std::u16string_view text, int32_t
     const Settings& settings, const TypeFlags& flags, const LocaleInfo& locale) {
     const char16_t key = KeyChar(keyAscii);
     if (flags.TypeIsTime) {
-        if (!CharInSet(key, u"0123456789: ampAMP")) return Refuse();
-        if (!TimeShapeTest(WouldBeText(text, selStart, selLength, key))) return Refuse();
+        if (!CharInSet(key, u"0123456789: ampAMP")) return Refuse(Refusal::TimeCharacter);
+        if (!TimeShapeTest(WouldBeText(text, selStart, selLength, key))) return Refuse(Refusal::TimeShape);
         return { keyAscii, false, std::nullopt };
     }
     if (flags.TypeIsDate) {
-        if (!CharInSet(key, u"0123456789/-.")) return Refuse();
-        if (!DateShapeTest(WouldBeText(text, selStart, selLength, key), locale)) return Refuse();
+        if (!CharInSet(key, u"0123456789/-.")) return Refuse(Refusal::DateCharacter);
+        if (!DateShapeTest(WouldBeText(text, selStart, selLength, key), locale))
+            return Refuse(Refusal::DateShape);
         return { keyAscii, false, std::nullopt };
     }
     if (flags.NumericMode)

@@ -2,6 +2,7 @@
 
 #include "control/Settings.h"
 #include "host/LocaleInfo.h"
+#include "input/Refusal.h"
 
 #include <cstdint>
 #include <optional>
@@ -25,6 +26,8 @@ struct KeyPressOutcome {
     bool beep = false;
     /// A text the control writes first: a minus sign put in front of a number.
     std::optional<TextEdit> edit;
+    /// The rule that refused the key; `None` when it was accepted (also when the handler moved a minus).
+    Refusal refusal = Refusal::None;
 };
 
 /// The text the edit box would hold with the key typed over the selection.

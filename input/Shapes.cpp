@@ -117,14 +117,21 @@ bool TimeShapeTest(std::u16string_view text) {
 }
 
 bool TextCharacterAllowed(char16_t c, const Settings& settings) noexcept {
-    if (CharInSet(c, settings.ExtraExcludedCharacters)) return false;
-    if (CharInSet(c, settings.ExtraIncludedCharacters)) return true;
-    if (!settings.ValidCharactersSet.empty() && !CharInSet(c, settings.ValidCharactersSet)) return false;
-    if (settings.NoDigits && IsDigit(c)) return false;
-    if (!settings.OnlyLetters && !settings.OnlyLettersWithSpace) return true;
+    return TextCharacterRefusal(c, settings) == Refusal::None;
+}
+
+Refusal TextCharacterRefusal(char16_t c, const Settings& settings) noexcept {
+    if (CharInSet(c, settings.ExtraExcludedCharacters)) return Refusal::ExcludedCharacter;
+    if (CharInSet(c, settings.ExtraIncludedCharacters)) return Refusal::None;
+    if (!settings.ValidCharactersSet.empty() && !CharInSet(c, settings.ValidCharactersSet))
+        return Refusal::CharacterSet;
+    if (settings.NoDigits && IsDigit(c)) return Refusal::NoDigits;
+    if (!settings.OnlyLetters && !settings.OnlyLettersWithSpace) return Refusal::None;
     // Any character of code 127 or above counts as a letter.
-    return c >= 127 || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z')
-        || (c == u' ' && settings.OnlyLettersWithSpace);
+    if (c >= 127 || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z')
+        || (c == u' ' && settings.OnlyLettersWithSpace))
+        return Refusal::None;
+    return settings.OnlyLettersWithSpace ? Refusal::OnlyLettersWithSpace : Refusal::OnlyLetters;
 }
 
 int32_t SiftingType(const TypeFlags& flags) noexcept {
@@ -141,16 +148,23 @@ int32_t SiftingType(const TypeFlags& flags) noexcept {
 
 bool WholeTextTest(
     std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale) {
+    return WholeTextRefusal(text, flags, settings, locale) == Refusal::None;
+}
+
+Refusal WholeTextRefusal(
+    std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale) {
     const int32_t type = SiftingType(flags);
-    if (type == vldTime) return TimeShapeTest(text);
-    if (type == vldDate) return DateShapeTest(text, locale);
+    if (type == vldTime) return TimeShapeTest(text) ? Refusal::None : Refusal::TimeShape;
+    if (type == vldDate) return DateShapeTest(text, locale) ? Refusal::None : Refusal::DateShape;
     if (type == vldString) {
         for (char16_t c : text)
-            if (!TextCharacterAllowed(c, settings)) return false;
-        return true;
+            if (const Refusal refusal = TextCharacterRefusal(c, settings); refusal != Refusal::None)
+                return refusal;
+        return Refusal::None;
     }
-    return NumericWholeTextTest(text, type, settings.AllowScientificFormat,
+    const bool fits = NumericWholeTextTest(text, type, settings.AllowScientificFormat,
         ThousandsSeparator(settings.ThousandSeparator, locale), locale);
+    return fits ? Refusal::None : Refusal::NumberShape;
 }
 
 } // namespace quillmar

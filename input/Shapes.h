@@ -2,6 +2,7 @@
 
 #include "control/Settings.h"
 #include "host/LocaleInfo.h"
+#include "input/Refusal.h"
 
 #include <string_view>
 
@@ -23,6 +24,9 @@ namespace quillmar {
 /// code 127 or above, or (with `OnlyLettersWithSpace`) a space.
 [[nodiscard]] bool TextCharacterAllowed(char16_t c, const Settings& settings) noexcept;
 
+/// The character rule of a text field that refuses the character, `None` when `TextCharacterAllowed`.
+[[nodiscard]] Refusal TextCharacterRefusal(char16_t c, const Settings& settings) noexcept;
+
 /// The type whose rules the keys and changes of a field follow, as its type flags say: a field made
 /// numeric by a sign or exponent rule without a numeric type follows the double's rules.
 [[nodiscard]] int32_t SiftingType(const TypeFlags& flags) noexcept;
@@ -30,6 +34,11 @@ namespace quillmar {
 /// True when the whole text may stand as typed so far in a field of the type the flags give: the date or
 /// time shape, every character passing the text rules, or the numeric whole-text test.
 [[nodiscard]] bool WholeTextTest(
+    std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale);
+
+/// The rule by which `WholeTextTest` refuses the text: the date or time shape, the first refused character's
+/// rule, or the number's shape; `None` when the text passes.
+[[nodiscard]] Refusal WholeTextRefusal(
     std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale);
 
 } // namespace quillmar

@@ -2,6 +2,7 @@
 
 #include "validation/Conversions.h"
 #include "validation/DateTime.h"
+#include "validation/Describe.h"
 #include "validation/Numbers.h"
 
 #include <optional>
@@ -17,10 +18,6 @@ constexpr std::u16string_view kInvalidTime = u"Invalid time entry.";
 
 // Bits 4 to 32768 without 16384: the numeric rules whose basic message names only the type.
 constexpr int32_t kNumericRuleBits = 49148;
-
-bool IsIntegralType(int32_t type) {
-    return type == vldByte || type == vldInteger || type == vldLong;
-}
 
 std::u16string DecimalsMessage(const Settings& settings) {
     return u"Invalid number of decimals. Maximum is " + FormatInteger(settings.MaxNumberOfDecimals) + u".";
@@ -46,26 +43,7 @@ std::u16string BasicMessage(int32_t bits, const Settings& settings) {
 
 void NumberMessage(std::u16string_view text, int32_t bits, const Settings& settings, const LocaleInfo& locale,
     std::u16string& main, std::u16string& second) {
-    const bool minNumeric = NumberOf(settings.MinValue, locale).has_value();
-    const bool maxNumeric = NumberOf(settings.MaxValue, locale).has_value();
-
-    // The sign is only worded when the matching bound does not already imply it.
-    std::u16string sign;
-    if (!minNumeric && settings.MustBePositive) sign = u"A positive";
-    if (!maxNumeric && settings.MustBeNegative) sign = u"A negative";
-    if (IsIntegralType(settings.MustBeType))
-        main = sign.empty() ? u"An integer" : sign + u" integer";
-    else
-        main = sign.empty() ? u"A number" : sign + u" number";
-
-    if (minNumeric && maxNumeric)
-        main += u" between " + TextOf(settings.MinValue, locale) + u" and "
-            + TextOf(settings.MaxValue, locale);
-    else if (minNumeric)
-        main += u" >= " + TextOf(settings.MinValue, locale);
-    else if (maxNumeric)
-        main += u" <= " + TextOf(settings.MaxValue, locale);
-    main += u" is required.";
+    main = RequirementPhrase(settings, locale) + u" is required.";
 
     if (const auto number = ParseNumber(text, locale)) {
         if (settings.MustNotBeZero && number->value == 0) second = u"Value 0 is not allowed.";
@@ -86,18 +64,7 @@ void NumberMessage(std::u16string_view text, int32_t bits, const Settings& setti
 void DateTimeMessage(std::u16string_view text, int32_t bits, const Settings& settings,
     const LocaleInfo& locale, std::u16string& main, std::u16string& second) {
     const bool isDate = settings.MustBeType == vldDate;
-    const int wantedClass = isDate ? DateClass : TimeClass;
-    const std::u16string noun = isDate ? u"A date " : u"A time ";
-    const bool minFits = ClassifyDateTime(settings.MinValue, locale) == wantedClass;
-    const bool maxFits = ClassifyDateTime(settings.MaxValue, locale) == wantedClass;
-
-    if (minFits && maxFits)
-        main = noun + u"between " + TextOf(settings.MinValue, locale) + u" and "
-            + TextOf(settings.MaxValue, locale);
-    else if (minFits)
-        main = noun + u"after " + TextOf(settings.MinValue, locale);
-    else if (maxFits)
-        main = noun + u"before " + TextOf(settings.MaxValue, locale);
+    main = RequirementPhrase(settings, locale);
     if (!main.empty()) main += u" is required.";
 
     if (const auto parsed = ParseDateTime(text, locale)) {

@@ -211,9 +211,16 @@ std::u16string MemoryEditBox::Fitted(std::u16string_view text) const {
     return line;
 }
 
+std::u16string MemoryEditBox::Offered(std::u16string_view text) {
+    // The first line goes in, made to read as typed in the field.
+    std::u16string offered(text.substr(0, text.find_first_of(u"\r\n")));
+    if (m_events) m_events->OnPasteText(offered);
+    return offered;
+}
+
 void MemoryEditBox::Paste(std::u16string_view text) {
     if (m_locked) return;
-    ReplaceSelection(Fitted(text));
+    ReplaceSelection(Fitted(Offered(text)));
 }
 
 void MemoryEditBox::PasteWithKeys(std::u16string_view text) {
@@ -286,7 +293,7 @@ void MemoryEditBox::DropText(int32_t position, std::u16string_view text) {
     // An automatic drop target inserts the text where it was dropped.
     if (m_oleDropMode == 2 && effect != 0 && !m_locked) {
         Select(position, position);
-        ReplaceSelection(Fitted(TextOfFormat(data)));
+        ReplaceSelection(Fitted(Offered(TextOfFormat(data))));
     }
 }
 

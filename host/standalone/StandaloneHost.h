@@ -44,8 +44,8 @@ public:
     void PressEnter();
     /// Left, Right, Home or End; with Shift (1) the selection grows from its anchor.
     void PressNavigation(int16_t virtualKey, int16_t shift = 0);
-    /// Pastes from the context menu: the text (up to its first line break, cut to `MaxLength`) replaces the
-    /// selection and one change is reported.
+    /// Pastes from the context menu: the text, as the control rewrites it for its field, up to its first line
+    /// break and cut to `MaxLength`, replaces the selection and one change is reported.
     void Paste(std::u16string_view text);
     /// Pastes with Ctrl+V: the keys go down, the paste character (22) is reported, the text is pasted unless
     /// the character was cancelled, the keys come up.
@@ -62,7 +62,8 @@ public:
     /// The mouse moves over a character position without a button held.
     void HoverAt(int32_t position);
     /// Something holding the text is dragged over a character position and dropped there; an automatic drop
-    /// target inserts it as a paste would (up to its first line break, cut to `MaxLength`).
+    /// target inserts it as a paste would (rewritten by the control, up to its first line break, cut to
+    /// `MaxLength`).
     void DropText(int32_t position, std::u16string_view text);
     /// The focus moves to another control of the form.
     void LeaveField();
@@ -132,6 +133,8 @@ private:
     /// What of a pasted or dropped text the box takes in place of its selection: the first line, as much of
     /// it as `MaxLength` leaves room for.
     [[nodiscard]] std::u16string Fitted(std::u16string_view text) const;
+    /// The pasted or dropped text as the control rewrites it for its field (`OnPasteText`).
+    [[nodiscard]] std::u16string Offered(std::u16string_view text);
     void Select(int32_t anchor, int32_t caret);
 
     EditBoxEvents* m_events = nullptr;

@@ -112,5 +112,67 @@ TEST(SiftKeyPress, UsesTheLocaleDecimalSeparator) {
     EXPECT_EQ(SiftKeyPress(u' ', u"1\u202F", 2, 0, settings, flags, french).keyAscii, 0);
 }
 
+// Each refusal names its rule; what the field does with the key is the table above.
+TEST(SiftKeyPress, NamesTheRuleThatRefused) {
+    struct Row {
+        const char* name;
+        std::function<void(Settings&, TypeFlags&)> declare;
+        std::u16string text;
+        char16_t key;
+        Refusal expected;
+    };
+    const auto date = [](Settings&, TypeFlags& f) { f.TypeIsDate = true; };
+    const auto letters = [](Settings& s, TypeFlags&) { s.OnlyLetters = true; };
+    const Row rows[] = {
+        { "accepted", Integer, u"1", u'2', Refusal::None },
+        { "letter in a number", Double, u"1", u'a', Refusal::NumberCharacter },
+        { "decimal in an integer", Integer, u"1", u'.', Refusal::WholeNumber },
+        { "second separator", Double, u"1.5", u'.', Refusal::SecondDecimalSeparator },
+        { "thousands twice", GroupedInteger, u"1,", u',', Refusal::GroupSeparatorPlace },
+        { "second minus", Integer, u"-1", u'-', Refusal::SecondMinus },
+        { "minus in a positive field",
+            [](Settings& s, TypeFlags& f) { Integer(s, f), s.MustBePositive = true; }, u"1", u'-',
+            Refusal::PositiveNumber },
+        { "plus elsewhere", Scientific, u"1", u'+', Refusal::ExponentSign },
+        { "second exponent", Scientific, u"1e5", u'e', Refusal::NumberShape },
+        { "letter in a date", date, u"1", u'x', Refusal::DateCharacter },
+        { "thirty-second day", date, u"1/3", u'2', Refusal::DateShape },
+        { "letter in a time", [](Settings&, TypeFlags& f) { f.TypeIsTime = true; }, u"1", u'x',
+            Refusal::TimeCharacter },
+        { "digit among letters", letters, u"a", u'1', Refusal::OnlyLetters },
+        { "space among letters", [](Settings& s, TypeFlags&) { s.OnlyLettersWithSpace = s.NoDigits = true; },
+            u"a", u'1', Refusal::NoDigits }, // the digit rule comes before the letter rule
+        { "excluded before the valid set",
+            [](Settings& s, TypeFlags&) { s.ExtraExcludedCharacters = u"x", s.ValidCharactersSet = u"ab"; },
+            u"", u'x', Refusal::ExcludedCharacter },
+        { "outside the valid set", [](Settings& s, TypeFlags&) { s.ValidCharactersSet = u"ab"; }, u"", u'c',
+            Refusal::CharacterSet },
+    };
+    const LocaleInfo english = LocaleInfo::FromName("en_US");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        Settings settings;
+        TypeFlags flags;
+        row.declare(settings, flags);
+        const int32_t end = static_cast<int32_t>(row.text.size());
+        const KeyPressOutcome outcome = SiftKeyPress(row.key, row.text, end, 0, settings, flags, english);
+        EXPECT_EQ(outcome.refusal, row.expected);
+        EXPECT_EQ(outcome.beep, row.expected != Refusal::None);
+    }
+}
+
+TEST(RefusalText, WordsTheRule) {
+    Settings settings;
+    settings.MaxNumberOfDecimals = 2;
+    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings), u"At most 2 decimals");
+    settings.MaxNumberOfDecimals = 1;
+    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings), u"At most 1 decimal");
+    EXPECT_EQ(RefusalText(Refusal::None, settings), u"");
+    // Every other refusal has words of its own.
+    for (int r = static_cast<int>(Refusal::TimeCharacter);
+         r <= static_cast<int>(Refusal::OnlyLettersWithSpace); ++r)
+        EXPECT_FALSE(RefusalText(static_cast<Refusal>(r), settings).empty()) << r;
+}
+
 } // namespace
 } // namespace quillmar

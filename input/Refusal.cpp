@@ -1,0 +1,53 @@
+#include "input/Refusal.h"
+
+#include "validation/Numbers.h"
+
+namespace quillmar {
+
+std::u16string RefusalText(Refusal refusal, const Settings& settings) {
+    switch (refusal) {
+    case Refusal::None:
+        return {};
+    case Refusal::TimeCharacter:
+        return u"Only digits, \":\" and AM or PM can be typed here";
+    case Refusal::TimeShape:
+        return u"That would not make a time";
+    case Refusal::DateCharacter:
+        return u"Only digits and / - . can be typed here";
+    case Refusal::DateShape:
+        return u"That would not make a date";
+    case Refusal::NumberCharacter:
+        return u"Only digits can be typed here";
+    case Refusal::SecondDecimalSeparator:
+        return u"The number already has a decimal separator";
+    case Refusal::GroupSeparatorPlace:
+        return u"A digit group separator cannot go there";
+    case Refusal::WholeNumber:
+        return u"Only whole numbers can be typed here";
+    case Refusal::PositiveNumber:
+        return u"The number must be positive";
+    case Refusal::SecondMinus:
+        return u"The number already has a minus sign";
+    case Refusal::ExponentSign:
+        return u"A plus sign can only follow the E";
+    case Refusal::NumberShape:
+        return u"That would not make a number";
+    case Refusal::TooManyDecimals: {
+        const int decimals = settings.MaxNumberOfDecimals;
+        return u"At most " + FormatInteger(decimals) + (decimals == 1 ? u" decimal" : u" decimals");
+    }
+    case Refusal::ExcludedCharacter:
+        return u"This character is not allowed here";
+    case Refusal::CharacterSet:
+        return u"Only the field's own characters can be typed here";
+    case Refusal::NoDigits:
+        return u"Digits are not allowed here";
+    case Refusal::OnlyLetters:
+        return u"Only letters can be typed here";
+    case Refusal::OnlyLettersWithSpace:
+        return u"Only letters and spaces can be typed here";
+    }
+    return {};
+}
+
+} // namespace quillmar

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "control/Settings.h"
+
+#include <string>
+
+namespace quillmar {
+
+/// The rule that refused a typed key or a change of the text; `None` when nothing was refused.
+enum class Refusal {
+    None,
+    /// A time field takes digits, ":", space and the letters of AM and PM only.
+    TimeCharacter,
+    /// The text could no longer become a time.
+    TimeShape,
+    /// A date field takes digits and "/", "-", "." only.
+    DateCharacter,
+    /// The text could no longer become a date.
+    DateShape,
+    /// A character no number of the field's type holds.
+    NumberCharacter,
+    /// A second decimal separator.
+    SecondDecimalSeparator,
+    /// A group separator first, twice in a row or after the decimal separator.
+    GroupSeparatorPlace,
+    /// A decimal separator in an integral field.
+    WholeNumber,
+    /// A minus sign in a field that must be positive.
+    PositiveNumber,
+    /// A second minus sign.
+    SecondMinus,
+    /// A plus sign anywhere but right after the exponent's "E".
+    ExponentSign,
+    /// The text could no longer become a number of the field's type.
+    NumberShape,
+    /// More decimals than `MaxNumberOfDecimals`.
+    TooManyDecimals,
+    /// A character of `ExtraExcludedCharacters`.
+    ExcludedCharacter,
+    /// A character outside `ValidCharactersSet`.
+    CharacterSet,
+    /// A digit under `NoDigits`.
+    NoDigits,
+    /// Anything but a letter under `OnlyLetters`.
+    OnlyLetters,
+    /// Anything but a letter or a space under `OnlyLettersWithSpace`.
+    OnlyLettersWithSpace,
+};
+
+/// The refusal in short words for a tip beside the field ("Only digits can be typed here", "At most 2
+/// decimals"); the empty text for `None`. `settings` gives the numbers some words name.
+[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings);
+
+} // namespace quillmar

@@ -1,0 +1,205 @@
+#include "validation/Describe.h"
+
+#include "validation/Conversions.h"
+#include "validation/Numbers.h"
+#include "validation/Pattern.h"
+
+#include <unicode/datefmt.h>
+#include <unicode/gregocal.h>
+#include <unicode/locid.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+#include <vector>
+
+namespace quillmar {
+namespace {
+
+bool IsIntegralType(int32_t type) {
+    return type == vldByte || type == vldInteger || type == vldLong;
+}
+
+std::u16string NumberPhrase(const Settings& settings, const LocaleInfo& locale) {
+    const bool minNumeric = NumberOf(settings.MinValue, locale).has_value();
+    const bool maxNumeric = NumberOf(settings.MaxValue, locale).has_value();
+    std::u16string sign;
+    if (!minNumeric && settings.MustBePositive) sign = u"A positive";
+    if (!maxNumeric && settings.MustBeNegative) sign = u"A negative";
+    std::u16string phrase;
+    if (IsIntegralType(settings.MustBeType))
+        phrase = sign.empty() ? u"An integer" : sign + u" integer";
+    else
+        phrase = sign.empty() ? u"A number" : sign + u" number";
+    if (minNumeric && maxNumeric)
+        phrase += u" between " + TextOf(settings.MinValue, locale) + u" and "
+            + TextOf(settings.MaxValue, locale);
+    else if (minNumeric)
+        phrase += u" >= " + TextOf(settings.MinValue, locale);
+    else if (maxNumeric)
+        phrase += u" <= " + TextOf(settings.MaxValue, locale);
+    return phrase;
+}
+
+std::u16string DateTimePhrase(const Settings& settings, const LocaleInfo& locale) {
+    const bool isDate = settings.MustBeType == vldDate;
+    const int wantedClass = isDate ? DateClass : TimeClass;
+    const std::u16string noun = isDate ? u"A date " : u"A time ";
+    const bool minFits = ClassifyDateTime(settings.MinValue, locale) == wantedClass;
+    const bool maxFits = ClassifyDateTime(settings.MaxValue, locale) == wantedClass;
+    if (minFits && maxFits)
+        return noun + u"between " + TextOf(settings.MinValue, locale) + u" and "
+            + TextOf(settings.MaxValue, locale);
+    if (minFits) return noun + u"after " + TextOf(settings.MinValue, locale);
+    if (maxFits) return noun + u"before " + TextOf(settings.MaxValue, locale);
+    return {};
+}
+
+// The character a list unit stands for in the example, or 0 when none fits. `next` receives the index
+// past the list.
+char16_t ListExample(std::u16string_view mask, size_t open, size_t& next, int letter, int digit) {
+    const size_t bodyStart = open + 1 + (open + 1 < mask.size() && mask[open + 1] == u'!' ? 1 : 0);
+    const size_t close = mask.find(u']', bodyStart);
+    if (close == std::u16string_view::npos) {
+        next = mask.size();
+        return 0;
+    }
+    next = close + 1;
+    const std::u16string_view unit = mask.substr(open, next - open);
+    std::vector<char16_t> candidates { static_cast<char16_t>(u'A' + letter % 26),
+        static_cast<char16_t>(u'a' + letter % 26), static_cast<char16_t>(u'0' + (digit + 1) % 10) };
+    for (char16_t c = u'A'; c <= u'Z'; ++c)
+        candidates.push_back(c);
+    for (char16_t c = u'0'; c <= u'9'; ++c)
+        candidates.push_back(c);
+    for (char16_t c : mask.substr(bodyStart, close - bodyStart))
+        candidates.push_back(c);
+    for (char16_t c : candidates)
+        if (MatchPattern(std::u16string_view(&c, 1), unit)) return c;
+    return 0;
+}
+
+std::unique_ptr<icu::DateFormat> ShortFormat(bool date, const LocaleInfo& locale) {
+    const icu::Locale icuLocale(locale.name.substr(0, locale.name.find_first_of(".@")).c_str());
+    std::unique_ptr<icu::DateFormat> format(date
+            ? icu::DateFormat::createDateInstance(icu::DateFormat::kShort, icuLocale)
+            : icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, icuLocale));
+    if (format) format->setTimeZone(*icu::TimeZone::getGMT());
+    return format;
+}
+
+std::u16string Formatted(const icu::DateFormat& format, UDate when) {
+    icu::UnicodeString text;
+    format.format(when, text);
+    return std::u16string(text.getBuffer(), static_cast<size_t>(text.length()));
+}
+
+std::u16string DatePlaceholder(const LocaleInfo& locale, int32_t year) {
+    const std::unique_ptr<icu::DateFormat> format = ShortFormat(true, locale);
+    if (!format) return {};
+    UErrorCode status = U_ZERO_ERROR;
+    icu::GregorianCalendar calendar(*icu::TimeZone::getGMT(), status);
+    if (U_FAILURE(status)) return {};
+    calendar.clear();
+    calendar.set(year, UCAL_DECEMBER, 31, 12, 0);
+    const UDate when = calendar.getTime(status);
+    return U_SUCCESS(status) ? Formatted(*format, when) : std::u16string();
+}
+
+std::u16string TimePlaceholder(const LocaleInfo& locale) {
+    const std::unique_ptr<icu::DateFormat> format = ShortFormat(false, locale);
+    constexpr UDate kFiveThirtyPm = (17 * 60 + 30) * 60 * 1000.0;
+    return format ? Formatted(*format, kFiveThirtyPm) : std::u16string();
+}
+
+} // namespace
+
+std::u16string RequirementPhrase(const Settings& settings, const LocaleInfo& locale) {
+    if (IsNumericType(settings.MustBeType)) return NumberPhrase(settings, locale);
+    if (IsDateTimeType(settings.MustBeType)) return DateTimePhrase(settings, locale);
+    return {};
+}
+
+std::u16string MaskExample(std::u16string_view mask) {
+    std::u16string example;
+    int letter = 0;
+    int digit = 0;
+    for (size_t i = 0; i < mask.size();) {
+        const char16_t unit = mask[i];
+        char16_t c = unit;
+        size_t next = i + 1;
+        if (unit == u'*') {
+            i = next;
+            continue;
+        }
+        if (unit == u'#' || unit == u'?') {
+            c = unit == u'#' ? static_cast<char16_t>(u'0' + (digit + 1) % 10)
+                             : static_cast<char16_t>(u'A' + letter % 26);
+        } else if (unit == u'[') {
+            c = ListExample(mask, i, next, letter, digit);
+            if (c == 0) return {};
+        }
+        if (c >= u'0' && c <= u'9' && unit != c) ++digit;
+        if (((c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z')) && unit != c) ++letter;
+        example += c;
+        i = next;
+    }
+    // A mask that no text matches (an empty or malformed list) has no example.
+    return MatchPattern(example, mask) ? example : std::u16string();
+}
+
+std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength) {
+    const int32_t type = settings.MustBeType;
+    if (IsNumericType(type)) {
+        std::u16string phrase = NumberPhrase(settings, locale);
+        if (!IsIntegralType(type) && settings.MaxNumberOfDecimals >= 1)
+            phrase += u", at most " + FormatInteger(settings.MaxNumberOfDecimals)
+                + (settings.MaxNumberOfDecimals == 1 ? u" decimal" : u" decimals");
+        return phrase;
+    }
+    if (IsDateTimeType(type)) {
+        const std::u16string phrase = DateTimePhrase(settings, locale);
+        if (!phrase.empty()) return phrase;
+        return type == vldDate ? u"A date" : u"A time";
+    }
+    std::vector<std::u16string> parts;
+    if (settings.OnlyLetters) parts.emplace_back(u"letters only");
+    if (settings.OnlyLettersWithSpace) parts.emplace_back(u"letters and spaces only");
+    if (settings.NoDigits) parts.emplace_back(u"no digits");
+    // Lower case wins over upper case, as the typed keys are forced.
+    if (settings.MustBeLowerCase)
+        parts.emplace_back(u"lower case");
+    else if (settings.MustBeUpperCase)
+        parts.emplace_back(u"upper case");
+    if (settings.MustBeProperCase) parts.emplace_back(u"Proper Case");
+    if (maxLength > 0)
+        parts.push_back(
+            u"at most " + FormatInteger(maxLength) + (maxLength == 1 ? u" character" : u" characters"));
+    if (const std::u16string example = MaskExample(settings.CustomMask); !example.empty())
+        parts.push_back(u"like " + example);
+    std::u16string description;
+    for (const std::u16string& part : parts) {
+        if (!description.empty()) description += u", ";
+        description += part;
+    }
+    if (!description.empty() && description[0] >= u'a' && description[0] <= u'z') description[0] -= 32;
+    return description;
+}
+
+std::u16string PlaceholderText(const Settings& settings, const LocaleInfo& locale, int32_t year) {
+    const int32_t type = settings.MustBeType;
+    if (type == vldDate) return DatePlaceholder(locale, year);
+    if (type == vldTime) return TimePlaceholder(locale);
+    if (IsNumericType(type)) {
+        const bool minNumeric = NumberOf(settings.MinValue, locale).has_value();
+        const bool maxNumeric = NumberOf(settings.MaxValue, locale).has_value();
+        if (minNumeric && maxNumeric)
+            return TextOf(settings.MinValue, locale) + u" \u2013 " + TextOf(settings.MaxValue, locale);
+        if (minNumeric) return u"\u2265 " + TextOf(settings.MinValue, locale);
+        if (maxNumeric) return u"\u2264 " + TextOf(settings.MaxValue, locale);
+        return {};
+    }
+    return MaskExample(settings.CustomMask);
+}
+
+} // namespace quillmar
