@@ -1,14 +1,18 @@
 #include "host/qt/QuillmarEdit.h"
 
+#include "host/qt/EditHistory.h"
 #include "host/qt/QtAlerts.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDrag>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QLocale>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
@@ -17,6 +21,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <limits>
 
 namespace quillmar::qt {
@@ -52,6 +57,20 @@ bool IsAltGrCharacter(const QKeyEvent& event) {
 int16_t KeyShiftMask(const QKeyEvent& event) {
     const int16_t mask = ShiftMask(event.modifiers());
     return IsAltGrCharacter(event) ? static_cast<int16_t>(mask & ~kCtrlMask) : mask;
+}
+
+// The keys that undo and redo in the field: the platform's own, and Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z
+// everywhere.
+bool IsUndoKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return event.matches(QKeySequence::Undo)
+        || (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Z);
+}
+
+bool IsRedoKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return event.matches(QKeySequence::Redo) || (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Y)
+        || (modifiers == (Qt::ControlModifier | Qt::ShiftModifier) && event.key() == Qt::Key_Z);
 }
 
 int16_t ButtonMask(Qt::MouseButtons buttons) {
@@ -164,6 +183,32 @@ public:
 
     State validate(QString& input, int& pos) const override {
         if (programmatic) return Acceptable;
+        // The line edit checks the text it was given back once more before it takes it: that text is already
+        // what the edit makes.
+        if (!lastMade.isNull() && input == lastMade) return Acceptable;
+        const State state = Check(input, pos);
+        if (state == Acceptable) lastMade = input;
+        return state;
+    }
+
+    /// The most characters the user may bring the text to; 0 for no limit.
+    qsizetype limit = 0;
+    /// True while the control itself writes the text.
+    bool programmatic = false;
+    /// True while a typed character goes in.
+    bool typing = false;
+    /// True while an input method's text goes in (sifted as typed keys, not as a paste).
+    bool composing = false;
+    /// Rewrites a pasted or dropped text before it goes in.
+    std::function<void(std::u16string&)> rewritePaste;
+    /// The text before the edit being checked, and where its selection (or the caret) began.
+    QString previous;
+    qsizetype previousStart = 0;
+    /// What the check made of the edit under way; null once the line edit has taken the text.
+    mutable QString lastMade;
+
+private:
+    State Check(QString& input, int& pos) const {
         // The edit replaced the selection (or nothing, at the caret) of the previous text with what now ends
         // at the caret. When the two texts do not bear that out (an undo, say), what both begin and end with
         // is taken to have stayed.
@@ -186,6 +231,18 @@ public:
         qsizetype inserted = input.size() - head - tail;
         for (qsizetype i = head; i < head + inserted; ++i)
             if (input[i] == u'\r' || input[i] == u'\n') inserted = i - head;
+        // The first line of a pasted or dropped text is made to read as typed in the field, as the in-memory
+        // box does, before the room left cuts it.
+        if (!typing && !composing && rewritePaste && inserted > 0) {
+            std::u16string pasted = FromQString(input.mid(head, inserted));
+            const std::u16string given = pasted;
+            rewritePaste(pasted);
+            if (pasted != given) {
+                input = input.left(head) + ToQString(pasted) + input.right(tail);
+                inserted = static_cast<qsizetype>(pasted.size());
+                pos = static_cast<int>(head + inserted);
+            }
+        }
         if (limit > 0 && inserted > limit - head - tail) {
             if (typing) return Invalid; // a key that does not fit is refused
             inserted = std::max<qsizetype>(limit - head - tail, 0);
@@ -197,16 +254,6 @@ public:
         pos = static_cast<int>(head + inserted);
         return Acceptable;
     }
-
-    /// The most characters the user may bring the text to; 0 for no limit.
-    qsizetype limit = 0;
-    /// True while the control itself writes the text.
-    bool programmatic = false;
-    /// True while a typed character goes in.
-    bool typing = false;
-    /// The text before the edit being checked, and where its selection (or the caret) began.
-    QString previous;
-    qsizetype previousStart = 0;
 };
 
 } // namespace
@@ -243,22 +290,37 @@ public:
     void SetEvents(EditBoxEvents* events) override { m_events = events; }
     [[nodiscard]] std::u16string Text() const override { return FromQString(m_edit->text()); }
     void SetText(std::u16string_view text) override {
+        if (m_restoring) return;
         const Programmatic write(*m_limit);
+        // Inside an edit (the user's, or a final-validation write) the write is part of that edit's step; a
+        // final-validation write of its own is a step of its own; the program's text starts the history
+        // afresh.
+        if (m_history.InGroup()) return m_edit->setText(ToQString(text));
+        if (m_owner.m_control && m_owner.m_control->state().ProgrammaticWrite) {
+            const HistoryStep step(*this);
+            return m_edit->setText(ToQString(text));
+        }
         m_edit->setText(ToQString(text));
+        m_history.Reset(State());
     }
     [[nodiscard]] int32_t SelStart() const override {
         return m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
     }
-    void SetSelStart(int32_t start) override { m_edit->setCursorPosition(std::max(start, 0)); }
+    void SetSelStart(int32_t start) override {
+        if (!m_restoring) m_edit->setCursorPosition(std::max(start, 0));
+    }
     [[nodiscard]] int32_t SelLength() const override { return m_edit->selectionLength(); }
     void SetSelLength(int32_t length) override {
+        if (m_restoring) return;
         const int32_t start = SelStart();
         m_edit->setSelection(
             start, std::clamp<int32_t>(length, 0, static_cast<int32_t>(m_edit->text().size()) - start));
     }
     [[nodiscard]] std::u16string SelText() const override { return FromQString(m_edit->selectedText()); }
     void SetSelText(std::u16string_view text) override {
+        if (m_restoring) return;
         const Programmatic write(*m_limit);
+        const HistoryStep step(*this);
         m_edit->insert(ToQString(text));
     }
     [[nodiscard]] int32_t MaxLength() const override { return static_cast<int32_t>(m_limit->limit); }
@@ -337,7 +399,9 @@ public:
     void OLEDrag() override;
 
     // Alerts, locale and about box.
-    void Beep() override { m_beep ? m_beep() : QApplication::beep(); }
+    void Beep() override {
+        if (!m_restoring) m_beep ? m_beep() : QApplication::beep();
+    }
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] LocaleInfo Locale() const override {
@@ -378,6 +442,31 @@ public:
     [[nodiscard]] bool InOwnDialog() const { return m_dialogsOpen > 0; }
     [[nodiscard]] bool Resizing() const { return m_resizing; }
 
+    /// Makes what happens in its scope (a key, a drop, a final-validation write and the repairs they cause)
+    /// one undo step.
+    class HistoryStep {
+    public:
+        explicit HistoryStep(QtServices& services)
+            : m_services(services) {
+            services.m_history.Begin(services.State());
+        }
+        ~HistoryStep() { m_services.m_history.End(m_services.State()); }
+        HistoryStep(const HistoryStep&) = delete;
+        HistoryStep& operator=(const HistoryStep&) = delete;
+
+    private:
+        QtServices& m_services;
+    };
+
+    [[nodiscard]] bool CanUndo() const { return !m_edit->isReadOnly() && m_history.CanUndo(); }
+    [[nodiscard]] bool CanRedo() const { return !m_edit->isReadOnly() && m_history.CanRedo(); }
+    void Undo() {
+        if (CanUndo()) Restore(m_history.Undo());
+    }
+    void Redo() {
+        if (CanRedo()) Restore(m_history.Redo());
+    }
+
     QuillmarEdit& m_owner;
     QLineEdit* m_edit = nullptr;
     bool m_userMode = true;
@@ -403,6 +492,11 @@ private:
         bool m_was;
     };
 
+    [[nodiscard]] EditState State() const;
+    /// Writes an undone or redone state as the program writes a text, so that the user's limits do not cut
+    /// it; the control sees the change (the form gets Change once, strong sifting takes it as its restore
+    /// point), but its repairs and beeps are held back: the state was one the field itself left.
+    void Restore(const EditState& state);
     void Resize(int32_t width, int32_t height);
     void ApplyFrame();
     void ApplyCursor();
@@ -424,6 +518,8 @@ private:
     int16_t m_oleDropMode = 0;
     int m_dialogsOpen = 0;
     bool m_resizing = false;
+    EditHistory m_history;
+    bool m_restoring = false;
 };
 
 /// The edit box: a line edit whose keys, input-method text, mouse, focus and drops go through the control
@@ -438,6 +534,8 @@ public:
     }
 
 protected:
+    bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -477,24 +575,59 @@ QtServices::QtServices(QuillmarEdit& owner)
     m_edit->setMaxLength(std::numeric_limits<int>::max());
     m_limit = new UserEditLimits(m_edit);
     m_edit->setValidator(m_limit);
+    m_limit->rewritePaste = [this](std::u16string& text) {
+        if (m_events) m_events->OnPasteText(text);
+    };
     m_owner.setFocusProxy(m_edit);
     m_owner.setFocusPolicy(Qt::StrongFocus);
     // The validator needs the text and the selection as they were before each edit; QLineEdit reports them
-    // after its checks, so what was last reported is what an edit starts from.
+    // after its checks, so what was last reported is what an edit starts from. The undo history follows the
+    // caret and the selection between edits too: an edit undone puts them back.
     const auto recordSelection = [this] {
         m_limit->previousStart
             = m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
+        if (!m_history.InGroup() && !m_restoring && m_edit->text() == m_history.Settled().text)
+            m_history.Settle(State());
     };
     QObject::connect(m_edit, &QLineEdit::cursorPositionChanged, &m_owner, recordSelection);
     QObject::connect(m_edit, &QLineEdit::selectionChanged, &m_owner, recordSelection);
     // QLineEdit also reports an edit that left the text as it was (a character typed over itself); the field
-    // reports changes of the text only.
+    // reports changes of the text only. A user's change outside the edits the field follows one by one (a
+    // cut, paste or delete from the context menu, or called on the line edit) is a step from the state last
+    // left.
     QObject::connect(m_edit, &QLineEdit::textChanged, &m_owner, [this, recordSelection](const QString& text) {
         const bool changed = text != m_limit->previous;
         m_limit->previous = text;
+        m_limit->lastMade = QString();
         recordSelection();
+        const bool ownStep = changed && !m_history.InGroup() && !m_limit->programmatic && !m_restoring;
+        if (ownStep) m_history.BeginFromSettled();
         if (changed && m_events) m_events->OnChange();
+        if (ownStep) m_history.End(State());
     });
+    m_history.Reset(State());
+}
+
+EditState QtServices::State() const {
+    const int cursor = m_edit->cursorPosition();
+    const int anchor = !m_edit->hasSelectedText() ? cursor
+        : cursor == m_edit->selectionStart()      ? m_edit->selectionEnd()
+                                                  : m_edit->selectionStart();
+    return { m_edit->text(), cursor, anchor };
+}
+
+void QtServices::Restore(const EditState& state) {
+    {
+        const Programmatic write(*m_limit);
+        m_restoring = true;
+        m_edit->setText(state.text);
+        m_restoring = false;
+    }
+    if (state.anchor == state.cursor)
+        m_edit->setCursorPosition(state.cursor);
+    else
+        m_edit->setSelection(state.anchor, state.cursor - state.anchor);
+    m_history.Settle(State());
 }
 
 void QtServices::Resize(int32_t width, int32_t height) {
@@ -614,7 +747,40 @@ void QtServices::Show() {
 
 // The edit box's events.
 
+bool QuillmarLineEdit::event(QEvent* event) {
+    // The undo and redo keys reach the field before any shortcut of the window.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (IsUndoKey(key) || IsRedoKey(key)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+// The line edit's own menu, with Undo and Redo working on the field's history.
+void QuillmarLineEdit::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = createStandardContextMenu();
+    for (QAction* action : menu->actions()) {
+        // The actions are known by their text, as the line edit names them (before any shortcut it shows).
+        const QString name = action->text().section(u'\t', 0, 0);
+        const bool undo = name == QLineEdit::tr("&Undo");
+        if (!undo && name != QLineEdit::tr("&Redo")) continue;
+        action->setObjectName(undo ? QStringLiteral("edit-undo") : QStringLiteral("edit-redo"));
+        QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
+        action->setEnabled(undo ? m_services.CanUndo() : m_services.CanRedo());
+        QObject::connect(action, &QAction::triggered, this, [this, undo] {
+            const QtServices::HistoryStep noStep(m_services); // the restore is no step of its own
+            undo ? m_services.Undo() : m_services.Redo();
+        });
+    }
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
+}
+
 void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
+    const QtServices::HistoryStep step(m_services);
     EditBoxEvents* events = Events();
     if (!events) return QLineEdit::keyPressEvent(event);
     int16_t keyCode = VirtualKey(*event);
@@ -633,7 +799,11 @@ void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 void QuillmarLineEdit::InsertKey(QKeyEvent* event, int16_t typed, int16_t keyAscii) {
-    if (keyAscii == typed) return QLineEdit::keyPressEvent(event);
+    if (keyAscii == typed) {
+        if (IsRedoKey(*event)) return m_services.Redo();
+        if (IsUndoKey(*event)) return m_services.Undo();
+        return QLineEdit::keyPressEvent(event);
+    }
     // The form or the control changed the key: the changed character is what the box receives.
     const char16_t changed = static_cast<char16_t>(static_cast<uint16_t>(keyAscii));
     if (changed == 8) {
@@ -654,6 +824,7 @@ void QuillmarLineEdit::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void QuillmarLineEdit::inputMethodEvent(QInputMethodEvent* event) {
+    const QtServices::HistoryStep step(m_services);
     EditBoxEvents* events = Events();
     if (!events || event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
     // Text committed by an input method meets the same sifting as typed keys, one character at a time.
@@ -665,7 +836,10 @@ void QuillmarLineEdit::inputMethodEvent(QInputMethodEvent* event) {
     }
     QInputMethodEvent sifted(event->preeditString(), event->attributes());
     sifted.setCommitString(accepted, event->replacementStart(), event->replacementLength());
+    UserEditLimits& limits = m_services.Limits();
+    limits.composing = true;
     QLineEdit::inputMethodEvent(&sifted);
+    limits.composing = false;
 }
 
 void QuillmarLineEdit::RaiseMouse(MouseHandler handler, const QMouseEvent& event) {
@@ -760,6 +934,7 @@ void QuillmarLineEdit::dropEvent(QDropEvent* event) {
     // An automatic drop target inserts the text; a manual one leaves the drop to the form.
     if (RaiseDrop(event, std::nullopt).value_or(0) == 0 || m_services.OLEDropMode() != 2)
         return event->ignore();
+    const QtServices::HistoryStep step(m_services);
     QLineEdit::dropEvent(event);
 }
 

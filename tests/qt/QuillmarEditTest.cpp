@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QMenu>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -208,6 +210,97 @@ TEST_F(Form, ScriptsAgreeWithTheMemoryEditBox) {
             }
         }
     }
+}
+
+// Each change the field makes is undone together with the user's edit that caused it (while typing) or on its
+// own (on leaving): Ctrl+Z brings back the text before it, Ctrl+Y and Ctrl+Shift+Z the text after, and each
+// restored text is one Change. Keys are typed from an empty field, then the text pasted, then the field left.
+TEST_F(Form, UndoAndRedoCoverTheFieldsOwnChanges) {
+    const struct {
+        const char* name;
+        int32_t type;
+        InputSiftingConstants sifting;
+        std::function<void(QuillmarEdit&)> rules;
+        QString typed, pasted;
+        bool leave;
+        QString before, after;
+    } rows[] = {
+        { "plain typing", vldString, vldNone, {}, "ab", "", false, "a", "ab" },
+        { "case forced", vldString, vldStrong, [](QuillmarEdit& f) { f.SetMustBeUpperCase(true); }, "ab", "",
+            false, "A", "AB" },
+        { "trimmed", vldInteger, vldStrong, {}, "5", "3 ", false, "5", "53" },
+        { "minus put in front", vldInteger, vldStrong, [](QuillmarEdit& f) { f.SetMustBeNegative(true); },
+            "5", "", false, "", "-5" },
+        { "refused by strong sifting", vldInteger, vldStrong, {}, "12", "abc", false, "1", "12" },
+        { "rewritten as understood", vldInteger, vldWeak, {}, "007", "", true, "007", "7" },
+        { "corrected", vldInteger, vldWeak, [](QuillmarEdit& f) { f.SetMaxValue(100); }, "250", "", true,
+            "250", "100" },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        QuillmarEdit* field = AddField("Field", row.type, row.sifting);
+        QuillmarEdit* next = AddField("Next", vldString, vldNone);
+        if (row.rules) row.rules(*field);
+        int changes = 0;
+        QObject::connect(field, &QuillmarEdit::Change, [&] { ++changes; });
+        ShowAndFocus(field);
+        QLineEdit* edit = field->lineEdit();
+        QTest::keyClicks(edit, row.typed);
+        if (!row.pasted.isEmpty()) {
+            QApplication::clipboard()->setText(row.pasted);
+            QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+        }
+        if (row.leave) QTest::keyClick(edit, Qt::Key_Tab);
+        ASSERT_TRUE(WaitFor([&] { return field->Text() == row.after; })) << field->Text().toStdString();
+        edit->setFocus(Qt::OtherFocusReason);
+        ASSERT_TRUE(WaitFor([&] { return edit->hasFocus(); }));
+        changes = 0;
+        for (const auto& [keys, text] :
+            { std::pair { "Ctrl+Z", row.before }, std::pair { "Ctrl+Y", row.after },
+                std::pair { "Ctrl+Z", row.before }, std::pair { "Ctrl+Shift+Z", row.after } }) {
+            QTest::keySequence(edit, QKeySequence(QString::fromLatin1(keys)));
+            EXPECT_EQ(field->Text(), text) << keys;
+        }
+        EXPECT_EQ(changes, 4);
+        QTest::keyClick(edit, Qt::Key_Tab); // the restored text is valid: the field lets go
+        EXPECT_TRUE(WaitFor([&] { return next->lineEdit()->hasFocus(); }));
+        delete field;
+        delete next;
+    }
+}
+
+// The context menu's Undo and Redo work on the same history, enabled as it allows; the program's text starts
+// it afresh; an undone text becomes what strong sifting restores.
+TEST_F(Form, ContextMenuUndoesAndRedoes) {
+    QuillmarEdit* code = AddField("Code", vldString, vldStrong);
+    code->SetOnlyLetters(true);
+    ShowAndFocus(code);
+    QLineEdit* edit = code->lineEdit();
+    // Opens the menu, tells whether the action is enabled and, if asked, chooses it.
+    const auto menu = [&](const char* name, bool choose) {
+        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(edit, &open);
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        auto* action = popup ? popup->findChild<QAction*>(QString::fromLatin1(name)) : nullptr;
+        const bool enabled = action && action->isEnabled();
+        if (enabled && choose) action->trigger();
+        if (popup) popup->close();
+        return enabled;
+    };
+    QTest::keyClicks(edit, QStringLiteral("q"));
+    code->SetText(QStringLiteral("ab"));
+    EXPECT_FALSE(menu("edit-undo", false));
+    QTest::keyClicks(edit, QStringLiteral("c"));
+    EXPECT_FALSE(menu("edit-redo", false));
+    EXPECT_TRUE(menu("edit-undo", true));
+    EXPECT_EQ(code->Text(), QStringLiteral("ab"));
+    EXPECT_FALSE(menu("edit-undo", false));
+    EXPECT_TRUE(menu("edit-redo", true));
+    EXPECT_EQ(code->Text(), QStringLiteral("abc"));
+    EXPECT_TRUE(menu("edit-undo", true));
+    QTest::keyClicks(edit, QStringLiteral("1"));
+    EXPECT_EQ(code->Text(), QStringLiteral("ab"));
+    EXPECT_EQ(beeps, 1);
 }
 
 TEST_F(Form, FormCanChangeAKeyInItsKeyPressHandler) {
