@@ -1,5 +1,7 @@
 #include "validation/Numbers.h"
 
+#include "validation/NumberGrammar.h"
+
 #include "control/Enums.h"
 
 #include <algorithm>
@@ -10,13 +12,6 @@
 
 namespace quillmar {
 namespace {
-
-bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-bool IsBlank(char16_t c) {
-    return c == u' ' || c == u'\t';
-}
 
 // Decimal position of the leading digit: the value lies in [10^(m-1), 10^m).
 int64_t Magnitude(const NumberDigits& number) {
@@ -124,59 +119,16 @@ std::u16string LayOutScientific(
 } // namespace
 
 std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleInfo& locale) {
-    size_t i = 0;
-    const size_t n = text.size();
-    while (i < n && IsBlank(text[i]))
-        ++i;
-    ParsedNumber number;
-    if (i < n && (text[i] == u'+' || text[i] == u'-')) {
-        number.negative = text[i] == u'-';
-        ++i;
-    }
     std::string all;
-    size_t wholeDigits = 0;
-    size_t fractionDigits = 0;
-    for (; i < n; ++i) {
-        if (IsDigit(text[i])) {
-            all += static_cast<char>(text[i]);
-            ++wholeDigits;
-        } else if (IsGroupSeparator(text[i], locale.groupSeparator) && text[i] != locale.decimalSeparator
-            && wholeDigits > 0 && i + 1 < n && IsDigit(text[i + 1])) {
-            continue;
-        } else {
-            break;
-        }
-    }
-    if (i < n && text[i] == locale.decimalSeparator) {
-        for (++i; i < n && IsDigit(text[i]); ++i) {
-            all += static_cast<char>(text[i]);
-            ++fractionDigits;
-        }
-    }
-    if (wholeDigits + fractionDigits == 0) return std::nullopt;
-    int64_t exponent = 0;
-    if (i < n && (text[i] == u'e' || text[i] == u'E')) {
-        ++i;
-        bool negativeExponent = false;
-        if (i < n && (text[i] == u'+' || text[i] == u'-')) {
-            negativeExponent = text[i] == u'-';
-            ++i;
-        }
-        const size_t expStart = i;
-        for (; i < n && IsDigit(text[i]); ++i)
-            exponent = std::min<int64_t>(exponent * 10 + (text[i] - u'0'), int64_t { 1 } << 40);
-        if (i == expStart) return std::nullopt;
-        if (negativeExponent) exponent = -exponent;
-    }
-    while (i < n && IsBlank(text[i]))
-        ++i;
-    if (i != n) return std::nullopt;
-
+    const auto shape = grammar::ReadNumber(text, locale, [&all](char16_t c) { all += static_cast<char>(c); });
+    if (!shape) return std::nullopt;
+    ParsedNumber number;
+    number.negative = shape->negative;
     const size_t firstSignificant = all.find_first_not_of('0');
     if (firstSignificant != std::string::npos) {
         const size_t lastSignificant = all.find_last_not_of('0');
         number.digits = all.substr(firstSignificant, lastSignificant - firstSignificant + 1);
-        number.exponent = exponent - static_cast<int64_t>(fractionDigits)
+        number.exponent = shape->exponent - static_cast<int64_t>(shape->fractionDigits)
             + static_cast<int64_t>(all.size() - 1 - lastSignificant);
     }
     const std::optional<double> value = ReadFloat<double>(DigitsOf(number));

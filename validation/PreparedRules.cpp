@@ -15,23 +15,6 @@
 namespace quillmar {
 namespace {
 
-int32_t TypeBit(int32_t type) {
-    switch (type) {
-    case vldByte:
-        return vldCCMustBeByte;
-    case vldInteger:
-        return vldCCMustBeInteger;
-    case vldLong:
-        return vldCCMustBeLong;
-    case vldSingle:
-        return vldCCMustBeSingle;
-    case vldDouble:
-        return vldCCMustBeDouble;
-    default:
-        return vldCCMustBeCurrency;
-    }
-}
-
 bool IsDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }

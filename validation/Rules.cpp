@@ -48,23 +48,6 @@ std::u16string TooManyDecimalsPattern(char16_t separator, int decimals) {
     return pattern;
 }
 
-int32_t TypeBit(int32_t type) {
-    switch (type) {
-    case vldByte:
-        return vldCCMustBeByte;
-    case vldInteger:
-        return vldCCMustBeInteger;
-    case vldLong:
-        return vldCCMustBeLong;
-    case vldSingle:
-        return vldCCMustBeSingle;
-    case vldDouble:
-        return vldCCMustBeDouble;
-    default:
-        return vldCCMustBeCurrency;
-    }
-}
-
 int32_t NumericRules(std::u16string_view text, const Settings& settings, const LocaleInfo& locale) {
     const auto number = ParseNumber(text, locale);
     if (!number) return vldCCMustBeNumber;
@@ -115,6 +98,23 @@ int32_t TextRules(
 }
 
 } // namespace
+
+int32_t TypeBit(int32_t type) noexcept {
+    switch (type) {
+    case vldByte:
+        return vldCCMustBeByte;
+    case vldInteger:
+        return vldCCMustBeInteger;
+    case vldLong:
+        return vldCCMustBeLong;
+    case vldSingle:
+        return vldCCMustBeSingle;
+    case vldDouble:
+        return vldCCMustBeDouble;
+    default:
+        return vldCCMustBeCurrency;
+    }
+}
 
 int32_t CharacterRules(char16_t c, const Settings& settings) noexcept {
     int32_t result = 0;

@@ -17,6 +17,10 @@ namespace quillmar {
 /// letter rules.
 [[nodiscard]] int32_t CharacterRules(char16_t c, const Settings& settings) noexcept;
 
+/// The constraint bit of a numeric type's own test (`vldCCMustBeByte` ... `vldCCMustBeCurrency`; the
+/// currency bit for any other type).
+[[nodiscard]] int32_t TypeBit(int32_t type) noexcept;
+
 /// The constraints the text breaks under the settings, as an OR of `ConstraintsConstants` bits; 0 when the
 /// text is valid. `maxLength` is the edit box's limit (0: none). Stages, in order: an empty text is only
 /// checked against `RequiredField`; a date or time is checked for its class, limits and forbidden values;
