@@ -14,9 +14,17 @@ struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-// Reads blocks into `buffer` until it holds a whole first record or the file ends; false on a read error.
+// The bytes after a UTF-8 byte-order mark, if the text starts with one.
+std::string_view AfterByteOrderMark(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    return bytes;
+}
+
+// Reads blocks into `buffer` until it holds a whole first record (the byte-order mark is no part of it) or
+// the file ends; false on a read error.
 bool ReadUntilHeader(std::FILE* file, std::string& buffer, size_t block, bool& atEnd) {
-    while (!atEnd && FirstRecord(buffer).length == 0 && buffer.size() <= kMaxRecordBytes) {
+    while (
+        !atEnd && FirstRecord(AfterByteOrderMark(buffer)).length == 0 && buffer.size() <= kMaxRecordBytes) {
         const size_t size = buffer.size();
         buffer.resize(size + block);
         const size_t read = std::fread(buffer.data() + size, 1, block, file);
