@@ -1,6 +1,7 @@
 #include "host/qt/QuillmarEdit.h"
 
 #include "host/qt/EditHistory.h"
+#include "host/qt/FieldHints.h"
 #include "host/qt/QtAlerts.h"
 
 #include <QAbstractButton>
@@ -59,15 +60,25 @@ int16_t KeyShiftMask(const QKeyEvent& event) {
     return IsAltGrCharacter(event) ? static_cast<int16_t>(mask & ~kCtrlMask) : mask;
 }
 
+// Whether a key may be one of the platform's undo or redo keys: those all come with a modifier other than
+// Shift, or are the keyboard's own Undo and Redo keys. Looking a key up among the platform's bindings costs
+// more than the rest of a typed key, so plain typing skips it.
+bool MayUndoOrRedo(const QKeyEvent& event) {
+    return (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != Qt::NoModifier
+        || event.key() == Qt::Key_Undo || event.key() == Qt::Key_Redo;
+}
+
 // The keys that undo and redo in the field: the platform's own, and Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z
 // everywhere.
 bool IsUndoKey(const QKeyEvent& event) {
+    if (!MayUndoOrRedo(event)) return false;
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     return event.matches(QKeySequence::Undo)
         || (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Z);
 }
 
 bool IsRedoKey(const QKeyEvent& event) {
+    if (!MayUndoOrRedo(event)) return false;
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     return event.matches(QKeySequence::Redo) || (modifiers == Qt::ControlModifier && event.key() == Qt::Key_Y)
         || (modifiers == (Qt::ControlModifier | Qt::ShiftModifier) && event.key() == Qt::Key_Z);
@@ -780,6 +791,7 @@ void QuillmarLineEdit::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
+    const FieldHints::KeyWatch watch(m_services.m_owner.hints(), *event);
     const QtServices::HistoryStep step(m_services);
     EditBoxEvents* events = Events();
     if (!events) return QLineEdit::keyPressEvent(event);
@@ -948,6 +960,8 @@ QuillmarEdit::QuillmarEdit(QWidget* parent)
     m_control->SetEventListener(m_services.get());
     s.SetFont(FromQFont(parent ? parent->font() : QApplication::font()));
     resize(m_services->m_edit->sizeHint());
+    m_hints = new FieldHints(*this, *m_services->m_edit);
+    m_hints->Refresh();
 }
 
 QuillmarEdit::~QuillmarEdit() {
@@ -972,6 +986,27 @@ void QuillmarEdit::SetAboutBoxHandler(std::function<void()> handler) {
 
 void QuillmarEdit::SetLocaleName(const QString& name) {
     m_services->m_localeName = name;
+    m_hints->Refresh();
+}
+
+QString QuillmarEdit::LocaleName() const {
+    return m_services->m_localeName.isEmpty() ? QLocale::system().name() : m_services->m_localeName;
+}
+
+void QuillmarEdit::SetShowRefusalTips(bool on) {
+    m_hints->SetShowRefusalTips(on);
+}
+
+bool QuillmarEdit::ShowRefusalTips() const {
+    return m_hints->ShowRefusalTips();
+}
+
+void QuillmarEdit::SetShowInlineState(bool on) {
+    m_hints->SetShowInlineState(on);
+}
+
+bool QuillmarEdit::ShowInlineState() const {
+    return m_hints->ShowInlineState();
 }
 
 void QuillmarEdit::SetUserMode(bool userMode) {

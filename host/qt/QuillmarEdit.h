@@ -13,6 +13,7 @@
 
 namespace quillmar::qt {
 
+class FieldHints;
 class QtServices;
 
 /// The data-entry field as a Qt widget. Its only child, a `QLineEdit`, is the edit box and always covers it.
@@ -122,6 +123,8 @@ class QuillmarEdit : public QWidget {
     Q_PROPERTY(int hwnd READ hwnd DESIGNABLE false)
     Q_PROPERTY(bool HideSelection READ HideSelection DESIGNABLE false)
     Q_PROPERTY(QString rules READ rules WRITE setRules NOTIFY PropertyChanged)
+    Q_PROPERTY(bool ShowRefusalTips READ ShowRefusalTips WRITE SetShowRefusalTips)
+    Q_PROPERTY(bool ShowInlineState READ ShowInlineState WRITE SetShowInlineState)
 public:
     explicit QuillmarEdit(QWidget* parent = nullptr);
     ~QuillmarEdit() override;
@@ -143,6 +146,19 @@ public:
     /// The locale whose separators, date order and designators the field follows ("de_DE"); empty for the
     /// system's (`QLocale::system().name()`, read afresh at every use).
     void SetLocaleName(const QString& name);
+    /// The name of the locale the field follows (the system's when none was set).
+    [[nodiscard]] QString LocaleName() const;
+    /// Whether a typed key or a paste the control refuses also shows, for a few seconds, a tip at the caret
+    /// saying why ("Only digits can be typed here"); off by default. The beep and the text springing back
+    /// stay as they are.
+    void SetShowRefusalTips(bool on);
+    [[nodiscard]] bool ShowRefusalTips() const;
+    /// Whether the field shows, while its text breaks a rule, a frame in the warning colour and a warning
+    /// icon whose tool tip is the rules in words; off by default. No message box opens for it.
+    void SetShowInlineState(bool on);
+    [[nodiscard]] bool ShowInlineState() const;
+    /// The placeholder, the accessible description and the inline state.
+    [[nodiscard]] FieldHints& hints() const { return *m_hints; }
     /// False while the form is being designed; true (the default) when it runs.
     void SetUserMode(bool userMode);
     [[nodiscard]] bool UserMode() const;
@@ -351,6 +367,7 @@ private:
     friend class QtServices;
     std::unique_ptr<QtServices> m_services;
     std::unique_ptr<Quillmar> m_control;
+    FieldHints* m_hints = nullptr;
 };
 
 } // namespace quillmar::qt

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QAction;
+class QKeyEvent;
+class QLineEdit;
+class QWidget;
+
+namespace quillmar::qt {
+
+class QuillmarEdit;
+
+/// What the field tells the user beside the control's own beep and message box: the grey example an empty
+/// edit box shows and the rules in words as its accessible description (both refreshed whenever a property or
+/// the locale changes), and, when the form asks for them, a tip at the caret saying why a key or a paste did
+/// nothing, and a frame and an icon while the text breaks a rule. The widget's tool tip stays the form's.
+class FieldHints final : public QObject {
+    Q_OBJECT
+public:
+    FieldHints(QuillmarEdit& field, QLineEdit& edit);
+
+    /// Reads the rules and the locale afresh: placeholder, accessible description and inline state.
+    void Refresh();
+
+    void SetShowRefusalTips(bool on) { m_refusalTips = on; }
+    [[nodiscard]] bool ShowRefusalTips() const { return m_refusalTips; }
+    void SetShowInlineState(bool on);
+    [[nodiscard]] bool ShowInlineState() const { return m_inlineState; }
+    /// The icon shown while the text breaks a rule; nullptr while the state is off.
+    [[nodiscard]] QAction* StateIcon() const { return m_stateIcon; }
+    /// The frame drawn around the edit box while the text breaks a rule.
+    [[nodiscard]] QWidget* StateFrame() const { return m_stateFrame; }
+
+    /// Watches one key press of the edit box: when it was a typed character or a paste and the control
+    /// refused it, the tip says why once the key is done.
+    class KeyWatch {
+    public:
+        KeyWatch(FieldHints& hints, const QKeyEvent& event);
+        ~KeyWatch();
+        KeyWatch(const KeyWatch&) = delete;
+        KeyWatch& operator=(const KeyWatch&) = delete;
+
+    private:
+        FieldHints& m_hints;
+        bool m_typed = false;
+        bool m_paste = false;
+        int m_changesBefore = 0;
+    };
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void UpdateInlineState();
+    void ShowRefusalTip();
+
+    QuillmarEdit& m_field;
+    QLineEdit& m_edit;
+    QString m_description;
+    bool m_refusalTips = false;
+    bool m_inlineState = false;
+    int m_changes = 0;
+    QPointer<QAction> m_stateIcon;
+    QPointer<QWidget> m_stateFrame;
+};
+
+} // namespace quillmar::qt
