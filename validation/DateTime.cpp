@@ -25,12 +25,6 @@ constexpr int64_t DaysFromCivil(int64_t year, int64_t month, int64_t day) noexce
     return era * 146097 + dayOfEra - 719468;
 }
 
-struct CivilDate {
-    int64_t year;
-    int month;
-    int day;
-};
-
 constexpr CivilDate CivilFromDays(int64_t days) noexcept {
     days += 719468;
     const int64_t era = (days >= 0 ? days : days - 146096) / 146097;
@@ -332,6 +326,10 @@ std::u16string FormatDateTime(Date value, const LocaleInfo& locale) {
         AppendTime(text, static_cast<int>(seconds), locale);
     }
     return text;
+}
+
+CivilDate CivilDateOfSerial(int64_t serialDay) noexcept {
+    return CivilFromDays(serialDay + kEpoch);
 }
 
 } // namespace quillmar

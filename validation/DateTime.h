@@ -3,6 +3,7 @@
 #include "control/Variant.h"
 #include "host/LocaleInfo.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,16 @@ struct ParsedDateTime {
 
 /// The days from 30 December 1899 of a calendar date; nullopt for an invalid date or a year outside 100-9999.
 [[nodiscard]] std::optional<double> SerialFromDate(int year, int month, int day) noexcept;
+
+/// A proleptic Gregorian calendar date.
+struct CivilDate {
+    int64_t year;
+    int month;
+    int day;
+};
+
+/// The calendar date of a whole day number counted from 30 December 1899 (day 0; -1 is 29 December 1899).
+[[nodiscard]] CivilDate CivilDateOfSerial(int64_t serialDay) noexcept;
 
 /// The locale's own text of a date-time: the short date with a four-digit year when the whole part is
 /// not zero, the time with seconds (12-hour with the locale's designator where the locale uses one)

@@ -1,6 +1,7 @@
 #include "apps/forms/Record.h"
 
 #include "control/Enums.h"
+#include "validation/DateTime.h"
 #include "validation/Numbers.h"
 
 #include <charconv>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int64_t kSecondsPerDay = 86400;
 // 30 December 1899 counted from 1 January 1970.
-constexpr int64_t kSerialEpochFromUnix = -25569;
 
 std::u16string Ascii(std::string_view text) {
     return std::u16string(text.begin(), text.end());
@@ -29,19 +29,6 @@ DayAndSecond Split(double days) {
     const double fraction = std::fabs(days - whole);
     const auto second = std::min<int64_t>(std::llround(fraction * kSecondsPerDay), kSecondsPerDay - 1);
     return { static_cast<int64_t>(whole), second };
-}
-
-// The proleptic Gregorian date of a count of days from 1 January 1970, in 400-year eras of 146097 days.
-void CivilFromDays(int64_t z, int64_t& year, unsigned& month, unsigned& day) {
-    z += 719468;
-    const int64_t era = (z >= 0 ? z : z - 146096) / 146097;
-    const auto dayOfEra = static_cast<unsigned>(z - era * 146097);
-    const unsigned yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const unsigned dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const unsigned shiftedMonth = (5 * dayOfYear + 2) / 153; // March is 0
-    day = dayOfYear - (153 * shiftedMonth + 2) / 5 + 1;
-    month = shiftedMonth < 10 ? shiftedMonth + 3 : shiftedMonth - 9;
-    year = static_cast<int64_t>(yearOfEra) + era * 400 + (month <= 2 ? 1 : 0);
 }
 
 // A single is stored as the double its shortest text reads as: 0.1f becomes 0.1, not 0.100000001490116.
@@ -117,11 +104,10 @@ StoredValue StoredValueOf(const Variant& value, int32_t mustBeType) {
 }
 
 std::u16string IsoDate(double days) {
-    int64_t year = 0;
-    unsigned month = 0, day = 0;
-    CivilFromDays(Split(days).day + kSerialEpochFromUnix, year, month, day);
+    const CivilDate date = CivilDateOfSerial(Split(days).day);
     char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%04lld-%02u-%02u", static_cast<long long>(year), month, day);
+    std::snprintf(
+        buffer, sizeof buffer, "%04lld-%02d-%02d", static_cast<long long>(date.year), date.month, date.day);
     return Ascii(buffer);
 }
 
