@@ -294,6 +294,15 @@ public:
         return std::nullopt;
     }
 
+    /// A true-or-false field that may be left out, reading then as false.
+    std::optional<bool> OptionalFlag(const char* name) {
+        const auto found = m_object.find(name);
+        if (found == m_object.end()) return false;
+        if (found->is_boolean()) return found->get<bool>();
+        Fail(std::string("field \"") + name + "\": expected true or false, got " + Shown(*found));
+        return std::nullopt;
+    }
+
     std::optional<int32_t> Integer(const char* name, bool allowNegative) {
         const Json* field = Field(name);
         if (!field) return std::nullopt;
@@ -460,8 +469,11 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
     const auto title = fields.Text("title");
     const auto width = fields.Integer("width", false);
     const auto height = fields.Integer("height", false);
+    const auto refusalTips = fields.OptionalFlag("showRefusalTips");
+    const auto inlineState = fields.OptionalFlag("showInlineState");
     const Json* controls = fields.Field("controls");
-    if (!title || !width || !height || !controls) return Failure(std::move(error));
+    if (!title || !width || !height || !refusalTips || !inlineState || !controls)
+        return Failure(std::move(error));
     if (!controls->is_array())
         return Failure(where.Line("field \"controls\": expected an array, got " + Shown(*controls)));
     if (controls->size() > kMaxFormFields)
@@ -469,6 +481,8 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
     document.title = *title;
     document.width = *width;
     document.height = *height;
+    document.showRefusalTips = *refusalTips;
+    document.showInlineState = *inlineState;
     for (size_t i = 0; i < controls->size(); ++i) {
         auto control = ReadControl((*controls)[i], i, where, error);
         if (!control) return Failure(std::move(error));
@@ -524,6 +538,9 @@ std::string FormToJson(const FormDocument& document) {
     out += "  \"title\": " + text(document.title) + ",\n";
     out += "  \"width\": " + std::to_string(document.width) + ",\n";
     out += "  \"height\": " + std::to_string(document.height) + ",\n";
+    // The hints are written only when on, so a form that never used them reads as it always did.
+    if (document.showRefusalTips) out += "  \"showRefusalTips\": true,\n";
+    if (document.showInlineState) out += "  \"showInlineState\": true,\n";
     out += "  \"controls\": [";
     for (size_t i = 0; i < document.controls.size(); ++i) {
         const FormControl& control = document.controls[i];

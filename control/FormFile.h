@@ -33,12 +33,17 @@ inline constexpr int32_t kMaxFormExtent = 10000;
 /// The most fields a form holds.
 inline constexpr size_t kMaxFormFields = 1000;
 
-/// A form: its title, its client size in pixels and its fields in tab order.
+/// A form: its title, its client size in pixels, its fields in tab order, and the hints every field of it
+/// gives while it is filled in.
 struct FormDocument {
     std::u16string title;
     int32_t width = 0;
     int32_t height = 0;
     std::vector<FormControl> controls;
+    /// A short tip at the caret naming the rule that refused a key or a paste.
+    bool showRefusalTips = false;
+    /// A frame colour and an icon in a field whose text breaks one of its rules.
+    bool showInlineState = false;
     friend bool operator==(const FormDocument&, const FormDocument&) = default;
 };
 
@@ -53,7 +58,8 @@ struct [[nodiscard]] FormResult {
 };
 
 /// Reads a form from its JSON text. The document is an object with "title" (text), "width" and "height"
-/// (integers) and "controls", an array of objects with "name" (unique, not empty), "label", optionally
+/// (integers), optionally "showRefusalTips" and "showInlineState" (true or false; absent reads as false) and
+/// "controls", an array of objects with "name" (unique, not empty), "label", optionally
 /// "toolTip" (absent reads as empty), "left", "top", "width", "height" and "properties": an object of
 /// entries in store order, each {"type": kind, "value": value} where the kind is a `standalone::KindName`;
 /// a ByteArray's value is base64 or, for bytes that hold a property store, that store's entries as a JSON

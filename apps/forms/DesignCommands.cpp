@@ -152,11 +152,12 @@ TabOrderCommand::TabOrderCommand(DesignSurface& surface, QList<int> before, QLis
     setText(Tr("Change Tab Order"));
 }
 
-TitleCommand::TitleCommand(std::function<void(const QString&)> apply, QString before, QString after)
+FormSettingsCommand::FormSettingsCommand(
+    std::function<void(const FormSettings&)> apply, FormSettings before, FormSettings after)
     : m_apply(std::move(apply))
     , m_before(std::move(before))
     , m_after(std::move(after)) {
-    setText(Tr("Change Form Title"));
+    setText(m_before.title != m_after.title ? Tr("Change Form Title") : Tr("Change Form Hints"));
 }
 
 } // namespace quillmar::forms

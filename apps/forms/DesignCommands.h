@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/forms/DesignSurface.h"
+#include "apps/forms/FieldPanel.h"
 
 #include <QUndoCommand>
 
@@ -100,17 +101,18 @@ private:
     QList<int> m_after;
 };
 
-/// Changes the form's title; `apply` sets it.
-class TitleCommand : public QUndoCommand {
+/// Changes the form's title or hints; `apply` sets them.
+class FormSettingsCommand : public QUndoCommand {
 public:
-    TitleCommand(std::function<void(const QString&)> apply, QString before, QString after);
+    FormSettingsCommand(
+        std::function<void(const FormSettings&)> apply, FormSettings before, FormSettings after);
     void redo() override { m_apply(m_after); }
     void undo() override { m_apply(m_before); }
 
 private:
-    std::function<void(const QString&)> m_apply;
-    QString m_before;
-    QString m_after;
+    std::function<void(const FormSettings&)> m_apply;
+    FormSettings m_before;
+    FormSettings m_after;
 };
 
 } // namespace quillmar::forms

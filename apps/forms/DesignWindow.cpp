@@ -184,13 +184,13 @@ void DesignWindow::Connect() {
     connect(m_undo, &QUndoStack::cleanChanged, this, &DesignWindow::UpdateTitle);
     connect(m_undo, &QUndoStack::indexChanged, this, [this] {
         UpdateTitle();
-        m_panel->Refresh(m_formTitle);
+        m_panel->Refresh(m_form);
     });
     connect(m_surface, &DesignSurface::SelectionChanged, this, [this] {
-        m_panel->Refresh(m_formTitle);
+        m_panel->Refresh(m_form);
         UpdateActions();
     });
-    connect(m_surface, &DesignSurface::FieldsChanged, this, [this] { m_panel->Refresh(m_formTitle); });
+    connect(m_surface, &DesignSurface::FieldsChanged, this, [this] { m_panel->Refresh(m_form); });
     connect(m_surface, &DesignSurface::GeometryEdited, this,
         [this](const QList<int>& ids, const QList<QRect>& before, const QList<QRect>& after, bool byKey) {
             m_undo->push(new GeometryCommand(*m_surface, ids, before, after, byKey));
@@ -221,8 +221,9 @@ void DesignWindow::Connect() {
         m_undo->push(new FieldTextCommand(
             *m_surface, id, FieldTextCommand::Which::ToolTip, m_surface->Field(id)->toolTip(), tip));
     });
-    connect(m_panel, &FieldPanel::TitleEdited, this, [this](const QString& title) {
-        m_undo->push(new TitleCommand([this](const QString& t) { SetTitle(t); }, m_formTitle, title));
+    connect(m_panel, &FieldPanel::FormEdited, this, [this](const FormSettings& after) {
+        m_undo->push(
+            new FormSettingsCommand([this](const FormSettings& form) { SetForm(form); }, m_form, after));
     });
     connect(m_panel, &FieldPanel::TabOrderMove, this, &DesignWindow::MoveInTabOrder);
 }
@@ -247,7 +248,11 @@ void DesignWindow::SetPageServices(Alerts& alerts, const pages::Clock& clock) {
 }
 
 void DesignWindow::NewForm() {
-    ShowForm(FormDocument { qt::FromQString(tr("New form")), 480, 320, {} }, QString());
+    FormDocument document;
+    document.title = qt::FromQString(tr("New form"));
+    document.width = 480;
+    document.height = 320;
+    ShowForm(document, QString());
 }
 
 bool DesignWindow::OpenForm(const QString& path) {
@@ -270,18 +275,23 @@ void DesignWindow::ShowForm(const FormDocument& document, const QString& path) {
     const std::string source = Shown(path).toStdString();
     for (size_t i = 0; i < document.controls.size(); ++i)
         (void)m_surface->InsertField(PlacedField { 0, int(i), document.controls[i] }, source);
-    m_formTitle = qt::ToQString(document.title);
+    m_form = { qt::ToQString(document.title), document.showRefusalTips, document.showInlineState };
     m_path = path;
     m_changedOutsideStack = false;
     m_undo->setClean();
     UpdateTitle();
     UpdateActions();
-    m_panel->Refresh(m_formTitle);
+    m_panel->Refresh(m_form);
     m_surface->setFocus();
 }
 
 FormDocument DesignWindow::Document() const {
-    FormDocument document { qt::FromQString(m_formTitle), m_surface->width(), m_surface->height(), {} };
+    FormDocument document;
+    document.title = qt::FromQString(m_form.title);
+    document.width = m_surface->width();
+    document.height = m_surface->height();
+    document.showRefusalTips = m_form.showRefusalTips;
+    document.showInlineState = m_form.showInlineState;
     for (PlacedField& placed : m_surface->Snapshots())
         document.controls.push_back(std::move(placed.field));
     return document;
@@ -362,14 +372,14 @@ void DesignWindow::EditName(int id, const QString& name) {
             *m_surface, id, FieldTextCommand::Which::Name, m_surface->Field(id)->objectName(), name));
         return;
     }
-    m_panel->Refresh(m_formTitle); // the box shows the name the field keeps
+    m_panel->Refresh(m_form); // the box shows the name the field keeps
     Ask(QMessageBox::Warning, tr("Field Name"), tr("\"%1\" cannot name this field. %2").arg(name, problem),
         QMessageBox::Ok);
 }
 
-void DesignWindow::SetTitle(const QString& title) {
-    m_formTitle = title;
-    m_panel->Refresh(m_formTitle);
+void DesignWindow::SetForm(const FormSettings& form) {
+    m_form = form;
+    m_panel->Refresh(m_form);
 }
 
 void DesignWindow::MoveInTabOrder(int delta) {

@@ -19,8 +19,8 @@ namespace quillmar::forms {
 
 /// quillmar-forms in design mode: a form's client area (`DesignSurface`) with its fields in design mode,
 /// a toolbox and menus to place fields, the side panel (`FieldPanel`) for names, labels, tool tips, the
-/// form's title and the tab order, the property pages on the selected fields, undo and redo of every
-/// design action, Save and Save As through a temporary file, and Run (F5), which opens the form being
+/// form's title and hints and the tab order, the property pages on the selected fields, undo and redo of
+/// every design action, Save and Save As through a temporary file, and Run (F5), which opens the form being
 /// designed in run mode. The title names the file and shows "*" while the form has unsaved changes;
 /// closing such a form asks whether to save it.
 class DesignWindow : public QMainWindow {
@@ -98,7 +98,7 @@ private:
     void RecordPageApply();
     void SnapshotProperties();
     void EditName(int id, const QString& name);
-    void SetTitle(const QString& title);
+    void SetForm(const FormSettings& form);
     void UpdateTitle();
     void UpdateActions();
 
@@ -106,7 +106,7 @@ private:
     FieldPanel* m_panel = nullptr;
     QUndoStack* m_undo = nullptr;
     QString m_path;
-    QString m_formTitle;
+    FormSettings m_form;
     QString m_localeName;
     bool m_changedOutsideStack = false;
     QPointer<pages::PropertyPageFrame> m_frame;

@@ -2,6 +2,7 @@
 
 #include "apps/forms/DesignSurface.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -18,6 +19,12 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
     , m_surface(surface) {
     m_title = new QLineEdit(this);
     m_title->setObjectName(QStringLiteral("txtTitle"));
+    m_refusalTips = new QCheckBox(tr("Say why a &key was refused"), this);
+    m_refusalTips->setObjectName(QStringLiteral("chkRefusalTips"));
+    m_refusalTips->setToolTip(tr("A short tip at the caret names the rule that refused a key or a paste"));
+    m_inlineState = new QCheckBox(tr("Mark &broken rules in the field"), this);
+    m_inlineState->setObjectName(QStringLiteral("chkInlineState"));
+    m_inlineState->setToolTip(tr("A field whose text breaks a rule shows a red frame and an icon"));
     m_name = new QLineEdit(this);
     m_name->setObjectName(QStringLiteral("txtName"));
     m_label = new QLineEdit(this);
@@ -32,6 +39,8 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
 
     auto* form = new QFormLayout;
     form->addRow(tr("Form &title:"), m_title);
+    form->addRow(m_refusalTips);
+    form->addRow(m_inlineState);
     auto* field = new QGroupBox(tr("Selected field"), this);
     auto* fieldForm = new QFormLayout(field);
     fieldForm->addRow(tr("&Name:"), m_name);
@@ -51,6 +60,14 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
 
     for (QLineEdit* box : { m_title, m_name, m_label, m_toolTip })
         connect(box, &QLineEdit::editingFinished, this, [this, box] { Commit(box); });
+    for (QCheckBox* box : { m_refusalTips, m_inlineState })
+        connect(box, &QCheckBox::toggled, this, [this] {
+            if (m_refreshing) return;
+            FormSettings after = m_shownForm;
+            after.showRefusalTips = m_refusalTips->isChecked();
+            after.showInlineState = m_inlineState->isChecked();
+            if (after != m_shownForm) emit FormEdited(after);
+        });
     connect(m_earlier, &QPushButton::clicked, this, [this] { emit TabOrderMove(-1); });
     connect(m_later, &QPushButton::clicked, this, [this] { emit TabOrderMove(1); });
     connect(m_order, &QListWidget::itemSelectionChanged, this, [this] {
@@ -65,7 +82,9 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
 void FieldPanel::Commit(QLineEdit* box) {
     if (m_refreshing) return;
     if (box == m_title) {
-        if (box->text() != m_shownTitle) emit TitleEdited(box->text());
+        FormSettings after = m_shownForm;
+        after.title = box->text();
+        if (after != m_shownForm) emit FormEdited(after);
         return;
     }
     if (m_shownId == 0) return;
@@ -76,10 +95,12 @@ void FieldPanel::Commit(QLineEdit* box) {
     if (box == m_toolTip && text != qt::ToQString(shown.field.toolTip)) emit ToolTipEdited(m_shownId, text);
 }
 
-void FieldPanel::Refresh(const QString& title) {
+void FieldPanel::Refresh(const FormSettings& form) {
     m_refreshing = true;
-    m_shownTitle = title;
-    if (m_title->text() != title) m_title->setText(title);
+    m_shownForm = form;
+    if (m_title->text() != form.title) m_title->setText(form.title);
+    m_refusalTips->setChecked(form.showRefusalTips);
+    m_inlineState->setChecked(form.showInlineState);
     const QList<int> selection = m_surface.Selection();
     m_shownId = selection.size() == 1 ? selection.front() : 0;
     qt::QuillmarEdit* field = m_surface.Field(m_shownId);

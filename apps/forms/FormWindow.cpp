@@ -53,6 +53,8 @@ FormWindow::FormWindow(
         field->setObjectName(qt::ToQString(control.name));
         field->setGeometry(control.left, control.top, control.width, control.height);
         field->setToolTip(qt::ToQString(control.toolTip));
+        field->SetShowRefusalTips(document.showRefusalTips);
+        field->SetShowInlineState(document.showInlineState);
         label->setBuddy(field);
         if (previous) QWidget::setTabOrder(previous, field);
         previous = field;

@@ -152,6 +152,8 @@ const std::pair<std::string, std::string> kBroken[] = {
     { R"({"title": )", "broken.qform.json: not a JSON document: parse error at line 1, column 11" },
     { "[]", "broken.qform.json: not a form" },
     { R"({"width": 1})", "broken.qform.json: missing field \"title\"" },
+    { R"({"title": "T", "width": 1, "height": 1, "showInlineState": 1, "controls": []})",
+        "broken.qform.json: field \"showInlineState\": expected true or false, got 1" },
     { FormWith("", ""), kQuantity.substr(0, kQuantity.size() - 2) + ": missing field \"top\"" },
     { FormWith(Entry("MaxLength", "Long", "3000000000")),
         kQuantity + R"(entry "MaxLength": expected a value of type Long, got 3000000000)" },

@@ -3,6 +3,7 @@
 #include "host/standalone/StandaloneHost.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -236,19 +237,30 @@ TEST_F(DesignMode, AModifiedFormAsksBeforeClosing) {
     EXPECT_TRUE(window->close());
 }
 
-TEST_F(DesignMode, F5RunsTheFormBeingDesigned) {
+TEST_F(DesignMode, F5RunsTheFormBeingDesignedWithItsHints) {
     window->PlaceField();
+    // The form's hints: one undo step each, carried into run mode and into the saved form.
+    QTest::mouseClick(window->Panel()->RefusalTipsBox(), Qt::LeftButton);
+    EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Change Form Hints"));
+    EXPECT_TRUE(window->Document().showRefusalTips);
+    EXPECT_FALSE(window->Document().showInlineState);
     FocusSurface();
     Key(Qt::Key_F5);
     ASSERT_NE(window->RunWindow(), nullptr);
     ASSERT_EQ(window->RunWindow()->Fields().size(), 1u);
-    EXPECT_TRUE(window->RunWindow()->Fields()[0]->UserMode());
-    EXPECT_EQ(window->RunWindow()->Fields()[0]->Text(), QStringLiteral("Quillmar1"));
+    const qt::QuillmarEdit* running = window->RunWindow()->Fields()[0];
+    EXPECT_TRUE(running->UserMode());
+    EXPECT_EQ(running->Text(), QStringLiteral("Quillmar1"));
+    EXPECT_TRUE(running->ShowRefusalTips());
+    EXPECT_FALSE(running->ShowInlineState());
     EXPECT_FALSE(window->Surface()->isEnabled());
     window->Design();
     QApplication::processEvents();
     EXPECT_EQ(window->RunWindow(), nullptr);
     EXPECT_TRUE(window->Surface()->isEnabled());
+    window->UndoStack()->undo();
+    EXPECT_FALSE(window->Panel()->RefusalTipsBox()->isChecked());
+    EXPECT_FALSE(window->Document().showRefusalTips);
 }
 
 TEST_F(DesignMode, AFailedSaveKeepsTheOldFile) {
