@@ -108,13 +108,18 @@ void FieldHints::ShowRefusalTip() {
     QToolTip::showText(m_edit.mapToGlobal(caret.bottomLeft()), text, &m_edit, caret, kRefusalTipMilliseconds);
 }
 
-FieldHints::KeyWatch::KeyWatch(FieldHints& hints, const QKeyEvent& event)
+FieldHints::EditWatch::EditWatch(FieldHints& hints, const QKeyEvent& event)
     : m_hints(hints)
     , m_typed(TypesCharacter(event))
     , m_paste(!m_typed && event.matches(QKeySequence::Paste)) // the binding lookup is dear: not for typing
     , m_changesBefore(hints.m_changes) { }
 
-FieldHints::KeyWatch::~KeyWatch() {
+FieldHints::EditWatch::EditWatch(FieldHints& hints)
+    : m_hints(hints)
+    , m_paste(true)
+    , m_changesBefore(hints.m_changes) { }
+
+FieldHints::EditWatch::~EditWatch() {
     if (!m_hints.m_refusalTips || (!m_typed && !m_paste)) return;
     // The control forgets a refusal once a later key or change is accepted; a key that neither changed the
     // text nor was sifted leaves the refusal of an earlier one, which is not this key's.

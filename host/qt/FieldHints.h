@@ -34,14 +34,16 @@ public:
     /// The frame drawn around the edit box while the text breaks a rule.
     [[nodiscard]] QWidget* StateFrame() const { return m_stateFrame; }
 
-    /// Watches one key press of the edit box: when it was a typed character or a paste and the control
-    /// refused it, the tip says why once the key is done.
-    class KeyWatch {
+    /// Watches one edit of the user's: a key press, or a paste from the menu or a drop. When it typed a
+    /// character or pasted and the control refused that, the tip says why once the edit is done.
+    class EditWatch {
     public:
-        KeyWatch(FieldHints& hints, const QKeyEvent& event);
-        ~KeyWatch();
-        KeyWatch(const KeyWatch&) = delete;
-        KeyWatch& operator=(const KeyWatch&) = delete;
+        EditWatch(FieldHints& hints, const QKeyEvent& event);
+        /// A paste or a drop.
+        explicit EditWatch(FieldHints& hints);
+        ~EditWatch();
+        EditWatch(const EditWatch&) = delete;
+        EditWatch& operator=(const EditWatch&) = delete;
 
     private:
         FieldHints& m_hints;

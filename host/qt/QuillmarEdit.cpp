@@ -104,12 +104,23 @@ bool QuillmarLineEdit::event(QEvent* event) {
     return QLineEdit::event(event);
 }
 
-// The line edit's own menu, with Undo and Redo working on the field's history.
+// The line edit's own menu, with Undo and Redo working on the field's history and Paste saying, as Ctrl+V
+// does, why the field refused what it brought.
 void QuillmarLineEdit::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     for (QAction* action : menu->actions()) {
         // The actions are known by their text, as the line edit names them (before any shortcut it shows).
         const QString name = action->text().section(u'\t', 0, 0);
+        if (name == QLineEdit::tr("&Paste")) {
+            action->setObjectName(QStringLiteral("edit-paste"));
+            QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
+            QObject::connect(action, &QAction::triggered, this, [this] {
+                const FieldHints::EditWatch watch(m_services.m_owner.hints());
+                const QtServices::HistoryStep step(m_services);
+                paste();
+            });
+            continue;
+        }
         const bool undo = name == QLineEdit::tr("&Undo");
         if (!undo && name != QLineEdit::tr("&Redo")) continue;
         action->setObjectName(undo ? QStringLiteral("edit-undo") : QStringLiteral("edit-redo"));
@@ -125,7 +136,7 @@ void QuillmarLineEdit::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
-    const FieldHints::KeyWatch watch(m_services.m_owner.hints(), *event);
+    const FieldHints::EditWatch watch(m_services.m_owner.hints(), *event);
     const QtServices::HistoryStep step(m_services);
     EditBoxEvents* events = Events();
     if (!events) return QLineEdit::keyPressEvent(event);
@@ -280,6 +291,7 @@ void QuillmarLineEdit::dropEvent(QDropEvent* event) {
     // An automatic drop target inserts the text; a manual one leaves the drop to the form.
     if (RaiseDrop(event, std::nullopt).value_or(0) == 0 || m_services.OLEDropMode() != 2)
         return event->ignore();
+    const FieldHints::EditWatch watch(m_services.m_owner.hints());
     const QtServices::HistoryStep step(m_services);
     QLineEdit::dropEvent(event);
 }

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -73,10 +74,23 @@ protected:
 
     void ShowAndFocus(QuillmarEdit* field) {
         window.show();
+        window.activateWindow(); // again, after a popup menu closed
         QApplication::setActiveWindow(&window);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         field->setFocus(Qt::TabFocusReason);
         QApplication::processEvents();
+    }
+
+    // Opens the edit box's context menu, tells whether the action is enabled and, if asked, chooses it.
+    static bool FromMenu(QLineEdit* edit, const char* name, bool choose) {
+        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(edit, &open);
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        auto* action = popup ? popup->findChild<QAction*>(QString::fromLatin1(name)) : nullptr;
+        const bool enabled = action && action->isEnabled();
+        if (popup) popup->close(); // as a click does, before the action runs
+        if (enabled && choose) action->trigger();
+        return enabled;
     }
 
     QWidget window;
@@ -280,17 +294,7 @@ TEST_F(Form, ContextMenuUndoesAndRedoes) {
     code->SetOnlyLetters(true);
     ShowAndFocus(code);
     QLineEdit* edit = code->lineEdit();
-    // Opens the menu, tells whether the action is enabled and, if asked, chooses it.
-    const auto menu = [&](const char* name, bool choose) {
-        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
-        QApplication::sendEvent(edit, &open);
-        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        auto* action = popup ? popup->findChild<QAction*>(QString::fromLatin1(name)) : nullptr;
-        const bool enabled = action && action->isEnabled();
-        if (enabled && choose) action->trigger();
-        if (popup) popup->close();
-        return enabled;
-    };
+    const auto menu = [&](const char* name, bool choose) { return FromMenu(edit, name, choose); };
     QTest::keyClicks(edit, QStringLiteral("q"));
     code->SetText(QStringLiteral("ab"));
     EXPECT_FALSE(menu("edit-undo", false));
@@ -422,10 +426,11 @@ TEST_F(Form, EmptyFieldShowsItsRulesByExampleAndInWords) {
     }
 }
 
-// With the option on, a refused key or paste also says why at the caret; the beep and the text are as
-// without it, and a key that was not refused (an arrow after a refused key, a paste of nothing after a
-// refused paste) brings no tip.
+// With the option on, a refused key or paste (by key, from the menu or dropped) also says why at the caret;
+// the beep and the text are as without it, and a key that was not refused (an arrow after a refused key, a
+// paste of nothing after a refused paste) brings no tip.
 TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
+    enum class Via { Key, Menu, Drop };
     struct Row {
         InputSiftingConstants sifting;
         bool tips;
@@ -433,6 +438,7 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         Qt::Key last;
         QString tip, text;
         int beeps;
+        Via via = Via::Key;
     };
     const QString digits = QStringLiteral("Only digits can be typed here");
     const QString one = QStringLiteral("1");
@@ -445,6 +451,9 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1 },
         { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1 },
         { vldStrong, true, one, QStringLiteral("x"), Qt::Key_V, {}, one, 1 }, // then a paste of nothing
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1, Via::Menu },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1, Via::Drop },
+        { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1, Via::Drop },
         { vldStrong, true, QStringLiteral("1.234"), {}, Qt::Key_unknown, QStringLiteral("At most 2 decimals"),
             QStringLiteral("1.23"), 0 },
     };
@@ -453,12 +462,24 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         if (row.typed.contains(u'a') || !row.pasted.isEmpty()) field->SetMustBeType(vldInteger);
         field->SetMaxNumberOfDecimals(2);
         field->SetShowRefusalTips(row.tips);
+        field->SetOLEDropMode(2);
         ShowAndFocus(field);
         beeps = 0;
         QTest::keyClicks(field->lineEdit(), row.typed);
-        if (!row.pasted.isEmpty()) {
+        if (!row.pasted.isEmpty() && row.via == Via::Drop) {
+            QMimeData data;
+            data.setText(row.pasted);
+            const QPoint at(field->lineEdit()->width() - 2, 4);
+            QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(field->lineEdit(), &enter); // makes the edit box the drop's target
+            QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(field->lineEdit(), &drop);
+        } else if (!row.pasted.isEmpty()) {
             QApplication::clipboard()->setText(row.pasted);
-            QTest::keyClick(field->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+            if (row.via == Via::Menu)
+                EXPECT_TRUE(FromMenu(field->lineEdit(), "edit-paste", true));
+            else
+                QTest::keyClick(field->lineEdit(), Qt::Key_V, Qt::ControlModifier);
         }
         if (row.last != Qt::Key_unknown) {
             QToolTip::hideText();
