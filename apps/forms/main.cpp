@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -73,6 +74,18 @@ int Design(const QCommandLineParser& parser, const QCommandLineOption& screensho
     return QApplication::exec();
 }
 
+// Types `keys` as a person would, one key press and release each, into `target`.
+void TypeKeys(QWidget* target, const QString& keys) {
+    for (const QChar c : keys) {
+        // Qt names the keys of Latin-1 characters by their upper-case code.
+        const int key = c.toUpper().unicode();
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(target, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(target, &release);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -108,7 +121,12 @@ int main(int argc, char** argv) {
         QStringLiteral("With --design: selects the field <name> (repeatable)."), QStringLiteral("name"));
     const QCommandLineOption properties(QStringLiteral("properties"),
         QStringLiteral("With --design: opens the property pages on the selected fields."));
-    parser.addOptions({ screenshot, database, fill, submit, design, select, properties });
+    const QCommandLineOption type(QStringLiteral("type"),
+        QStringLiteral(
+            "Gives the field <name> the focus and types <keys> into it, as a person would; with "
+            "--screenshot the picture is taken of the screen, so that a tip the field shows is in it."),
+        QStringLiteral("name=keys"));
+    parser.addOptions({ screenshot, database, fill, submit, design, select, properties, type });
     parser.process(app);
     if (parser.isSet(design)) return Design(parser, screenshot, select, properties);
 
@@ -139,11 +157,37 @@ int main(int argc, char** argv) {
         }
         field->SetText(entry.mid(equals + 1));
     }
+    QString keys;
+    QWidget* typeInto = nullptr;
+    if (parser.isSet(type)) {
+        const QString entry = parser.value(type);
+        const qsizetype equals = entry.indexOf(QLatin1Char('='));
+        auto* field = window.findChild<quillmar::qt::QuillmarEdit*>(entry.left(equals));
+        if (equals < 0 || !field) {
+            std::fprintf(
+                stderr, "quillmar-forms: --type %s: the form has no field of that name\n", qPrintable(entry));
+            return 1;
+        }
+        // The focus starts there, so that no other field is left (and validated) on the way.
+        typeInto = field->lineEdit();
+        typeInto->setFocus(Qt::OtherFocusReason);
+        keys = entry.mid(equals + 1);
+    }
     window.show();
+    if (typeInto) {
+        window.activateWindow(); // a virtual display has no window manager to do it
+        QTimer::singleShot(200, typeInto, [typeInto, keys] { TypeKeys(typeInto, keys); });
+    }
     if (parser.isSet(screenshot)) {
         const QString file = parser.value(screenshot);
-        const auto save = [file](QWidget& widget) {
-            const bool saved = widget.grab().save(file, "PNG");
+        const bool fromScreen = !keys.isEmpty();
+        const auto save = [file, fromScreen](QWidget& widget) {
+            // A tip is a window of its own: only a picture of the screen shows it over the form.
+            const QRect area = widget.frameGeometry();
+            const QPixmap picture = fromScreen ? QGuiApplication::primaryScreen()->grabWindow(
+                                        0, area.x(), area.y(), area.width(), area.height())
+                                               : widget.grab();
+            const bool saved = picture.save(file, "PNG");
             if (!saved)
                 std::fprintf(stderr, "quillmar-forms: cannot write the picture %s\n", qPrintable(file));
             QApplication::exit(saved ? 0 : 1);
@@ -163,7 +207,7 @@ int main(int argc, char** argv) {
                 if (window.Submit() == FormWindow::SubmitOutcome::Stored) save(window);
             });
         } else {
-            QTimer::singleShot(300, &window, [&window, save] { save(window); });
+            QTimer::singleShot(fromScreen ? 700 : 300, &window, [&window, save] { save(window); });
         }
     }
     return QApplication::exec();
