@@ -20,7 +20,8 @@ void EditHistory::End(const EditState& current) {
     if (current.text == m_groupStart.text) return;
     m_steps.resize(m_done);
     m_steps.push_back({ m_groupStart, current });
-    ++m_done;
+    if (m_steps.size() > kMaxSteps) m_steps.pop_front();
+    m_done = m_steps.size();
 }
 
 void EditHistory::Settle(const EditState& current) {

@@ -3,7 +3,7 @@
 #include <QString>
 
 #include <cstddef>
-#include <vector>
+#include <deque>
 
 namespace quillmar::qt {
 
@@ -16,9 +16,12 @@ struct EditState {
 
 /// The field's undo history: a list of steps, each the state before and after one edit. An edit is a group
 /// that may nest (the user's key, and the control's repairs it causes); the outermost group that changed the
-/// text becomes one step, and a new step drops what could be redone.
+/// text becomes one step, and a new step drops what could be redone. The oldest steps go beyond
+/// `kMaxSteps`, so that a field typed in for hours holds no more than a text editor's undo would.
 class EditHistory {
 public:
+    static constexpr std::size_t kMaxSteps = 100;
+
     /// Starts the history afresh from `current`; inside a group, the group then starts from it too.
     void Reset(const EditState& current);
     void Begin(const EditState& current);
@@ -43,7 +46,7 @@ private:
         EditState after;
     };
 
-    std::vector<Step> m_steps;
+    std::deque<Step> m_steps;
     std::size_t m_done = 0;
     int m_depth = 0;
     EditState m_groupStart;

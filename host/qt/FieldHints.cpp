@@ -1,6 +1,7 @@
 #include "host/qt/FieldHints.h"
 
 #include "host/qt/QtConversions.h"
+#include "host/qt/QtKeys.h"
 #include "host/qt/QuillmarEdit.h"
 #include "input/Refusal.h"
 #include "validation/Describe.h"
@@ -111,7 +112,7 @@ void FieldHints::ShowRefusalTip() {
 FieldHints::EditWatch::EditWatch(FieldHints& hints, const QKeyEvent& event)
     : m_hints(hints)
     , m_typed(TypesCharacter(event))
-    , m_paste(!m_typed && event.matches(QKeySequence::Paste)) // the binding lookup is dear: not for typing
+    , m_paste(!m_typed && IsPasteKey(event))
     , m_changesBefore(hints.m_changes) { }
 
 FieldHints::EditWatch::EditWatch(FieldHints& hints)

@@ -58,6 +58,13 @@ bool IsRedoKey(const QKeyEvent& event) {
         || (modifiers == (Qt::ControlModifier | Qt::ShiftModifier) && event.key() == Qt::Key_Z);
 }
 
+bool IsPasteKey(const QKeyEvent& event) {
+    // Looking the platform's bindings up is dear; a plain key (Backspace, say) is never one of them.
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && event.key() != Qt::Key_Paste && event.key() != Qt::Key_F18) return false;
+    return event.matches(QKeySequence::Paste);
+}
+
 int16_t ButtonMask(Qt::MouseButtons buttons) {
     int16_t mask = 0;
     if (buttons & Qt::LeftButton) mask |= 1;

@@ -20,6 +20,8 @@ namespace quillmar::qt {
 [[nodiscard]] bool IsUndoKey(const QKeyEvent& event);
 /// Ctrl+Y, Ctrl+Shift+Z, or the platform's redo key.
 [[nodiscard]] bool IsRedoKey(const QKeyEvent& event);
+/// True for the platform's paste keys (Ctrl+V, Shift+Insert ...).
+[[nodiscard]] bool IsPasteKey(const QKeyEvent& event);
 /// The Button argument of mouse events: 1 left, 2 right, 4 middle.
 [[nodiscard]] int16_t ButtonMask(Qt::MouseButtons buttons);
 /// The Windows-style code a key-down reports: letters by their capital, digits and space as themselves,

@@ -29,6 +29,7 @@
 #include <atomic>
 #include <functional>
 #include <limits>
+#include <optional>
 
 namespace quillmar::qt {
 
@@ -182,8 +183,13 @@ public:
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] LocaleInfo Locale() const override {
-        return LocaleInfo::FromName(
-            (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString());
+        // Asked for on every key: the locale's facts are read again only when its name changes.
+        std::string name = (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString();
+        if (!m_locale || name != m_localeRead) {
+            m_locale = LocaleInfo::FromName(name);
+            m_localeRead = std::move(name);
+        }
+        return *m_locale;
     }
     void Show() override;
 
@@ -248,6 +254,8 @@ public:
     QLineEdit* m_edit = nullptr;
     bool m_userMode = true;
     QString m_localeName;
+    mutable std::optional<LocaleInfo> m_locale;
+    mutable std::string m_localeRead;
     QuillmarEdit::MessageBoxHandler m_messageBox;
     std::function<void()> m_beep;
     std::function<void()> m_aboutBox;

@@ -1,4 +1,5 @@
 #include "host/qt/QuillmarEdit.h"
+#include "host/qt/EditHistory.h"
 #include "host/qt/FieldHints.h"
 #include "host/qt/QtConversions.h"
 #include "host/standalone/StandaloneHost.h"
@@ -528,6 +529,22 @@ TEST_F(Form, InlineStateShowsWhileTheTextBreaksARule) {
     quantity->SetShowInlineState(true);
     quantity->SetShowInlineState(false);
     EXPECT_TRUE(quantity->lineEdit()->actions().isEmpty());
+}
+
+// The oldest steps go once the history is full; the newest stay undoable in order.
+TEST(EditHistoryTest, KeepsTheNewestSteps) {
+    EditHistory history;
+    history.Reset({});
+    for (int i = 1; i <= int(EditHistory::kMaxSteps) + 5; ++i) {
+        history.Begin({ QString::number(i - 1), 0, 0 });
+        history.End({ QString::number(i), 0, 0 });
+    }
+    QString undone;
+    for (std::size_t i = 0; i < EditHistory::kMaxSteps; ++i)
+        undone = history.Undo().text;
+    EXPECT_EQ(undone, QStringLiteral("5"));
+    EXPECT_FALSE(history.CanUndo());
+    EXPECT_EQ(history.Redo().text, QStringLiteral("6"));
 }
 
 } // namespace
