@@ -108,41 +108,6 @@ TEST(SpringBack, RestoresTheLastTextTheFieldSettled) {
     }
 }
 
-// Pasted and dropped numbers read as typed in the field's locale before the field sifts them.
-TEST(PasteAndDrop, NormaliseNumbersBeforeSifting) {
-    struct Row {
-        const char* name;
-        const char* locale;
-        int32_t type;
-        bool dropped;
-        const char16_t* pasted;
-        const char16_t* expected;
-    };
-    const Row rows[] = {
-        { "grouped by a narrow no-break space", "de_DE", vldDouble, false, u"1\u202F234,5", u"1.234,5" },
-        { "currency symbol", "en_US", vldCurrency, false, u"$12.50\r\n", u"12.50" },
-        { "full-width digits dropped before the 7", "en_US", vldInteger, true, u"\uFF11\uFF12\uFF13",
-            u"1237" },
-        { "text fields take the paste as it is", "en_US", vldString, false, u" \u22125 ", u" \u22125 " },
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        standalone::StandaloneHost host { row.locale };
-        Quillmar control { host.Services() };
-        control.SetMustBeType(row.type);
-        control.SetThousandSeparator(vldTSAllowed);
-        control.SetInputSifting(vldStrong);
-        control.SetOLEDropMode(2);
-        host.editBox.TypeText(u"7");
-        host.editBox.SelectAll();
-        if (row.dropped)
-            host.editBox.DropText(0, row.pasted);
-        else
-            host.editBox.Paste(row.pasted);
-        EXPECT_EQ(control.Text(), row.expected);
-    }
-}
-
 TEST_F(Field, RemembersWhyTheLastKeyOrChangeWasRefused) {
     Declare(vldDouble, vldStrong);
     control.SetMaxNumberOfDecimals(2);

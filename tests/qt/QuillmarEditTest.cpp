@@ -94,6 +94,16 @@ protected:
         return enabled;
     }
 
+    // Drops `text` on the edit box at `at`, as a drag from another program ends.
+    static void Drop(QLineEdit* edit, const QString& text, QPoint at) {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(edit, &enter); // makes the edit box the drop's target
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(edit, &drop);
+    }
+
     QWidget window;
     QVBoxLayout* layout = new QVBoxLayout(&window);
     int beeps = 0;
@@ -112,6 +122,61 @@ TEST_F(Form, StrongSiftingRestoresAPaste) {
     EXPECT_EQ(quantity->Text(), QStringLiteral("12"));
     EXPECT_EQ(changes, 2); // the pasted text, then the restored one
     EXPECT_EQ(beeps, 1);
+}
+
+// A paste or drop into a number, date or time field reads as typed there before it is sifted, in the Qt field
+// and in the in-memory box alike; what still breaks the rules is refused whole; a text field takes it as it
+// is.
+TEST_F(Form, PastesReadAsTypedInBothEditBoxes) {
+    struct Row {
+        const char* name;
+        const char* locale;
+        int32_t type;
+        bool dropped;
+        const char16_t* pasted;
+        const char16_t* expected;
+    };
+    const Row rows[] = {
+        { "grouped by a narrow no-break space", "de_DE", vldDouble, false, u"1\u202F234,5", u"1.234,5" },
+        { "dollar and a line break", "en_US", vldCurrency, false, u"$12.50\r\n", u"12.50" },
+        { "euro after the number", "de_DE", vldCurrency, false, u"12,50\u00A0\u20AC", u"12,50" },
+        { "minus sign and spaces", "en_US", vldInteger, false, u" \u22125 ", u"-5" },
+        { "full-width digits dropped before the 7", "en_US", vldInteger, true, u"\uFF11\uFF12\uFF13",
+            u"1237" },
+        { "mixed digit scripts", "en_US", vldLong, false, u"1\u0662\u0663\uFF14", u"1234" },
+        { "only spaces", "en_US", vldInteger, false, u" \u3000 ", u"7" },
+        { "only a currency symbol", "en_US", vldCurrency, false, u" $ ", u"7" },
+        { "a text field takes it as it is", "en_US", vldString, false, u" \u22125 ", u" \u22125 " },
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        QuillmarEdit* field = AddField("Field", row.type, vldStrong);
+        standalone::StandaloneHost host(row.locale);
+        Quillmar model(host.Services());
+        field->SetLocaleName(QString::fromLatin1(row.locale));
+        for (Quillmar* control : { &field->control(), &model }) {
+            control->SetMustBeType(row.type);
+            control->SetThousandSeparator(vldTSAllowed);
+            control->SetInputSifting(vldStrong);
+            control->SetOLEDropMode(2);
+        }
+        ShowAndFocus(field);
+        QTest::keyClicks(field->lineEdit(), QStringLiteral("7"));
+        field->lineEdit()->selectAll();
+        host.editBox.TypeText(u"7");
+        host.editBox.SelectAll();
+        if (row.dropped) {
+            Drop(field->lineEdit(), ToQString(row.pasted), QPoint(1, 4));
+            host.editBox.DropText(0, row.pasted);
+        } else {
+            QApplication::clipboard()->setText(ToQString(row.pasted));
+            QTest::keyClick(field->lineEdit(), Qt::Key_V, Qt::ControlModifier);
+            host.editBox.Paste(row.pasted);
+        }
+        EXPECT_EQ(field->Text(), ToQString(row.expected));
+        EXPECT_EQ(model.Text(), row.expected);
+        delete field;
+    }
 }
 
 // The Qt field and the in-memory edit box, given the same rules, keys, pastes, cuts and validations, end
@@ -468,13 +533,7 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         beeps = 0;
         QTest::keyClicks(field->lineEdit(), row.typed);
         if (!row.pasted.isEmpty() && row.via == Via::Drop) {
-            QMimeData data;
-            data.setText(row.pasted);
-            const QPoint at(field->lineEdit()->width() - 2, 4);
-            QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(field->lineEdit(), &enter); // makes the edit box the drop's target
-            QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(field->lineEdit(), &drop);
+            Drop(field->lineEdit(), row.pasted, QPoint(field->lineEdit()->width() - 2, 4));
         } else if (!row.pasted.isEmpty()) {
             QApplication::clipboard()->setText(row.pasted);
             if (row.via == Via::Menu)
