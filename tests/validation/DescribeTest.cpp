@@ -12,6 +12,7 @@ struct DescribeCase {
     std::function<void(Settings&)> declare;
     int32_t maxLength;
     std::u16string expected;
+    const char* locale = "en_US";
 };
 
 Settings Typed(MustBeTypeConstants type, Variant min = std::u16string(), Variant max = std::u16string()) {
@@ -46,15 +47,23 @@ const DescribeCase kDescriptions[] = {
     { "lower case wins", [](Settings& s) { s.MustBeUpperCase = s.MustBeLowerCase = s.NoDigits = true; }, 1,
         u"No digits, lower case, at most 1 character" },
     { "plain text says nothing", [](Settings&) {}, 0, u"" },
+    // The words stay; the numbers and dates are the locale's.
+    { "German decimal range", [](Settings& s) { s = Typed(vldDouble, 0.5, 1234.5); }, 0,
+        u"A number between 0,5 and 1234,5", "de_DE" },
+    { "German currency", [](Settings& s) { s = Typed(vldCurrency, u"", 99.99), s.MaxNumberOfDecimals = 2; },
+        0, u"A number <= 99,99, at most 2 decimals", "de_DE" },
+    { "German date range", [](Settings& s) { s = Typed(vldDate, Date { 36526 }, Date { 73050 }); }, 0,
+        u"A date between 01.01.2000 and 31.12.2099", "de_DE" },
+    { "German time", [](Settings& s) { s = Typed(vldTime, Date { 0.375 }); }, 0, u"A time after 09:00:00",
+        "de_DE" },
 };
 
 TEST(DescribeRules, WordsTheFieldsRules) {
-    const LocaleInfo locale = LocaleInfo::FromName("en_US");
     for (const DescribeCase& row : kDescriptions) {
         SCOPED_TRACE(row.name);
         Settings settings;
         row.declare(settings);
-        EXPECT_EQ(DescribeRules(settings, locale, row.maxLength), row.expected);
+        EXPECT_EQ(DescribeRules(settings, LocaleInfo::FromName(row.locale), row.maxLength), row.expected);
     }
 }
 
