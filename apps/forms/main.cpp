@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 namespace {
 
@@ -147,31 +148,30 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "quillmar-forms: %s\n", error->c_str());
         return 1;
     }
-    for (const QString& entry : parser.values(fill)) {
+    // A NAME=TEXT option's field and text; no field when the form has none of that name (said on stderr).
+    const auto named = [&window](const char* option, const QString& entry) {
         const qsizetype equals = entry.indexOf(QLatin1Char('='));
-        auto* field = window.findChild<quillmar::qt::QuillmarEdit*>(entry.left(equals));
-        if (equals < 0 || !field) {
-            std::fprintf(
-                stderr, "quillmar-forms: --fill %s: the form has no field of that name\n", qPrintable(entry));
-            return 1;
-        }
-        field->SetText(entry.mid(equals + 1));
+        auto* field
+            = equals < 0 ? nullptr : window.findChild<quillmar::qt::QuillmarEdit*>(entry.left(equals));
+        if (!field)
+            std::fprintf(stderr, "quillmar-forms: --%s %s: the form has no field of that name\n", option,
+                qPrintable(entry));
+        return std::pair { field, entry.mid(equals + 1) };
+    };
+    for (const QString& entry : parser.values(fill)) {
+        const auto [field, text] = named("fill", entry);
+        if (!field) return 1;
+        field->SetText(text);
     }
     QString keys;
     QWidget* typeInto = nullptr;
     if (parser.isSet(type)) {
-        const QString entry = parser.value(type);
-        const qsizetype equals = entry.indexOf(QLatin1Char('='));
-        auto* field = window.findChild<quillmar::qt::QuillmarEdit*>(entry.left(equals));
-        if (equals < 0 || !field) {
-            std::fprintf(
-                stderr, "quillmar-forms: --type %s: the form has no field of that name\n", qPrintable(entry));
-            return 1;
-        }
+        const auto [field, text] = named("type", parser.value(type));
+        if (!field) return 1;
         // The focus starts there, so that no other field is left (and validated) on the way.
         typeInto = field->lineEdit();
         typeInto->setFocus(Qt::OtherFocusReason);
-        keys = entry.mid(equals + 1);
+        keys = text;
     }
     window.show();
     if (typeInto) {
