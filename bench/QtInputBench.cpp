@@ -93,6 +93,9 @@ void Field(benchmark::State& state, int32_t type, InputSiftingConstants sifting)
     field->SetMustBeType(type);
     if (type == vldString) field->SetOnlyLetters(true);
     field->SetInputSifting(sifting);
+    // As a form with every hint on has it: the placeholder and undo are always there.
+    field->SetShowRefusalTips(true);
+    field->SetShowInlineState(true);
     Window window(field);
     const std::string name
         = std::string(type == vldString ? "text" : "integer") + (sifting == vldStrong ? " strong" : " weak");
