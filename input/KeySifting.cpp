@@ -111,12 +111,12 @@ KeyPressOutcome SiftKeyPress(int16_t keyAscii, std::u16string_view text, int32_t
     const Settings& settings, const TypeFlags& flags, const LocaleInfo& locale) {
     const char16_t key = KeyChar(keyAscii);
     if (flags.TypeIsTime) {
-        if (!CharInSet(key, u"0123456789: ampAMP")) return Refuse(Refusal::TimeCharacter);
+        if (!CharInSet(key, kTimeCharacters)) return Refuse(Refusal::TimeCharacter);
         if (!TimeShapeTest(WouldBeText(text, selStart, selLength, key))) return Refuse(Refusal::TimeShape);
         return { keyAscii, false, std::nullopt };
     }
     if (flags.TypeIsDate) {
-        if (!CharInSet(key, u"0123456789/-.")) return Refuse(Refusal::DateCharacter);
+        if (!CharInSet(key, kDateCharacters)) return Refuse(Refusal::DateCharacter);
         if (!DateShapeTest(WouldBeText(text, selStart, selLength, key), locale))
             return Refuse(Refusal::DateShape);
         return { keyAscii, false, std::nullopt };

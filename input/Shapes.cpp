@@ -4,6 +4,7 @@
 #include "validation/NumericText.h"
 #include "validation/Rules.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quillmar {
@@ -154,17 +155,39 @@ bool WholeTextTest(
 Refusal WholeTextRefusal(
     std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale) {
     const int32_t type = SiftingType(flags);
-    if (type == vldTime) return TimeShapeTest(text) ? Refusal::None : Refusal::TimeShape;
-    if (type == vldDate) return DateShapeTest(text, locale) ? Refusal::None : Refusal::DateShape;
+    // A character outside the type's own is named before the shape, so that "x" in a date is refused as the
+    // letter it is rather than as a date that could not be.
+    const auto outside = [text](std::u16string_view characters) {
+        return std::any_of(text.begin(), text.end(), [&](char16_t c) { return !CharInSet(c, characters); });
+    };
+    if (type == vldTime) {
+        if (TimeShapeTest(text)) return Refusal::None;
+        return outside(kTimeCharacters) ? Refusal::TimeCharacter : Refusal::TimeShape;
+    }
+    if (type == vldDate) {
+        if (DateShapeTest(text, locale)) return Refusal::None;
+        return outside(kDateCharacters) ? Refusal::DateCharacter : Refusal::DateShape;
+    }
     if (type == vldString) {
         for (char16_t c : text)
             if (const Refusal refusal = TextCharacterRefusal(c, settings); refusal != Refusal::None)
                 return refusal;
         return Refusal::None;
     }
-    const bool fits = NumericWholeTextTest(text, type, settings.AllowScientificFormat,
-        ThousandsSeparator(settings.ThousandSeparator, locale), locale);
-    return fits ? Refusal::None : Refusal::NumberShape;
+    const std::u16string thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+    if (NumericWholeTextTest(text, type, settings.AllowScientificFormat, thousands, locale))
+        return Refusal::None;
+    const bool integral = type == vldByte || type == vldInteger || type == vldLong;
+    const bool scientific = settings.AllowScientificFormat && (type == vldSingle || type == vldDouble);
+    for (const char16_t c : text) {
+        if (c == locale.decimalSeparator) {
+            if (integral) return Refusal::WholeNumber;
+        } else if ((thousands.empty() || c != thousands[0])
+            && !CharInSet(c, scientific ? u"0123456789-+eE" : u"0123456789-")) {
+            return Refusal::NumberCharacter;
+        }
+    }
+    return Refusal::NumberShape;
 }
 
 } // namespace quillmar

@@ -8,6 +8,10 @@
 
 namespace quillmar {
 
+/// The characters a date field takes, and those a time field takes.
+inline constexpr std::u16string_view kDateCharacters = u"0123456789/-.";
+inline constexpr std::u16string_view kTimeCharacters = u"0123456789: ampAMP";
+
 /// True when the text is a date, or the beginning of one, as the date parser reads dates: at most three
 /// numbers separated by "/", "-" or ".", in the locale's order of day, month and year (a first number of
 /// three or four digits being a year), a day up to 31 (up to the length of the month once both are known), a
@@ -36,8 +40,9 @@ namespace quillmar {
 [[nodiscard]] bool WholeTextTest(
     std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale);
 
-/// The rule by which `WholeTextTest` refuses the text: the date or time shape, the first refused character's
-/// rule, or the number's shape; `None` when the text passes.
+/// The rule by which `WholeTextTest` refuses the text: a character the type never takes (a letter in a date
+/// or a number, a decimal separator in a whole number), else the date or time shape or the number's shape;
+/// for text the first refused character's rule; `None` when the text passes.
 [[nodiscard]] Refusal WholeTextRefusal(
     std::u16string_view text, const TypeFlags& flags, const Settings& settings, const LocaleInfo& locale);
 

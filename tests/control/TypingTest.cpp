@@ -114,6 +114,8 @@ TEST_F(Field, RemembersWhyTheLastKeyOrChangeWasRefused) {
     box.TypeText(u"1.234");
     EXPECT_EQ(control.LastRefusal(), Refusal::TooManyDecimals);
     box.TypeText(u"x");
+    EXPECT_EQ(control.LastRefusal(), Refusal::NumberCharacter);
+    box.TypeText(u"-");
     EXPECT_EQ(control.LastRefusal(), Refusal::NumberShape);
     EXPECT_EQ(control.Text(), u"1.23");
     box.PressBackspace();
@@ -123,7 +125,17 @@ TEST_F(Field, RemembersWhyTheLastKeyOrChangeWasRefused) {
     EXPECT_EQ(control.LastRefusal(), Refusal::SecondDecimalSeparator);
     box.TypeText(u"5");
     EXPECT_EQ(control.LastRefusal(), Refusal::None);
-    EXPECT_EQ(host.alerts.beeps, 2); // one per refusal; the cut decimal does not beep
+    EXPECT_EQ(host.alerts.beeps, 3); // one per refusal; the cut decimal does not beep
+    // A date or time names a character it never takes before its shape.
+    for (const auto& [type, typed, refusal] : { std::tuple { vldDate, u"1x", Refusal::DateCharacter },
+             std::tuple { vldDate, u"1//", Refusal::DateShape },
+             std::tuple { vldTime, u"1x", Refusal::TimeCharacter },
+             std::tuple { vldTime, u"25", Refusal::TimeShape } }) {
+        Declare(type, vldStrong);
+        control.SetText(u"");
+        box.TypeText(typed);
+        EXPECT_EQ(control.LastRefusal(), refusal) << type;
+    }
 }
 
 TEST_F(Field, ProperCaseRaisesTheFirstLetterOfEachWord) {

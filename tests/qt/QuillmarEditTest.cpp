@@ -508,17 +508,16 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
     };
     const QString digits = QStringLiteral("Only digits can be typed here");
     const QString one = QStringLiteral("1");
-    const QString notANumber = QStringLiteral("That would not make a number");
     const std::vector<Row> rows {
         { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_unknown, digits, one, 1 },
         { vldWeak, false, QStringLiteral("1a"), {}, Qt::Key_unknown, {}, one, 1 },
         { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_Left, {}, one, 1 },
         { vldWeak, true, QStringLiteral("1.2"), {}, Qt::Key_unknown, {}, QStringLiteral("1.2"), 0 },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1 },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1 },
         { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1 },
         { vldStrong, true, one, QStringLiteral("x"), Qt::Key_V, {}, one, 1 }, // then a paste of nothing
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1, Via::Menu },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, notANumber, one, 1, Via::Drop },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1, Via::Menu },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1, Via::Drop },
         { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1, Via::Drop },
         { vldStrong, true, QStringLiteral("1.234"), {}, Qt::Key_unknown, QStringLiteral("At most 2 decimals"),
             QStringLiteral("1.23"), 0 },
