@@ -46,17 +46,6 @@ TEST_F(FocusExit, InvalidFieldKeepsTheFocusEachTimeItIsLeft) {
     EXPECT_EQ(Quillmar::FocusHoldWindow(), 0);
 }
 
-TEST_F(FocusExit, TwoInvalidFieldsDoNotPullTheFocusBackAndForth) {
-    first.host.editBox.SetText(u"99");
-    second.host.editBox.SetText(u"77");
-    first.host.editBox.LeaveField();
-    second.host.editBox.LeaveField(); // the focus reached the second field all the same
-    EXPECT_EQ(first.host.container.focusRequests, 1);
-    EXPECT_EQ(second.host.alerts.messages.size(), 1u); // reported...
-    EXPECT_EQ(second.host.container.focusRequests, 0); // ...but the user may go
-    EXPECT_EQ(Quillmar::FocusHoldWindow(), 0);
-}
-
 TEST_F(FocusExit, HiddenFieldTakesTheMarkerSilently) {
     first.host.container.visible = false;
     first.host.editBox.SetText(u"99");
