@@ -193,15 +193,6 @@ TEST_F(PropertyModel, ValueKeepsFullPrecisionUntilTheUserEdits) {
     EXPECT_EQ(control.Value(), Variant(u"abc"));
 }
 
-TEST_F(PropertyModel, UnspecifiedFieldIsAlwaysValid) {
-    control.SetCustomMask(u"###");
-    control.SetText(u"abc");
-    EXPECT_EQ(control.CheckInput(), 0);
-    EXPECT_TRUE(control.IsValid());
-    control.SetMustBeType(vldString);
-    EXPECT_EQ(control.CheckInput(), vldCCCustomMask);
-}
-
 TEST_F(PropertyModel, InertWritersLeaveTheEditBoxAlone) {
     const FontDesc font = host.editBox.Font();
     control.SetFont(FontDesc { u"Arial", 20 });

@@ -42,13 +42,26 @@ struct ValidateCase {
     bool valid;
     std::u16string after;
     std::optional<ShownMessage> message; // with one beep; none: neither message nor beep
+    std::u16string before = u""; // a text validated first, which becomes the previous valid value
+    const char* locale = "en_US";
 };
 
 const ValidateCase kCases[] = {
     { "closest first", Quantity, u"250", false, u"100", Box(kRange + u"\r\nClosest value inserted.") },
-    { "no previous value yet: the default",
-        [](Quillmar& f) { Quantity(f), WithActions(f, kPrevious, kDefault, kClosest); }, u"250", false, u"50",
-        Box(kRange + u"\r\nDefault value inserted.") },
+    { "no previous value yet: the default, selected",
+        [](Quillmar& f) {
+            Quantity(f), WithActions(f, kPrevious, kDefault, kClosest), f.SetOnErrorSelectEntireField(true);
+        },
+        u"250", false, u"50", Box(kRange + u"\r\nDefault value inserted.") },
+    { "the previous value", [](Quillmar& f) { Quantity(f), WithActions(f, kPrevious, kDefault, kClosest); },
+        u"420", false, u"42", Box(kRange + u"\r\nPrevious value returned."), u"42" },
+    { "the previous value in a comma locale",
+        [](Quillmar& f) {
+            Quantity(f), WithActions(f, kPrevious, kDefault, kClosest), f.SetMustBeType(vldDouble);
+            f.SetMaxValue(u"99,5");
+        },
+        u"120,5", false, u"1,25",
+        Box(u"A number between 1 and 99,5 is required.\r\nPrevious value returned."), u"1,25", "de_DE" },
     { "not a number: no closest value", Quantity, u"abc", false, u"50",
         Box(u"Invalid numeric entry.\r\nDefault value inserted.") },
     { "unchecked entries never run",
@@ -93,12 +106,16 @@ const ValidateCase kCases[] = {
 TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
     for (const ValidateCase& c : kCases) {
         SCOPED_TRACE(c.name);
-        standalone::StandaloneHost host("en_US");
+        standalone::StandaloneHost host(c.locale);
         host.container.userMode = false; // the form is designed first, so the lists may be set
         Quillmar field(host.Services());
         field.SetInputSifting(vldNone); // the texts below stand for what a user left in the field
         c.declare(field);
         host.container.userMode = true;
+        if (!c.before.empty()) {
+            host.editBox.SetText(c.before);
+            ASSERT_TRUE(field.Validate());
+        }
         host.editBox.SetText(c.typed);
         EXPECT_EQ(field.Validate(), c.valid);
         EXPECT_EQ(field.Text(), c.after);
@@ -109,56 +126,16 @@ TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
         } else {
             EXPECT_TRUE(host.alerts.messages.empty());
         }
-        if (c.valid && c.after != c.typed) {
-            EXPECT_EQ(field.SelStart(), static_cast<int32_t>(c.after.size())); // the caret at the end
-            EXPECT_EQ(field.CheckInput(), 0); // the rewritten text is valid again
+        if (c.valid && field.FinalValidationActive()) {
+            EXPECT_EQ(field.CheckInput(), 0);
+        }
+        if (c.after != c.typed) { // the written text selected on request, else the caret at its end
+            const bool selected = !c.valid && field.OnErrorSelectEntireField();
+            const auto length = static_cast<int32_t>(c.after.size());
+            EXPECT_EQ(field.SelStart(), selected ? 0 : length);
+            EXPECT_EQ(field.SelLength(), selected ? length : 0);
         }
     }
-}
-
-class ValidateField : public ::testing::Test {
-protected:
-    ValidateField() {
-        host.container.userMode = false;
-        field.SetInputSifting(vldNone);
-        Quantity(field);
-        WithActions(field, kPrevious, kDefault, kClosest);
-        host.container.userMode = true;
-    }
-    standalone::StandaloneHost host { "en_US" };
-    Quillmar field { host.Services() };
-};
-
-TEST_F(ValidateField, ReturnsThePreviousValidValue) {
-    host.editBox.SetText(u"42");
-    ASSERT_TRUE(field.Validate());
-    EXPECT_EQ(field.state().LastValidValue, Variant(int16_t { 42 }));
-    host.editBox.SetText(u"420");
-    EXPECT_FALSE(field.Validate());
-    EXPECT_EQ(field.Text(), u"42");
-    EXPECT_EQ(field.state().PreviousText, u"42");
-    EXPECT_EQ(host.alerts.messages.back().text, kRange + u"\r\nPrevious value returned.");
-}
-
-TEST_F(ValidateField, SelectsTheCorrectedField) {
-    field.SetOnErrorSelectEntireField(true);
-    host.editBox.SetText(u"1000");
-    EXPECT_FALSE(field.Validate());
-    EXPECT_EQ(field.SelStart(), 0);
-    EXPECT_EQ(field.SelLength(), 2); // the default 50
-}
-
-TEST_F(ValidateField, ReportsTheBrokenRulesInACommaLocale) {
-    host.locale.Set(LocaleInfo::FromName("de_DE"));
-    field.SetMustBeType(vldDouble);
-    field.SetMaxValue(u"99,5");
-    host.editBox.SetText(u"1,25");
-    EXPECT_TRUE(field.Validate());
-    host.editBox.SetText(u"120,5");
-    EXPECT_FALSE(field.Validate());
-    EXPECT_EQ(field.Text(), u"1,25");
-    EXPECT_EQ(host.alerts.messages.back().text,
-        u"A number between 1 and 99,5 is required.\r\nPrevious value returned.");
 }
 
 } // namespace
