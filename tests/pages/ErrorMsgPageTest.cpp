@@ -15,7 +15,7 @@ protected:
     ErrorMsgPage* page = Add(new ErrorMsgPage(frame.Services()));
 };
 
-TEST_F(ErrorMsgPageTest, LoadsTheFirstSelectedAndWritesEachInSelectionOrder) {
+TEST_F(ErrorMsgPageTest, LoadsTheFirstSelectedAndWritesEverySelected) {
     auto* a = AddControl("a");
     auto* b = AddControl("b");
     b->SetErrorMessageMode(vldCustom);
@@ -27,9 +27,7 @@ TEST_F(ErrorMsgPageTest, LoadsTheFirstSelectedAndWritesEachInSelectionOrder) {
     message->moveCursor(QTextCursor::End);
     QTest::keyClick(message, Qt::Key_Return);
     QTest::keyClicks(message, "Thanks.");
-    Log({ a, b });
     Click(frame.ApplyButton());
-    EXPECT_EQ(WriteOrder(), "ba");
     EXPECT_EQ(a->ErrorMessage(), QStringLiteral(u"Value\u00a0:\r\n\r\nfrom 1 to 9 \r\nThanks."));
     EXPECT_EQ(a->MessageBoxTitle(), "Order entry");
     EXPECT_EQ(a->ErrorMessageMode(), vldCustom);

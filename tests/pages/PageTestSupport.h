@@ -66,7 +66,6 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
     }
 
-    /// A control of the frame by its name.
     /// A control of the frame by its name; a misspelt name fails the test rather than crashing the program.
     template <typename Widget> Widget* Find(const char* name) {
         auto* widget = frame.findChild<Widget*>(QString::fromLatin1(name));
@@ -105,15 +104,6 @@ protected:
                 field, &qt::QuillmarEdit::PropertyChanged, field, [=, this](const QString& name) {
                     if (only.isEmpty() || only.contains(name)) notices << field->objectName() + ":" + name;
                 });
-    }
-
-    /// The fields (named by one letter) in the order their notices came, each run of one field's notices
-    /// giving its name once: "ba" when every notice of b came before those of a.
-    [[nodiscard]] QString WriteOrder() const {
-        QString order;
-        for (const QString& notice : notices)
-            if (order.isEmpty() || order.back() != notice.front()) order += notice.front();
-        return order;
     }
 
     QStringList notices;
