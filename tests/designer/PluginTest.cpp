@@ -51,21 +51,7 @@ TEST_F(DesignerPlugin, WidgetBoxEntryDescribesTheField) {
     EXPECT_TRUE(xml.contains(QStringLiteral("<width>160</width>")));
 }
 
-TEST_F(DesignerPlugin, CreatedFieldIsInDesignMode) {
-    QDesignerCustomWidgetInterface* entry = Field();
-    ASSERT_NE(entry, nullptr) << loader.errorString().toStdString();
-    QWidget form;
-    QWidget* field = entry->createWidget(&form);
-    ASSERT_NE(field, nullptr);
-    EXPECT_STREQ(field->metaObject()->className(), "quillmar::qt::QuillmarEdit");
-    EXPECT_EQ(field->parentWidget(), &form);
-    // The forbidden values can be written only while the form is designed.
-    const QVariantList forbidden { {}, QStringLiteral("13") };
-    EXPECT_NO_THROW(field->setProperty("MustNotBeValues", forbidden));
-    EXPECT_EQ(field->property("MustNotBeValues").toList(), forbidden);
-}
-
-TEST_F(DesignerPlugin, TaskMenuOpensThePagesOnTheField) {
+TEST_F(DesignerPlugin, CreatedFieldIsInDesignModeAndItsTaskMenuOpensThePages) {
     QDesignerCustomWidgetInterface* entry = Field();
     ASSERT_NE(entry, nullptr) << loader.errorString().toStdString();
     // Designer's core as the plugin sees it: what matters is its extension manager.
@@ -76,6 +62,13 @@ TEST_F(DesignerPlugin, TaskMenuOpensThePagesOnTheField) {
     ASSERT_TRUE(entry->isInitialized());
     QWidget form;
     QWidget* field = entry->createWidget(&form);
+    ASSERT_NE(field, nullptr);
+    EXPECT_STREQ(field->metaObject()->className(), "quillmar::qt::QuillmarEdit");
+    EXPECT_EQ(field->parentWidget(), &form);
+    // The forbidden values can be written only while the form is designed.
+    const QVariantList forbidden { {}, QStringLiteral("13") };
+    EXPECT_NO_THROW(field->setProperty("MustNotBeValues", forbidden));
+    EXPECT_EQ(field->property("MustNotBeValues").toList(), forbidden);
     field->setProperty("MustBeType", QStringLiteral("vldInteger"));
     QLineEdit other;
     EXPECT_EQ(qt_extension<QDesignerTaskMenuExtension*>(core.extensionManager(), &other), nullptr);
