@@ -80,18 +80,12 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         QApplication::processEvents();
     }
-    // Types over a box of the side panel and finishes with Return.
-    void TypeInto(QLineEdit* box, const QString& text) {
+    // Types over a box, finishing with Return in the side panel's boxes (in a page, Return would press OK).
+    void TypeInto(QLineEdit* box, const QString& text, bool finish = true) {
         QTest::mouseClick(box, Qt::LeftButton);
         QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(box, text);
-        QTest::keyClick(box, Qt::Key_Return);
-        QApplication::processEvents();
-    }
-    void TypeInto(QuillmarEdit* field, const QString& text) {
-        QTest::mouseClick(field->lineEdit(), Qt::LeftButton);
-        QTest::keyClick(field->lineEdit(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(field->lineEdit(), text);
+        if (finish) QTest::keyClick(box, Qt::Key_Return);
         QApplication::processEvents();
     }
     void Drag(const char* name, QPoint by) {
@@ -167,8 +161,8 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     QTest::mouseClick(frame->ApplyButton(), Qt::LeftButton);
     // The limits of the type just applied, and OK: a second step.
     frame->findChild<QTabWidget*>()->setCurrentIndex(1);
-    TypeInto(frame->findChild<QuillmarEdit*>(QStringLiteral("txtMinValue")), QStringLiteral("1"));
-    TypeInto(frame->findChild<QuillmarEdit*>(QStringLiteral("txtMaxValue")), QStringLiteral("500"));
+    for (const auto& [name, text] : { std::pair { "txtMinValue", "1" }, std::pair { "txtMaxValue", "500" } })
+        TypeInto(frame->findChild<QuillmarEdit*>(QString::fromLatin1(name))->lineEdit(), text, false);
     QTest::mouseClick(frame->OkButton(), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_EQ(window->PropertyFrame(), nullptr);
@@ -277,7 +271,6 @@ TEST_F(DesignMode, AFailedSaveKeepsTheOldFile) {
         << boxes[0].toStdString();
     EXPECT_TRUE(window->isWindowModified());
     EXPECT_EQ(Bytes(savePath), old);
-    // The program stops once the new text is in the temporary file beside the old one.
     // The program stops once the whole new text is in the temporary file in the folder (Linux keeps it
     // unnamed until it is put in place).
     const qint64 size = qint64(FormToJson(window->Document()).size());
