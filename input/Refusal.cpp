@@ -1,5 +1,6 @@
 #include "input/Refusal.h"
 
+#include "validation/Describe.h"
 #include "validation/Numbers.h"
 
 namespace quillmar {
@@ -38,14 +39,23 @@ std::u16string RefusalText(Refusal refusal, const Settings& settings) {
     }
     case Refusal::ExcludedCharacter:
         return u"This character is not allowed here";
-    case Refusal::CharacterSet:
-        return u"Only the field's own characters can be typed here";
+    case Refusal::CharacterSet: {
+        const std::u16string valid
+            = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters);
+        return valid.empty() ? u"Only the field's own characters can be typed here"
+                             : u"Only " + valid + u" can be typed here";
+    }
     case Refusal::NoDigits:
         return u"Digits are not allowed here";
     case Refusal::OnlyLetters:
-        return u"Only letters can be typed here";
-    case Refusal::OnlyLettersWithSpace:
-        return u"Only letters and spaces can be typed here";
+    case Refusal::OnlyLettersWithSpace: {
+        // The characters the author added to the rule can be typed too, so the tip names them.
+        const std::u16string added = CharacterList(settings.ExtraIncludedCharacters);
+        const bool spaces = refusal == Refusal::OnlyLettersWithSpace;
+        if (added.empty())
+            return spaces ? u"Only letters and spaces can be typed here" : u"Only letters can be typed here";
+        return (spaces ? u"Only letters, spaces and " : u"Only letters and ") + added + u" can be typed here";
+    }
     }
     return {};
 }

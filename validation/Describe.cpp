@@ -9,7 +9,9 @@
 #include <unicode/locid.h>
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
+#include <unicode/utf16.h>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -114,6 +116,52 @@ std::u16string TimePlaceholder(const LocaleInfo& locale) {
 
 } // namespace
 
+std::u16string CharacterList(std::u16string_view set) {
+    constexpr size_t kMostListed = 24;
+    std::vector<char32_t> listed;
+    for (size_t i = 0; i < set.size();) {
+        char32_t c = 0;
+        U16_NEXT(set.data(), i, set.size(), c);
+        if (c < 0x20 || (c >= 0x7F && c < 0xA0)) return {};
+        if (std::find(listed.begin(), listed.end(), c) != listed.end()) continue;
+        if (listed.size() == kMostListed) return {};
+        listed.push_back(c);
+    }
+    const auto runClass = [](char32_t c) {
+        if (c >= u'0' && c <= u'9') return 1;
+        if (c >= u'A' && c <= u'Z') return 2;
+        if (c >= u'a' && c <= u'z') return 3;
+        return 0;
+    };
+    std::u16string words;
+    const auto append = [&words](char32_t c) {
+        if (c == u' ') {
+            words += u"space";
+        } else if (c > 0xFFFF) {
+            words += U16_LEAD(c);
+            words += U16_TRAIL(c);
+        } else {
+            words += static_cast<char16_t>(c);
+        }
+    };
+    for (size_t i = 0; i < listed.size();) {
+        size_t end = i + 1;
+        while (end < listed.size() && runClass(listed[i]) != 0 && runClass(listed[end]) == runClass(listed[i])
+            && listed[end] == listed[end - 1] + 1)
+            ++end;
+        if (!words.empty()) words += u' ';
+        append(listed[i]);
+        if (end - i >= 3) {
+            words += u'\u2013';
+            append(listed[end - 1]);
+        } else {
+            end = i + 1;
+        }
+        i = end;
+    }
+    return words;
+}
+
 std::u16string RequirementPhrase(const Settings& settings, const LocaleInfo& locale) {
     if (IsNumericType(settings.MustBeType)) return NumberPhrase(settings, locale);
     if (IsDateTimeType(settings.MustBeType)) return DateTimePhrase(settings, locale);
@@ -163,8 +211,17 @@ std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale,
         return type == vldDate ? u"A date" : u"A time";
     }
     std::vector<std::u16string> parts;
-    if (settings.OnlyLetters) parts.emplace_back(u"letters only");
-    if (settings.OnlyLettersWithSpace) parts.emplace_back(u"letters and spaces only");
+    // The characters the author added are exempt from the letter rules and from the valid set: the words
+    // name them with the rule, as the refusal tips do.
+    const std::u16string added = CharacterList(settings.ExtraIncludedCharacters);
+    const std::u16string andAdded = added.empty() ? std::u16string() : u" and " + added;
+    if (settings.OnlyLetters) parts.push_back(u"letters" + andAdded + u" only");
+    if (settings.OnlyLettersWithSpace)
+        parts.push_back((added.empty() ? u"letters and spaces" : u"letters, spaces and " + added) + u" only");
+    if (const std::u16string valid
+        = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters);
+        !settings.ValidCharactersSet.empty() && !valid.empty())
+        parts.push_back(u"only " + valid);
     if (settings.NoDigits) parts.emplace_back(u"no digits");
     // Lower case wins over upper case, as the typed keys are forced.
     if (settings.MustBeLowerCase)

@@ -21,12 +21,19 @@ namespace quillmar {
 /// malformed mask and for a mask no text matches.
 [[nodiscard]] std::u16string MaskExample(std::u16string_view mask);
 
+/// The characters of `set` in words for a tip or a description: each once, in the author's order, separated
+/// by spaces, a run of three or more successive digits or letters of one case written "0–9" and the space
+/// written "space": "0123456789 +-()" gives "0–9 space + - ( )". The empty text for an empty set and for
+/// one holding a control character or more than 24 different characters, which reads better as a rule's
+/// name than as a list.
+[[nodiscard]] std::u16string CharacterList(std::u16string_view set);
+
 /// The field's rules in words, as a tip shown before the first key: for numbers and dates the advanced
 /// message's wording without " is required." ("An integer between 1 and 100", "A date", "A time before
 /// 17:00"), with ", at most N decimals" for a non-integral number limited to N >= 1 decimals; for text the
 /// declared rules joined by ", " and begun with a capital ("Letters only, upper case, at most 8 characters,
-/// like AB-1234"); the empty text for a text field without rules. `maxLength` is the edit box's limit (0 for
-/// none).
+/// like AB-1234"), naming the characters the author added to a letter rule or allowed alone; the empty text
+/// for a text field without rules. `maxLength` is the edit box's limit (0 for none).
 [[nodiscard]] std::u16string DescribeRules(
     const Settings& settings, const LocaleInfo& locale, int32_t maxLength);
 

@@ -138,6 +138,17 @@ TEST(RefusalText, WordsTheRule) {
     settings.MaxNumberOfDecimals = 1;
     EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings), u"At most 1 decimal");
     EXPECT_EQ(RefusalText(Refusal::None, settings), u"");
+    // The characters the author allowed besides a letter rule, or as the field's set, are named.
+    settings.ExtraIncludedCharacters = u"-'.";
+    EXPECT_EQ(RefusalText(Refusal::OnlyLetters, settings), u"Only letters and - ' . can be typed here");
+    EXPECT_EQ(RefusalText(Refusal::OnlyLettersWithSpace, settings),
+        u"Only letters, spaces and - ' . can be typed here");
+    settings.ExtraIncludedCharacters.clear();
+    settings.ValidCharactersSet = u"0123456789 +-()";
+    EXPECT_EQ(RefusalText(Refusal::CharacterSet, settings), u"Only 0\u20139 space + - ( ) can be typed here");
+    settings.ValidCharactersSet = u"abcdefghijklmnopqrstuvwxyz!\"#$%&";
+    EXPECT_EQ(
+        RefusalText(Refusal::CharacterSet, settings), u"Only the field's own characters can be typed here");
     // Every other refusal has words of its own.
     for (int r = static_cast<int>(Refusal::TimeCharacter);
          r <= static_cast<int>(Refusal::OnlyLettersWithSpace); ++r)

@@ -47,6 +47,12 @@ const DescribeCase kDescriptions[] = {
     { "lower case wins", [](Settings& s) { s.MustBeUpperCase = s.MustBeLowerCase = s.NoDigits = true; }, 1,
         u"No digits, lower case, at most 1 character" },
     { "plain text says nothing", [](Settings&) {}, 0, u"" },
+    { "characters added to a letter rule",
+        [](Settings& s) { s.OnlyLettersWithSpace = true, s.ExtraIncludedCharacters = u"-'."; }, 0,
+        u"Letters, spaces and - ' . only" },
+    { "a valid set and its added character",
+        [](Settings& s) { s.ValidCharactersSet = u"0123456789 +-", s.ExtraIncludedCharacters = u"()"; }, 20,
+        u"Only 0\u20139 space + - ( ), at most 20 characters" },
     // The words stay; the numbers and dates are the locale's.
     { "German decimal range", [](Settings& s) { s = Typed(vldDouble, 0.5, 1234.5); }, 0,
         u"A number between 0,5 and 1234,5", "de_DE" },
@@ -85,6 +91,23 @@ TEST(MaskExample, FitsTheMask) {
         SCOPED_TRACE(std::string(row.mask.begin(), row.mask.end()));
         EXPECT_EQ(MaskExample(row.mask), row.expected);
     }
+}
+
+TEST(CharacterList, NamesEachCharacterOnce) {
+    struct Row {
+        std::u16string set, expected;
+    };
+    const Row rows[] = {
+        { u"0123456789 +-()", u"0\u20139 space + - ( )" },
+        { u"abcxyzAB--", u"a\u2013c x\u2013z A B -" }, // two in a row stay apart; a repeat once
+        { u"9012", u"9 0\u20132" }, // a run goes up by one
+        { u"\U0001F600\u00E9", u"\U0001F600 \u00E9" },
+        { u"a\tb", u"" },
+        { u"ABCDEFGHIJKLMNOPQRSTUVWXYZ", u"" }, // too many to list
+        { u"", u"" },
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(CharacterList(row.set), row.expected);
 }
 
 TEST(PlaceholderText, ShowsAnExampleInTheLocalesFormat) {
