@@ -152,6 +152,13 @@ TabOrderCommand::TabOrderCommand(DesignSurface& surface, QList<int> before, QLis
     setText(Tr("Change Tab Order"));
 }
 
+FormSizeCommand::FormSizeCommand(DesignSurface& surface, QSize before, QSize after)
+    : m_surface(surface)
+    , m_before(before)
+    , m_after(after) {
+    setText(Tr("Resize Form"));
+}
+
 FormSettingsCommand::FormSettingsCommand(
     std::function<void(const FormSettings&)> apply, FormSettings before, FormSettings after)
     : m_apply(std::move(apply))

@@ -101,6 +101,19 @@ private:
     QList<int> m_after;
 };
 
+/// Resizes the form.
+class FormSizeCommand : public QUndoCommand {
+public:
+    FormSizeCommand(DesignSurface& surface, QSize before, QSize after);
+    void redo() override { m_surface.SetFormSize(m_after); }
+    void undo() override { m_surface.SetFormSize(m_before); }
+
+private:
+    DesignSurface& m_surface;
+    QSize m_before;
+    QSize m_after;
+};
+
 /// Changes the form's title or hints; `apply` sets them.
 class FormSettingsCommand : public QUndoCommand {
 public:

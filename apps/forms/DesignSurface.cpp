@@ -23,6 +23,8 @@ constexpr QSize kNewFieldSize { 160, 21 };
 constexpr QSize kMinimumSize { 16, 12 };
 constexpr int kNewFieldLeft = 120;
 constexpr int kRowGap = 7;
+constexpr int kFormEdge = 5; // how near the form's right or bottom edge a press takes hold of it
+constexpr QSize kLeastForm { 120, 60 };
 
 // The handles of a field, clockwise from the top-left corner.
 QList<QRect> Handles(const QRect& r) {
@@ -59,6 +61,14 @@ protected:
             for (const QRect& handle : Handles(r))
                 painter.drawRect(handle);
         }
+        // The form's own grips: the middle of its right and bottom edges and its corner.
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.setBrush(palette().color(QPalette::Base));
+        const int w = width();
+        const int h = height();
+        for (const QPoint& p : { QPoint(w - kHandle, h / 2 - kHandle / 2),
+                 QPoint(w / 2 - kHandle / 2, h - kHandle), QPoint(w - kHandle, h - kHandle) })
+            painter.drawRect(QRect(p, QSize(kHandle - 1, kHandle - 1)));
     }
 
 private:
@@ -84,6 +94,7 @@ private:
 DesignSurface::DesignSurface(QWidget* parent)
     : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // the cursor shows what a press on a handle or the form's edge would do
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Window);
     setFont(FormAmbientFont());
@@ -98,10 +109,47 @@ void DesignSurface::Reset(int width, int height) {
         delete entry.label;
     }
     m_entries.clear();
-    setFixedSize(width, height);
-    m_overlay->setGeometry(rect());
+    SetFormSize(QSize(width, height));
     emit SelectionChanged();
     emit FieldsChanged();
+}
+
+void DesignSurface::SetFormSize(const QSize& size) {
+    setFixedSize(size);
+    m_overlay->setGeometry(rect());
+    m_overlay->update();
+}
+
+QSize DesignSurface::LeastFormSize() const {
+    QSize least = kLeastForm;
+    for (const Entry& entry : m_entries) {
+        const QRect taken = entry.geometry.united(entry.label->geometry());
+        least = least.expandedTo(QSize(taken.right() + 1, taken.bottom() + 1));
+    }
+    return least.boundedTo(QSize(kMaxFormExtent, kMaxFormExtent));
+}
+
+Qt::Edges DesignSurface::FormEdgesAt(const QPoint& point) const {
+    Qt::Edges edges;
+    if (!rect().contains(point)) return edges;
+    if (point.x() >= width() - kFormEdge) edges |= Qt::RightEdge;
+    if (point.y() >= height() - kFormEdge) edges |= Qt::BottomEdge;
+    return edges;
+}
+
+void DesignSurface::UpdateCursor(const QPoint& at) {
+    if (m_placing) return; // the designer shows the placing cross
+    static const Qt::CursorShape shapes[]
+        = { Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor };
+    const Qt::Edges edges = FormEdgesAt(at);
+    if (const int handle = HandleAt(at); handle >= 0)
+        setCursor(shapes[handle % 4]);
+    else if (edges == (Qt::RightEdge | Qt::BottomEdge))
+        setCursor(Qt::SizeFDiagCursor);
+    else if (edges)
+        setCursor(edges == Qt::RightEdge ? Qt::SizeHorCursor : Qt::SizeVerCursor);
+    else
+        setCursor(Qt::ArrowCursor);
 }
 
 DesignSurface::Entry* DesignSurface::Find(int id) {
@@ -368,6 +416,11 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
     if (const int handle = HandleAt(at); handle >= 0 && !ctrl) {
         m_drag = Drag::Resize;
         m_handle = handle;
+    } else if (const Qt::Edges edges = FormEdgesAt(at); edges && !m_placing) {
+        m_drag = Drag::Form;
+        m_formEdges = edges;
+        m_formStart = size();
+        return;
     } else if (const int id = FieldAt(at)) {
         QList<int> selection = Selection();
         if (ctrl) {
@@ -400,7 +453,12 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
 void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     const QPoint delta = at - m_pressAt;
-    if (m_drag == Drag::Band) {
+    if (m_drag == Drag::Form) {
+        QSize wanted = m_formStart;
+        if (m_formEdges & Qt::RightEdge) wanted.rwidth() += delta.x();
+        if (m_formEdges & Qt::BottomEdge) wanted.rheight() += delta.y();
+        SetFormSize(wanted.expandedTo(LeastFormSize()).boundedTo(QSize(kMaxFormExtent, kMaxFormExtent)));
+    } else if (m_drag == Drag::Band) {
         const QRect band = QRect(m_pressAt, at).normalized();
         m_band->setGeometry(band);
         QList<int> selection = m_bandKeeps;
@@ -427,11 +485,8 @@ void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
         if (m_handle == 0 || m_handle >= 6)
             r.setLeft(std::min(r.left() + delta.x(), r.right() - kMinimumSize.width()));
         SetGeometryOf(m_dragIds.front(), r.intersected(rect()));
-    } else {
-        const int handle = HandleAt(at);
-        static const Qt::CursorShape shapes[]
-            = { Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor };
-        setCursor(handle >= 0 ? shapes[handle % 4] : Qt::ArrowCursor);
+    } else if (m_drag == Drag::None) {
+        UpdateCursor(at);
     }
 }
 
@@ -439,6 +494,7 @@ void DesignSurface::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     m_band->hide();
     if (m_drag == Drag::Move || m_drag == Drag::Resize) FinishGeometry(false);
+    if (m_drag == Drag::Form && size() != m_formStart) emit FormResized(m_formStart, size());
     // A click on one of several selected fields that moved nothing selects that field alone.
     if (m_drag == Drag::Move && m_pressedId && event->position().toPoint() == m_pressAt)
         Select({ m_pressedId });

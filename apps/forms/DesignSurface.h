@@ -31,6 +31,7 @@ struct PlacedField {
 /// adds it to the selection or takes it out, a drag on the empty form draws a rubber band (Ctrl keeps the
 /// selection), dragging a selected field moves the selection, the handles of a single selected field
 /// resize it, the arrow keys move the selection by a pixel (with Shift they resize it), Delete deletes it.
+/// The form's right and bottom edges and its corner grip resize the form, never smaller than its fields.
 /// The surface changes nothing lasting by itself: it reports each finished edit, and the designer turns it
 /// into an undoable command that calls back the editing methods below.
 class DesignSurface : public QWidget {
@@ -52,6 +53,8 @@ public:
     void RemoveField(int id);
     /// Removes every field and sets the form's size.
     void Reset(int width, int height);
+    /// Sets the form's size, keeping its fields.
+    void SetFormSize(const QSize& size);
 
     /// The field as the form file holds it, its properties as its control writes them now.
     [[nodiscard]] PlacedField Snapshot(int id) const;
@@ -92,6 +95,8 @@ signals:
         const QList<int>& ids, const QList<QRect>& before, const QList<QRect>& after, bool byKey);
     /// The author clicked on the empty form with placing armed.
     void PlaceRequested(const QPoint& at);
+    /// The author dragged the form's edge or corner.
+    void FormResized(const QSize& before, const QSize& after);
     void DeleteRequested();
     void PropertiesRequested();
     void ContextMenuRequested(const QPoint& globalPos);
@@ -118,7 +123,7 @@ private:
         QRect geometry;
         bool selected = false;
     };
-    enum class Drag { None, Move, Resize, Band };
+    enum class Drag { None, Move, Resize, Band, Form };
 
     class QuietScope;
     Entry* Find(int id);
@@ -128,6 +133,11 @@ private:
     void PlaceLabel(Entry& entry);
     [[nodiscard]] int FieldAt(const QPoint& point) const;
     [[nodiscard]] int HandleAt(const QPoint& point) const;
+    /// The form's edges a press at `point` takes hold of: `Qt::RightEdge`, `Qt::BottomEdge` or both.
+    [[nodiscard]] Qt::Edges FormEdgesAt(const QPoint& point) const;
+    /// The least size that keeps every field and its label on the form.
+    [[nodiscard]] QSize LeastFormSize() const;
+    void UpdateCursor(const QPoint& at);
     [[nodiscard]] QRect Clamped(QRect geometry) const;
     void FinishGeometry(bool byKey);
     void Nudge(int dx, int dy, bool resize);
@@ -141,6 +151,8 @@ private:
     bool m_placing = false;
     Drag m_drag = Drag::None;
     int m_handle = -1;
+    Qt::Edges m_formEdges;
+    QSize m_formStart;
     int m_pressedId = 0;
     QPoint m_pressAt;
     QList<int> m_dragIds;

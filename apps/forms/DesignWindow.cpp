@@ -195,6 +195,9 @@ void DesignWindow::Connect() {
         [this](const QList<int>& ids, const QList<QRect>& before, const QList<QRect>& after, bool byKey) {
             m_undo->push(new GeometryCommand(*m_surface, ids, before, after, byKey));
         });
+    connect(m_surface, &DesignSurface::FormResized, this, [this](const QSize& before, const QSize& after) {
+        m_undo->push(new FormSizeCommand(*m_surface, before, after));
+    });
     connect(m_surface, &DesignSurface::PlaceRequested, this, [this](const QPoint& at) {
         m_placeTool->setChecked(false);
         PlaceField(at);

@@ -88,8 +88,8 @@ protected:
         if (finish) QTest::keyClick(box, Qt::Key_Return);
         QApplication::processEvents();
     }
-    void Drag(const char* name, QPoint by) {
-        const QPoint from = CentreOf(name);
+    void Drag(const char* name, QPoint by) { DragFrom(CentreOf(name), by); }
+    void DragFrom(QPoint from, QPoint by) {
         QTest::mousePress(Surface(), Qt::LeftButton, {}, from);
         for (const QPoint& at : { from + by / 2, from + by }) {
             QTest::mouseMove(Surface(), at);
@@ -197,6 +197,24 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity);
     Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
 
+    // The handle at the right of a lone selected field widens it; the form's corner grip resizes the form,
+    // never so far as to hide a field. Each is one step.
+    Click("Quantity");
+    const QRect moved = Surface()->GeometryOf(Surface()->IdOf(Field("Quantity")));
+    DragFrom(QPoint(moved.right(), moved.center().y()), QPoint(24, 0));
+    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))).width(), moved.width() + 24);
+    const QSize form = Surface()->size();
+    QTest::mouseMove(Surface(), QPoint(form.width() - 2, form.height() - 2));
+    EXPECT_EQ(Surface()->cursor().shape(), Qt::SizeFDiagCursor);
+    DragFrom(QPoint(form.width() - 2, form.height() - 2), QPoint(60, -form.height()));
+    QRect extent;
+    for (int id : Surface()->Ids())
+        extent |= Surface()->GeometryOf(id);
+    EXPECT_EQ(Surface()->size(), QSize(form.width() + 60, extent.bottom() + 1));
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Surface()->size(), form);
+    Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+
     // The tab order changes with the panel's button.
     Click("Quillmar3");
     QTest::mouseClick(window->Panel()->EarlierButton(), Qt::LeftButton);
@@ -212,6 +230,7 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     EXPECT_EQ(designed.controls[2].label, u"How many");
     EXPECT_EQ(designed.controls[2].toolTip, u"Pieces ordered");
     EXPECT_EQ(designed.controls[2].left, quantity.left() + 40);
+    EXPECT_EQ(QSize(designed.width, designed.height), Surface()->size());
     const QString again = folder.filePath(QStringLiteral("again.qform.json"));
     ASSERT_TRUE(reopened->SaveTo(again));
     EXPECT_EQ(Bytes(again), Bytes(savePath));
