@@ -28,8 +28,9 @@ FieldsCommand::FieldsCommand(
     // Fields come back in tab order, each at its own place.
     std::sort(
         m_fields.begin(), m_fields.end(), [](const auto& a, const auto& b) { return a.index < b.index; });
-    setText(kind == Kind::Place ? Count("Place Field", "Place %1 Fields", m_fields.size())
-                                : Count("Delete Field", "Delete %1 Fields", m_fields.size()));
+    setText(kind == Kind::Place   ? Count("Place Field", "Place %1 Fields", m_fields.size())
+            : kind == Kind::Paste ? Count("Paste Field", "Paste %1 Fields", m_fields.size())
+                                  : Count("Delete Field", "Delete %1 Fields", m_fields.size()));
 }
 
 void FieldsCommand::Add() {
@@ -48,14 +49,14 @@ void FieldsCommand::Remove() {
 
 void FieldsCommand::redo() {
     if (std::exchange(m_skipRedo, false)) return;
-    if (m_kind == Kind::Place)
+    if (m_kind != Kind::Delete)
         Add();
     else
         Remove();
 }
 
 void FieldsCommand::undo() {
-    if (m_kind == Kind::Place)
+    if (m_kind != Kind::Delete)
         Remove();
     else
         Add();

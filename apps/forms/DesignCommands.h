@@ -10,12 +10,12 @@
 
 namespace quillmar::forms {
 
-/// Places fields (redo adds them, undo removes them) or deletes them (the reverse). Fields come back with
-/// their numbers, places in the tab order, names, labels, tool tips, geometry and properties. A command
-/// made for fields already on the surface does nothing on its first redo.
+/// Places or pastes fields (redo adds them, undo removes them) or deletes them (the reverse). Fields come
+/// back with their numbers, places in the tab order, names, labels, tool tips, geometry and properties. A
+/// command made for fields already on the surface does nothing on its first redo.
 class FieldsCommand : public QUndoCommand {
 public:
-    enum class Kind { Place, Delete };
+    enum class Kind { Place, Paste, Delete };
     FieldsCommand(DesignSurface& surface, Kind kind, std::vector<PlacedField> fields, bool alreadyDone);
     void redo() override;
     void undo() override;

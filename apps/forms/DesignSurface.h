@@ -49,6 +49,8 @@ public:
     /// and as its label, its error messages titled after its label, at `at` (its top-left corner) or, when
     /// there is none, below the last field. Returns its id.
     int CreateField(std::optional<QPoint> at = std::nullopt);
+    /// A number no field of the surface has or will be given by `CreateField`, for a field to be inserted.
+    [[nodiscard]] int ReserveId() { return m_nextId++; }
     /// Removes the field.
     void RemoveField(int id);
     /// Removes every field and sets the form's size.

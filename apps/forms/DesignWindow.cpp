@@ -1,6 +1,7 @@
 #include "apps/forms/DesignWindow.h"
 
 #include "apps/forms/DesignCommands.h"
+#include "apps/forms/FieldClipboard.h"
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormWindow.h"
 #include "apps/forms/Record.h"
@@ -8,6 +9,8 @@
 #include "pages/FieldPages.h"
 
 #include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -15,6 +18,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QToolBar>
@@ -122,7 +126,13 @@ void DesignWindow::BuildActions() {
     QAction* all
         = AddAction(QStringLiteral("actionSelectAll"), tr("Select &All"), QKeySequence::SelectAll, {});
     connect(all, &QAction::triggered, this, [this] { m_surface->Select(m_surface->Ids()); });
-    for (QAction* action : { remove, all }) {
+    QAction* cut
+        = AddAction(QStringLiteral("actionCut"), tr("Cu&t"), QKeySequence::Cut, [this] { CutSelection(); });
+    QAction* copy = AddAction(
+        QStringLiteral("actionCopy"), tr("&Copy"), QKeySequence::Copy, [this] { CopySelection(); });
+    QAction* paste
+        = AddAction(QStringLiteral("actionPaste"), tr("&Paste"), QKeySequence::Paste, [this] { Paste(); });
+    for (QAction* action : { cut, copy, paste, remove, all }) {
         action->setShortcutContext(Qt::WidgetShortcut);
         m_surface->addAction(action);
         edit->addAction(action);
@@ -195,6 +205,7 @@ void DesignWindow::Connect() {
         [this](const QList<int>& ids, const QList<QRect>& before, const QList<QRect>& after, bool byKey) {
             m_undo->push(new GeometryCommand(*m_surface, ids, before, after, byKey));
         });
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &DesignWindow::UpdateActions);
     connect(m_surface, &DesignSurface::FormResized, this, [this](const QSize& before, const QSize& after) {
         m_undo->push(new FormSizeCommand(*m_surface, before, after));
     });
@@ -210,8 +221,8 @@ void DesignWindow::Connect() {
     });
     connect(m_surface, &DesignSurface::ContextMenuRequested, this, [this](const QPoint& at) {
         QMenu menu(this);
-        for (const char* name :
-            { "actionProperties", "actionDelete", "actionEarlier", "actionLater", "actionSelectAll" })
+        for (const char* name : { "actionProperties", "actionCut", "actionCopy", "actionPaste",
+                 "actionDelete", "actionEarlier", "actionLater", "actionSelectAll" })
             menu.addAction(Action(QString::fromLatin1(name)));
         menu.exec(at);
     });
@@ -368,6 +379,48 @@ void DesignWindow::DeleteSelection() {
         m_undo->push(new FieldsCommand(*m_surface, FieldsCommand::Kind::Delete, std::move(fields), false));
 }
 
+void DesignWindow::CopySelection() {
+    std::vector<FormControl> fields;
+    for (int id : m_surface->Selection())
+        fields.push_back(m_surface->Snapshot(id).field);
+    if (!fields.empty()) QApplication::clipboard()->setMimeData(FieldsToMime(fields, m_surface->size()));
+}
+
+void DesignWindow::CutSelection() {
+    CopySelection();
+    DeleteSelection();
+}
+
+void DesignWindow::Paste() {
+    ClipboardFields pasted = FieldsFromMime(QApplication::clipboard()->mimeData());
+    if (!pasted.error.empty()) {
+        Ask(QMessageBox::Warning, tr("Paste"),
+            tr("The fields on the clipboard cannot be pasted:\n%1").arg(QString::fromStdString(pasted.error)),
+            QMessageBox::Ok);
+        return;
+    }
+    if (pasted.fields.empty()) return;
+    const QList<int> ids = m_surface->Ids();
+    if (size_t(ids.size()) + pasted.fields.size() > kMaxFormFields) {
+        Ask(QMessageBox::Warning, tr("Paste"),
+            tr("A form holds at most %1 fields; this one has %2 and the clipboard %3.")
+                .arg(kMaxFormFields)
+                .arg(ids.size())
+                .arg(pasted.fields.size()),
+            QMessageBox::Ok);
+        return;
+    }
+    std::vector<QRect> occupied;
+    for (int id : ids)
+        occupied.push_back(m_surface->GeometryOf(id));
+    std::vector<PlacedField> placed;
+    for (FormControl& field :
+        FitPastedFields(std::move(pasted.fields), m_surface->Names(), occupied, m_surface->size()))
+        placed.push_back({ m_surface->ReserveId(), int(ids.size() + placed.size()), std::move(field) });
+    m_undo->push(new FieldsCommand(*m_surface, FieldsCommand::Kind::Paste, std::move(placed), false));
+    m_surface->setFocus();
+}
+
 void DesignWindow::EditName(int id, const QString& name) {
     const QString problem = FieldNameProblem(name, m_surface->Names(id));
     if (problem.isEmpty()) {
@@ -497,8 +550,11 @@ void DesignWindow::UpdateActions() {
     const qsizetype selected = m_surface->Selection().size();
     centralWidget()->setEnabled(designing);
     m_panel->setEnabled(designing);
-    for (const char* name : { "actionDelete", "actionProperties" })
+    for (const char* name : { "actionDelete", "actionProperties", "actionCut", "actionCopy" })
         Action(QString::fromLatin1(name))->setEnabled(designing && selected > 0);
+    const QMimeData* clipboard = QApplication::clipboard()->mimeData();
+    Action(QStringLiteral("actionPaste"))
+        ->setEnabled(designing && clipboard && clipboard->hasFormat(QString::fromLatin1(kFieldsMimeType)));
     for (const char* name : { "actionEarlier", "actionLater" })
         Action(QString::fromLatin1(name))->setEnabled(designing && selected == 1);
     for (const char* name : { "actionPlaceField", "actionSelectAll" })

@@ -45,6 +45,13 @@ public:
     int PlaceField(std::optional<QPoint> at = std::nullopt);
     /// Deletes the selected fields.
     void DeleteSelection();
+    /// Puts the selected fields on the clipboard as a form file holding them.
+    void CopySelection();
+    /// Puts the selected fields on the clipboard and deletes them.
+    void CutSelection();
+    /// Adds the fields on the clipboard to the end of the tab order as one step, under names of their own
+    /// and beside any field they would cover exactly (see `FitPastedFields`), and selects them.
+    void Paste();
     /// Opens the property pages on the selected fields (window-modal; see `PropertyFrame`).
     void OpenProperties();
     /// Moves the one selected field `delta` places in the tab order.

@@ -28,6 +28,19 @@ QString NextFieldName(const QStringList& taken) {
     }
 }
 
+QString CopyName(const QString& name, const QStringList& taken) {
+    if (!Taken(name, taken)) return name;
+    qsizetype stemLength = name.size();
+    while (stemLength > 0 && name[stemLength - 1].isDigit())
+        --stemLength;
+    const QString stem = stemLength > 0 ? name.left(stemLength) : QStringLiteral("Quillmar");
+    // At most `taken.size()` numbers are taken, so one of the first `taken.size() + 1` from 2 is free.
+    for (qsizetype number = 2;; ++number) {
+        const QString copy = stem + QString::number(number);
+        if (!Taken(copy, taken)) return copy;
+    }
+}
+
 QString FieldNameProblem(const QString& name, const QStringList& others) {
     if (name.trimmed().isEmpty()) return QCoreApplication::translate("FieldNames", "A field needs a name.");
     if (Taken(name, others))

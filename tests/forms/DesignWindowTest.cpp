@@ -4,11 +4,13 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -327,8 +329,53 @@ TEST_F(DesignMode, ABrokenFormIsNotShown) {
     EXPECT_TRUE(window->Path().isEmpty());
 }
 
+// Copied fields paste as new fields beside their originals, under names of their own, as one step each;
+// cut ones come back where they were; what the clipboard holds is checked as a form file is.
+TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
+    ASSERT_TRUE(window->OpenForm(QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json")));
+    const auto geometry
+        = [&](const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))); };
+    const QRect quantity = geometry("Quantity");
+    Click("Quantity");
+    Click("Discount", Qt::ControlModifier);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    const int steps = window->UndoStack()->count();
+    Key(Qt::Key_V, Qt::ControlModifier);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Names().mid(14), (QStringList { "Quantity2", "Discount2", "Quantity3", "Discount3" }));
+    EXPECT_EQ(geometry("Quantity2"), quantity.translated(16, 16));
+    EXPECT_EQ(geometry("Quantity3"), quantity.translated(32, 32));
+    EXPECT_EQ(Surface()->Selection(),
+        (QList<int> { Surface()->IdOf(Field("Quantity3")), Surface()->IdOf(Field("Discount3")) }));
+    EXPECT_EQ(Field("Discount3")->MaxValue(), Field("Discount")->MaxValue());
+    EXPECT_EQ(Field("Quantity3")->MessageBoxTitle(), Field("Quantity")->MessageBoxTitle());
+    EXPECT_EQ(window->UndoStack()->count(), steps + 2);
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Names().size(), 16);
+
+    Click("Quantity");
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(Field("Quantity"), nullptr);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(geometry("Quantity"), quantity);
+    EXPECT_EQ(Names().last(), QStringLiteral("Quantity"));
+
+    auto* data = new QMimeData;
+    data->setData(QStringLiteral("application/x-quillmar-fields+json"), R"({"title": "", "width": 1})");
+    QApplication::clipboard()->setMimeData(data);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(boxes,
+        QStringList { "Paste|The fields on the clipboard cannot be pasted:\nclipboard: missing field "
+                      "\"height\"" });
+    EXPECT_EQ(Names().size(), 16);
+}
+
 TEST(FieldNames, NewNamesAreFreeAndNamesAreRefusedWhenEmptyOrTaken) {
     EXPECT_EQ(NextFieldName({}), QStringLiteral("Quillmar1"));
+    for (const auto& [name, copy] : { std::pair { "Qty", "Qty" }, std::pair { "quantity", "quantity3" },
+             std::pair { "Quillmar7", "Quillmar2" }, std::pair { "42", "Quillmar2" } })
+        EXPECT_EQ(CopyName(QString::fromLatin1(name), { "Quantity", "QUANTITY2", "42", "quillmar7" }),
+            QString::fromLatin1(copy));
     EXPECT_EQ(NextFieldName({ "Quillmar1", "QUILLMAR2", "Quillmar4" }), QStringLiteral("Quillmar3"));
     const std::pair<const char*, bool> rows[]
         = { { "", false }, { "  ", false }, { "qty", false }, { "Qty2", true }, { "Qu\u00c4ntity", true } };
