@@ -28,9 +28,21 @@ FieldsCommand::FieldsCommand(
     // Fields come back in tab order, each at its own place.
     std::sort(
         m_fields.begin(), m_fields.end(), [](const auto& a, const auto& b) { return a.index < b.index; });
-    setText(kind == Kind::Place   ? Count("Place Field", "Place %1 Fields", m_fields.size())
-            : kind == Kind::Paste ? Count("Paste Field", "Paste %1 Fields", m_fields.size())
-                                  : Count("Delete Field", "Delete %1 Fields", m_fields.size()));
+    const auto count = m_fields.size();
+    switch (kind) {
+    case Kind::Place:
+        setText(Count("Place Field", "Place %1 Fields", count));
+        break;
+    case Kind::Paste:
+        setText(Count("Paste Field", "Paste %1 Fields", count));
+        break;
+    case Kind::Cut:
+        setText(Count("Cut Field", "Cut %1 Fields", count));
+        break;
+    case Kind::Delete:
+        setText(Count("Delete Field", "Delete %1 Fields", count));
+        break;
+    }
 }
 
 void FieldsCommand::Add() {
@@ -49,14 +61,14 @@ void FieldsCommand::Remove() {
 
 void FieldsCommand::redo() {
     if (std::exchange(m_skipRedo, false)) return;
-    if (m_kind != Kind::Delete)
+    if (Adds())
         Add();
     else
         Remove();
 }
 
 void FieldsCommand::undo() {
-    if (m_kind != Kind::Delete)
+    if (Adds())
         Remove();
     else
         Add();

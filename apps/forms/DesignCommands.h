@@ -10,17 +10,18 @@
 
 namespace quillmar::forms {
 
-/// Places or pastes fields (redo adds them, undo removes them) or deletes them (the reverse). Fields come
-/// back with their numbers, places in the tab order, names, labels, tool tips, geometry and properties. A
-/// command made for fields already on the surface does nothing on its first redo.
+/// Places or pastes fields (redo adds them, undo removes them), or deletes or cuts them (the reverse). Fields
+/// come back with their numbers, places in the tab order, names, labels, tool tips, geometry and properties.
+/// A command made for fields already on the surface does nothing on its first redo.
 class FieldsCommand : public QUndoCommand {
 public:
-    enum class Kind { Place, Paste, Delete };
+    enum class Kind { Place, Paste, Delete, Cut };
     FieldsCommand(DesignSurface& surface, Kind kind, std::vector<PlacedField> fields, bool alreadyDone);
     void redo() override;
     void undo() override;
 
 private:
+    [[nodiscard]] bool Adds() const { return m_kind == Kind::Place || m_kind == Kind::Paste; }
     void Add();
     void Remove();
 

@@ -372,11 +372,14 @@ int DesignWindow::PlaceField(std::optional<QPoint> at) {
 }
 
 void DesignWindow::DeleteSelection() {
+    RemoveSelection(FieldsCommand::Kind::Delete);
+}
+
+void DesignWindow::RemoveSelection(FieldsCommand::Kind kind) {
     std::vector<PlacedField> fields;
     for (int id : m_surface->Selection())
         fields.push_back(m_surface->Snapshot(id));
-    if (!fields.empty())
-        m_undo->push(new FieldsCommand(*m_surface, FieldsCommand::Kind::Delete, std::move(fields), false));
+    if (!fields.empty()) m_undo->push(new FieldsCommand(*m_surface, kind, std::move(fields), false));
 }
 
 void DesignWindow::CopySelection() {
@@ -388,7 +391,7 @@ void DesignWindow::CopySelection() {
 
 void DesignWindow::CutSelection() {
     CopySelection();
-    DeleteSelection();
+    RemoveSelection(FieldsCommand::Kind::Cut);
 }
 
 void DesignWindow::Paste() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/forms/DesignCommands.h"
 #include "apps/forms/DesignSurface.h"
 #include "apps/forms/FieldPanel.h"
 #include "apps/forms/FormSave.h"
@@ -105,6 +106,7 @@ private:
     void RecordPageApply();
     void SnapshotProperties();
     void EditName(int id, const QString& name);
+    void RemoveSelection(FieldsCommand::Kind kind);
     void SetForm(const FormSettings& form);
     void UpdateTitle();
     void UpdateActions();

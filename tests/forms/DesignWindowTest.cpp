@@ -356,6 +356,7 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
     Click("Quantity");
     Key(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(Field("Quantity"), nullptr);
+    EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Cut Field"));
     Key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(geometry("Quantity"), quantity);
     EXPECT_EQ(Names().last(), QStringLiteral("Quantity"));
