@@ -110,11 +110,15 @@ void FieldPanel::Refresh(const FormSettings& form) {
     for (QLineEdit* box : { m_name, m_label, m_toolTip })
         box->setEnabled(field != nullptr);
     m_order->clear();
+    QListWidgetItem* lastSelected = nullptr;
     for (int id : m_surface.Ids()) {
         auto* item = new QListWidgetItem(m_surface.Field(id)->objectName(), m_order);
         item->setData(Qt::UserRole, id);
         item->setSelected(selection.contains(id));
+        if (item->isSelected()) lastSelected = item;
     }
+    // A field just placed or pasted is last in the tab order: the list shows it.
+    if (lastSelected) m_order->scrollToItem(lastSelected);
     m_earlier->setEnabled(m_shownId != 0 && m_surface.Ids().indexOf(m_shownId) > 0);
     m_later->setEnabled(m_shownId != 0 && m_surface.Ids().indexOf(m_shownId) < m_surface.Ids().size() - 1);
     m_refreshing = false;
