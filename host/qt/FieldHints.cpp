@@ -11,8 +11,10 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QToolTip>
 
@@ -69,6 +71,25 @@ void FieldHints::Refresh() {
     m_edit.setAccessibleDescription(m_description);
     m_field.setAccessibleDescription(m_description);
     if (m_inlineState) UpdateInlineState();
+}
+
+void FieldHints::NameEditBox() {
+    if (!m_edit.accessibleName().isEmpty() && m_edit.accessibleName() != m_givenName) return;
+    QString name = m_field.accessibleName();
+    if (name.isEmpty() && m_field.parentWidget()) {
+        for (const QLabel* label : m_field.parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+            if (label->buddy() == &m_field) {
+                // "&Quantity:" is read as "Quantity".
+                name = label->text();
+                name.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+                name.replace(QStringLiteral("&&"), QStringLiteral("&"));
+                if (name.endsWith(QLatin1Char(':'))) name.chop(1);
+                name = name.trimmed();
+                break;
+            }
+    }
+    m_givenName = name;
+    m_edit.setAccessibleName(name);
 }
 
 void FieldHints::SetShowInlineState(bool on) {

@@ -24,6 +24,10 @@ public:
 
     /// Reads the rules and the locale afresh: placeholder, accessible description and inline state.
     void Refresh();
+    /// Gives the edit box, which holds the focus, the field's accessible name: the one the program set on
+    /// the field, or else the text of a label beside it whose buddy is the field (without its mnemonic and
+    /// a closing colon). A name the program set on the edit box itself stays.
+    void NameEditBox();
 
     void SetShowRefusalTips(bool on) { m_refusalTips = on; }
     [[nodiscard]] bool ShowRefusalTips() const { return m_refusalTips; }
@@ -62,6 +66,7 @@ private:
     QuillmarEdit& m_field;
     QLineEdit& m_edit;
     QString m_description;
+    QString m_givenName; // the accessible name `NameEditBox` gave the edit box
     bool m_refusalTips = false;
     bool m_inlineState = false;
     int m_changes = 0;

@@ -378,6 +378,7 @@ void QuillmarEdit::resizeEvent(QResizeEvent* event) {
 
 void QuillmarEdit::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    m_hints->NameEditBox(); // a label may have become the field's buddy since it was made
     m_control->Show();
 }
 

@@ -4,6 +4,7 @@
 #include "host/qt/QtConversions.h"
 #include "host/standalone/StandaloneHost.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -11,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QTest>
@@ -490,6 +492,25 @@ TEST_F(Form, EmptyFieldShowsItsRulesByExampleAndInWords) {
         EXPECT_EQ(field->toolTip(), QStringLiteral("Set by the form"));
         EXPECT_EQ(field->lineEdit()->toolTip(), QString());
     }
+}
+
+// The edit box holds the focus, so assistive technology reads the field's name from it: the name the
+// program gave the field, or its buddy label's text; a name given to the edit box itself stays.
+TEST_F(Form, TheEditBoxIsNamedAfterTheFieldsLabel) {
+    const auto nameRead = [](QWidget* widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    };
+    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
+    auto* label = new QLabel(QStringLiteral("&Quantity && price:"), &window);
+    label->setBuddy(quantity);
+    QuillmarEdit* named = AddField("Named", vldInteger, vldWeak);
+    named->setAccessibleName(QStringLiteral("Unit price"));
+    QuillmarEdit* own = AddField("Own", vldInteger, vldWeak);
+    own->lineEdit()->setAccessibleName(QStringLiteral("Its own"));
+    ShowAndFocus(quantity);
+    EXPECT_EQ(nameRead(quantity->lineEdit()), QStringLiteral("Quantity & price"));
+    EXPECT_EQ(nameRead(named->lineEdit()), QStringLiteral("Unit price"));
+    EXPECT_EQ(nameRead(own->lineEdit()), QStringLiteral("Its own"));
 }
 
 // With the option on, a refused key or paste (by key, from the menu or dropped) also says why at the caret;
