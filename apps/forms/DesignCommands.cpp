@@ -74,8 +74,8 @@ void FieldsCommand::undo() {
         Add();
 }
 
-GeometryCommand::GeometryCommand(
-    DesignSurface& surface, QList<int> ids, QList<QRect> before, QList<QRect> after, bool byKey)
+GeometryCommand::GeometryCommand(DesignSurface& surface, QList<int> ids, QList<QRect> before,
+    QList<QRect> after, bool byKey, const QString& text)
     : m_surface(surface)
     , m_ids(std::move(ids))
     , m_before(std::move(before))
@@ -83,7 +83,7 @@ GeometryCommand::GeometryCommand(
     , m_byKey(byKey) {
     const bool resized = std::any_of(m_before.begin(), m_before.end(),
         [this, i = 0](const QRect& r) mutable { return r.size() != m_after[i++].size(); });
-    setText(resized ? Tr("Resize") : Tr("Move"));
+    setText(!text.isEmpty() ? text : resized ? Tr("Resize") : Tr("Move"));
 }
 
 void GeometryCommand::redo() {

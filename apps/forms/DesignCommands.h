@@ -34,8 +34,9 @@ private:
 /// Moves or resizes fields; each arrow-key step of the same fields joins the step before it.
 class GeometryCommand : public QUndoCommand {
 public:
-    GeometryCommand(
-        DesignSurface& surface, QList<int> ids, QList<QRect> before, QList<QRect> after, bool byKey);
+    /// `text` names the step; by default "Move" or "Resize", as the sizes say.
+    GeometryCommand(DesignSurface& surface, QList<int> ids, QList<QRect> before, QList<QRect> after,
+        bool byKey, const QString& text = {});
     void redo() override;
     void undo() override;
     [[nodiscard]] int id() const override { return 1; }

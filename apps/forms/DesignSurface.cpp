@@ -51,13 +51,14 @@ protected:
         QPainter painter(this);
         const QList<int> selected = m_surface->Selection();
         const QColor accent = palette().color(QPalette::Highlight);
+        const int primary = m_surface->Primary();
         for (int id : selected) {
             const QRect r = m_surface->GeometryOf(id).adjusted(-1, -1, 0, 0);
             painter.setPen(QPen(accent, 1, Qt::DashLine));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(r);
             painter.setPen(accent);
-            painter.setBrush(selected.size() == 1 ? QBrush(accent) : QBrush(Qt::white));
+            painter.setBrush(id == primary ? QBrush(accent) : QBrush(Qt::white));
             for (const QRect& handle : Handles(r))
                 painter.drawRect(handle);
         }
@@ -374,6 +375,12 @@ void DesignSurface::Select(const QList<int>& ids) {
     if (changed) emit SelectionChanged();
 }
 
+int DesignSurface::Primary() const {
+    const QList<int> selected = Selection();
+    if (selected.contains(m_primary)) return m_primary;
+    return selected.isEmpty() ? 0 : selected.front();
+}
+
 int DesignSurface::FieldAt(const QPoint& point) const {
     // The last field is drawn on top, so it is the one a click finds; its label counts as part of it.
     for (auto it = m_entries.rbegin(); it != m_entries.rend(); ++it)
@@ -431,6 +438,7 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
         } else if (!selection.contains(id)) {
             selection = { id };
         }
+        m_primary = id;
         Select(selection);
         if (!ctrl) m_drag = Drag::Move;
         m_pressedId = id;

@@ -80,6 +80,11 @@ public:
     /// The selected fields in tab order.
     [[nodiscard]] QList<int> Selection() const;
     void Select(const QList<int>& ids);
+    /// The selected field the others line up with: the one clicked last, or else the first in tab order;
+    /// 0 when none is selected. Its handles are drawn filled.
+    [[nodiscard]] int Primary() const;
+    /// `geometry` moved and cut to lie on the form, no smaller than a field may be.
+    [[nodiscard]] QRect Clamped(QRect geometry) const;
 
     /// While armed, the next click on the empty form places a new field there.
     void ArmPlacing(bool armed) { m_placing = armed; }
@@ -140,7 +145,6 @@ private:
     /// The least size that keeps every field and its label on the form.
     [[nodiscard]] QSize LeastFormSize() const;
     void UpdateCursor(const QPoint& at);
-    [[nodiscard]] QRect Clamped(QRect geometry) const;
     void FinishGeometry(bool byKey);
     void Nudge(int dx, int dy, bool resize);
 
@@ -156,6 +160,7 @@ private:
     Qt::Edges m_formEdges;
     QSize m_formStart;
     int m_pressedId = 0;
+    int m_primary = 0;
     QPoint m_pressAt;
     QList<int> m_dragIds;
     QList<QRect> m_dragStart;

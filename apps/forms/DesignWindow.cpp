@@ -164,6 +164,27 @@ void DesignWindow::BuildActions() {
         m_surface->setCursor(armed ? Qt::CrossCursor : Qt::ArrowCursor);
     });
 
+    QMenu* format = menuBar()->addMenu(tr("Forma&t"));
+    const struct {
+        const char* name;
+        QString menuText;
+        Alignment alignment;
+    } alignments[] = {
+        { "actionAlignLefts", tr("Align &Lefts"), Alignment::Lefts },
+        { "actionAlignRights", tr("Align &Rights"), Alignment::Rights },
+        { "actionAlignTops", tr("Align &Tops"), Alignment::Tops },
+        { "actionAlignBottoms", tr("Align &Bottoms"), Alignment::Bottoms },
+        { "actionSameWidth", tr("Make Same &Width"), Alignment::SameWidth },
+        { "actionSameHeight", tr("Make Same &Height"), Alignment::SameHeight },
+        { "actionSameSize", tr("Make Same &Size"), Alignment::SameSize },
+    };
+    for (const auto& [name, menuText, alignment] : alignments) {
+        if (alignment == Alignment::SameWidth) format->addSeparator();
+        const QString stepText = QString(menuText).remove(QLatin1Char('&'));
+        format->addAction(AddAction(QString::fromLatin1(name), menuText, {},
+            [this, alignment, stepText] { AlignSelection(alignment, stepText); }));
+    }
+
     QMenu* form = menuBar()->addMenu(tr("F&orm"));
     auto* modes = new QActionGroup(this);
     QAction* design = AddAction(QStringLiteral("actionDesign"), tr("&Design"),
@@ -382,6 +403,24 @@ void DesignWindow::RemoveSelection(FieldsCommand::Kind kind) {
     if (!fields.empty()) m_undo->push(new FieldsCommand(*m_surface, kind, std::move(fields), false));
 }
 
+void DesignWindow::AlignSelection(Alignment alignment, const QString& stepText) {
+    const int primary = m_surface->Primary();
+    QList<int> ids;
+    QList<QRect> before;
+    for (int id : m_surface->Selection())
+        if (id != primary) {
+            ids << id;
+            before << m_surface->GeometryOf(id);
+        }
+    QList<QRect> after = Aligned(before, m_surface->GeometryOf(primary), alignment);
+    // A field made larger keeps its corner and is cut at the form's edge; a moved one stays whole.
+    const bool sizing = alignment == Alignment::SameWidth || alignment == Alignment::SameHeight
+        || alignment == Alignment::SameSize;
+    for (QRect& r : after)
+        r = m_surface->Clamped(sizing ? r.intersected(m_surface->rect()) : r);
+    if (after != before) m_undo->push(new GeometryCommand(*m_surface, ids, before, after, false, stepText));
+}
+
 void DesignWindow::CopySelection() {
     std::vector<FormControl> fields;
     for (int id : m_surface->Selection())
@@ -560,6 +599,9 @@ void DesignWindow::UpdateActions() {
         ->setEnabled(designing && clipboard && clipboard->hasFormat(QString::fromLatin1(kFieldsMimeType)));
     for (const char* name : { "actionEarlier", "actionLater" })
         Action(QString::fromLatin1(name))->setEnabled(designing && selected == 1);
+    for (const char* name : { "actionAlignLefts", "actionAlignRights", "actionAlignTops",
+             "actionAlignBottoms", "actionSameWidth", "actionSameHeight", "actionSameSize" })
+        Action(QString::fromLatin1(name))->setEnabled(designing && selected > 1);
     for (const char* name : { "actionPlaceField", "actionSelectAll" })
         Action(QString::fromLatin1(name))->setEnabled(designing);
     m_placeTool->setEnabled(designing);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/forms/Alignment.h"
 #include "apps/forms/DesignCommands.h"
 #include "apps/forms/DesignSurface.h"
 #include "apps/forms/FieldPanel.h"
@@ -46,6 +47,9 @@ public:
     int PlaceField(std::optional<QPoint> at = std::nullopt);
     /// Deletes the selected fields.
     void DeleteSelection();
+    /// Lines the selected fields up with the primary one (see `DesignSurface::Primary`) as one step named
+    /// `stepText`.
+    void AlignSelection(Alignment alignment, const QString& stepText);
     /// Puts the selected fields on the clipboard as a form file holding them.
     void CopySelection();
     /// Puts the selected fields on the clipboard and deletes them.

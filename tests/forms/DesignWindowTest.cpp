@@ -371,6 +371,37 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
     EXPECT_EQ(Names().size(), 16);
 }
 
+// The Format menu lines the selected fields up with the one clicked last (or else the first in tab order),
+// each command one step; a field made as wide as a wider one is cut at the form's edge.
+TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
+    ASSERT_TRUE(window->OpenForm(QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json")));
+    const auto geometry
+        = [&](const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))); };
+    const QRect quantity = geometry("Quantity");
+    const QRect price = geometry("UnitPrice");
+    // A wide field in a row of its own below the others.
+    Surface()->SetFormSize(Surface()->size() + QSize(0, 40));
+    Surface()->SetGeometryOf(Surface()->IdOf(Field("Discount")), QRect(120, 262, 460, 21));
+    Click("UnitPrice");
+    Click("Quantity", Qt::ControlModifier);
+    Click("Discount", Qt::ControlModifier);
+    EXPECT_EQ(Surface()->Primary(), Surface()->IdOf(Field("Discount")));
+    Click("Discount", Qt::ControlModifier);
+    EXPECT_EQ(Surface()->Primary(), Surface()->IdOf(Field("Quantity")));
+    window->Action(QStringLiteral("actionAlignTops"))->trigger();
+    EXPECT_EQ(geometry("UnitPrice"), price.translated(0, quantity.top() - price.top()));
+    EXPECT_EQ(geometry("Quantity"), quantity);
+    EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Align Tops"));
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(geometry("UnitPrice"), price);
+
+    Click("UnitPrice");
+    Click("Discount", Qt::ControlModifier);
+    window->Action(QStringLiteral("actionSameWidth"))->trigger();
+    EXPECT_EQ(geometry("UnitPrice"),
+        QRect(price.topLeft(), QSize(Surface()->width() - price.left(), price.height())));
+}
+
 TEST(FieldNames, NewNamesAreFreeAndNamesAreRefusedWhenEmptyOrTaken) {
     EXPECT_EQ(NextFieldName({}), QStringLiteral("Quillmar1"));
     for (const auto& [name, copy] : { std::pair { "Qty", "Qty" }, std::pair { "quantity", "quantity3" },
