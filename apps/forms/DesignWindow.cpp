@@ -138,7 +138,7 @@ void DesignWindow::BuildActions() {
         edit->addAction(action);
     }
     edit->addSeparator();
-    edit->addAction(AddAction(QStringLiteral("actionProperties"), tr("&Properties..."),
+    edit->addAction(AddAction(QStringLiteral("actionProperties"), tr("Propert&ies..."),
         QKeySequence(Qt::CTRL | Qt::Key_P), [this] { OpenProperties(); }));
     edit->addSeparator();
     QAction* earlier = AddAction(QStringLiteral("actionEarlier"), tr("Earlier in Tab &Order"),
@@ -164,7 +164,7 @@ void DesignWindow::BuildActions() {
         m_surface->setCursor(armed ? Qt::CrossCursor : Qt::ArrowCursor);
     });
 
-    QMenu* format = menuBar()->addMenu(tr("Forma&t"));
+    QMenu* format = menuBar()->addMenu(tr("For&mat"));
     const struct {
         const char* name;
         QString menuText;

@@ -34,7 +34,7 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
     m_order = new QListWidget(this);
     m_order->setObjectName(QStringLiteral("lstTabOrder"));
     m_order->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_earlier = new QPushButton(tr("&Earlier"), this);
+    m_earlier = new QPushButton(tr("Ea&rlier"), this);
     m_later = new QPushButton(tr("&Later"), this);
 
     auto* form = new QFormLayout;
@@ -44,8 +44,8 @@ FieldPanel::FieldPanel(DesignSurface& surface, QWidget* parent)
     auto* field = new QGroupBox(tr("Selected field"), this);
     auto* fieldForm = new QFormLayout(field);
     fieldForm->addRow(tr("&Name:"), m_name);
-    fieldForm->addRow(tr("La&bel:"), m_label);
-    fieldForm->addRow(tr("Tool t&ip:"), m_toolTip);
+    fieldForm->addRow(tr("L&abel:"), m_label);
+    fieldForm->addRow(tr("Tool ti&p:"), m_toolTip);
     auto* order = new QGroupBox(tr("Tab order"), this);
     auto* orderLayout = new QVBoxLayout(order);
     auto* buttons = new QHBoxLayout;
