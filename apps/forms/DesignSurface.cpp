@@ -1,5 +1,7 @@
 #include "apps/forms/DesignSurface.h"
 
+#include "apps/forms/Alignment.h"
+
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormFont.h"
 
@@ -11,6 +13,9 @@
 #include <QRubberBand>
 
 #include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace quillmar::forms {
 namespace {
@@ -23,8 +28,15 @@ constexpr QSize kNewFieldSize { 160, 21 };
 constexpr QSize kMinimumSize { 16, 12 };
 constexpr int kNewFieldLeft = 120;
 constexpr int kRowGap = 7;
+constexpr int kSnapReach = 4; // how near an edge must come to another field's to meet it
 constexpr int kFormEdge = 5; // how near the form's right or bottom edge a press takes hold of it
 constexpr QSize kLeastForm { 120, 60 };
+
+// The nearer of two offsets, or the one there is.
+std::optional<int> Nearer(std::optional<int> a, std::optional<int> b) {
+    if (!a || !b) return a ? a : b;
+    return std::abs(*b) < std::abs(*a) ? b : a;
+}
 
 // The handles of a field, clockwise from the top-left corner.
 QList<QRect> Handles(const QRect& r) {
@@ -62,6 +74,10 @@ protected:
             for (const QRect& handle : Handles(r))
                 painter.drawRect(handle);
         }
+        // Where a dragged field's edge meets the same edge of another.
+        painter.setPen(QPen(accent, 1));
+        for (const QLine& guide : m_surface->Guides())
+            painter.drawLine(guide);
         // The form's own grips: the middle of its right and bottom edges and its corner.
         painter.setPen(palette().color(QPalette::Dark));
         painter.setBrush(palette().color(QPalette::Base));
@@ -458,9 +474,34 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
         m_dragStart << GeometryOf(id);
 }
 
+DesignSurface::FieldEdges DesignSurface::OtherEdges() const {
+    FieldEdges edges;
+    for (const Entry& entry : m_entries)
+        if (!m_dragIds.contains(entry.id)) {
+            edges.lefts << entry.geometry.left();
+            edges.rights << entry.geometry.right();
+            edges.tops << entry.geometry.top();
+            edges.bottoms << entry.geometry.bottom();
+        }
+    return edges;
+}
+
+void DesignSurface::ShowGuides(const QRect& dragged) {
+    const FieldEdges others = OtherEdges();
+    m_guides.clear();
+    for (const auto& [edge, targets] :
+        { std::pair { dragged.left(), &others.lefts }, std::pair { dragged.right(), &others.rights } })
+        if (targets->contains(edge)) m_guides << QLine(edge, 0, edge, height() - 1);
+    for (const auto& [edge, targets] :
+        { std::pair { dragged.top(), &others.tops }, std::pair { dragged.bottom(), &others.bottoms } })
+        if (targets->contains(edge)) m_guides << QLine(0, edge, width() - 1, edge);
+    m_overlay->update();
+}
+
 void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     const QPoint delta = at - m_pressAt;
+    const bool snap = !(event->modifiers() & Qt::AltModifier);
     if (m_drag == Drag::Form) {
         QSize wanted = m_formStart;
         if (m_formEdges & Qt::RightEdge) wanted.rwidth() += delta.x();
@@ -478,21 +519,46 @@ void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
         QRect block;
         for (const QRect& r : m_dragStart)
             block = block.united(r);
-        const QRect moved = Clamped(block.translated(delta));
+        QRect moved = Clamped(block.translated(delta));
+        // An edge near the same edge of another field meets it; Alt places the block freely.
+        if (snap) {
+            const FieldEdges others = OtherEdges();
+            if (const auto dx = Nearer(SnapOffset(moved.left(), others.lefts, kSnapReach),
+                    SnapOffset(moved.right(), others.rights, kSnapReach)))
+                moved.translate(*dx, 0);
+            if (const auto dy = Nearer(SnapOffset(moved.top(), others.tops, kSnapReach),
+                    SnapOffset(moved.bottom(), others.bottoms, kSnapReach)))
+                moved.translate(0, *dy);
+            moved = Clamped(moved);
+        }
         const QPoint shift = moved.topLeft() - block.topLeft();
         for (int i = 0; i < m_dragIds.size(); ++i)
             SetGeometryOf(m_dragIds[i], m_dragStart[i].translated(shift));
+        ShowGuides(moved);
     } else if (m_drag == Drag::Resize && m_dragIds.size() == 1) {
         QRect r = m_dragStart.front();
-        if (m_handle <= 2 && m_handle >= 0)
-            r.setTop(std::min(r.top() + delta.y(), r.bottom() - kMinimumSize.height()));
-        if (m_handle >= 2 && m_handle <= 4)
-            r.setRight(std::max(r.right() + delta.x(), r.left() + kMinimumSize.width()));
-        if (m_handle >= 4 && m_handle <= 6)
-            r.setBottom(std::max(r.bottom() + delta.y(), r.top() + kMinimumSize.height()));
-        if (m_handle == 0 || m_handle >= 6)
-            r.setLeft(std::min(r.left() + delta.x(), r.right() - kMinimumSize.width()));
+        const bool top = m_handle <= 2 && m_handle >= 0;
+        const bool right = m_handle >= 2 && m_handle <= 4;
+        const bool bottom = m_handle >= 4 && m_handle <= 6;
+        const bool left = m_handle == 0 || m_handle >= 6;
+        QPoint d = delta;
+        if (snap) {
+            // The edges the handle moves meet the same edges of another field nearby.
+            const FieldEdges others = OtherEdges();
+            const auto snapped = [](int moved, const QList<int>& targets) {
+                return moved + SnapOffset(moved, targets, kSnapReach).value_or(0);
+            };
+            if (left) d.setX(snapped(r.left() + d.x(), others.lefts) - r.left());
+            if (right) d.setX(snapped(r.right() + d.x(), others.rights) - r.right());
+            if (top) d.setY(snapped(r.top() + d.y(), others.tops) - r.top());
+            if (bottom) d.setY(snapped(r.bottom() + d.y(), others.bottoms) - r.bottom());
+        }
+        if (top) r.setTop(std::min(r.top() + d.y(), r.bottom() - kMinimumSize.height()));
+        if (right) r.setRight(std::max(r.right() + d.x(), r.left() + kMinimumSize.width()));
+        if (bottom) r.setBottom(std::max(r.bottom() + d.y(), r.top() + kMinimumSize.height()));
+        if (left) r.setLeft(std::min(r.left() + d.x(), r.right() - kMinimumSize.width()));
         SetGeometryOf(m_dragIds.front(), r.intersected(rect()));
+        ShowGuides(GeometryOf(m_dragIds.front()));
     } else if (m_drag == Drag::None) {
         UpdateCursor(at);
     }
@@ -501,6 +567,8 @@ void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
 void DesignSurface::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     m_band->hide();
+    m_guides.clear();
+    m_overlay->update();
     if (m_drag == Drag::Move || m_drag == Drag::Resize) FinishGeometry(false);
     if (m_drag == Drag::Form && size() != m_formStart) emit FormResized(m_formStart, size());
     // A click on one of several selected fields that moved nothing selects that field alone.

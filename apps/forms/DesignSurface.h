@@ -4,6 +4,7 @@
 #include "host/qt/QuillmarEdit.h"
 
 #include <QLabel>
+#include <QLine>
 #include <QList>
 #include <QPoint>
 #include <QRect>
@@ -32,6 +33,8 @@ struct PlacedField {
 /// selection), dragging a selected field moves the selection, the handles of a single selected field
 /// resize it, the arrow keys move the selection by a pixel (with Shift they resize it), Delete deletes it.
 /// The form's right and bottom edges and its corner grip resize the form, never smaller than its fields.
+/// A dragged edge that comes within a few pixels of the same edge of another field meets it, and a guide
+/// line shows it; with Alt held the drag places freely.
 /// The surface changes nothing lasting by itself: it reports each finished edit, and the designer turns it
 /// into an undoable command that calls back the editing methods below.
 class DesignSurface : public QWidget {
@@ -89,6 +92,9 @@ public:
     /// While armed, the next click on the empty form places a new field there.
     void ArmPlacing(bool armed) { m_placing = armed; }
 
+    /// The lines drawn while a field is dragged where one of its edges meets the same edge of another.
+    [[nodiscard]] const QList<QLine>& Guides() const { return m_guides; }
+
     /// True while the surface itself changes its fields, so that their notices are not the author's edits.
     [[nodiscard]] bool Quiet() const { return m_quiet > 0; }
     /// Runs `change` (an undo or redo writing a field's properties) without reporting the field's notices.
@@ -133,6 +139,12 @@ private:
     enum class Drag { None, Move, Resize, Band, Form };
 
     class QuietScope;
+    struct FieldEdges {
+        QList<int> lefts, rights, tops, bottoms;
+    };
+    /// The edges of the fields not being dragged.
+    [[nodiscard]] FieldEdges OtherEdges() const;
+    void ShowGuides(const QRect& dragged);
     Entry* Find(int id);
     const Entry* Find(int id) const;
     qt::QuillmarEdit* MakeEdit(const QString& name);
@@ -165,6 +177,7 @@ private:
     QList<int> m_dragIds;
     QList<QRect> m_dragStart;
     QList<int> m_bandKeeps;
+    QList<QLine> m_guides;
 };
 
 } // namespace quillmar::forms

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -372,7 +373,8 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
 }
 
 // The Format menu lines the selected fields up with the one clicked last (or else the first in tab order),
-// each command one step; a field made as wide as a wider one is cut at the form's edge.
+// each command one step; a field made as wide as a wider one is cut at the form's edge. A dragged field's
+// edge meets the same edge of a field nearby.
 TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
     ASSERT_TRUE(window->OpenForm(QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json")));
     const auto geometry
@@ -394,6 +396,26 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
     EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Align Tops"));
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(geometry("UnitPrice"), price);
+
+    // A field dragged to 3 pixels from the left column's edge meets it, with a guide while dragged; with Alt
+    // it stays where it is dropped.
+    const QRect weight = geometry("Weight");
+    for (const bool alt : { false, true }) {
+        const QPoint from = CentreOf("Weight");
+        const QPoint to = from + QPoint(quantity.left() + 3 - weight.left(), 0);
+        QTest::mousePress(Surface(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, Surface()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+            alt ? Qt::AltModifier : Qt::NoModifier);
+        QApplication::sendEvent(Surface(), &move);
+        EXPECT_EQ(geometry("Weight").left(), quantity.left() + (alt ? 3 : 0));
+        EXPECT_EQ(
+            Surface()->Guides().contains(QLine(quantity.left(), 0, quantity.left(), Surface()->height() - 1)),
+            !alt);
+        QTest::mouseRelease(Surface(), Qt::LeftButton, {}, to);
+        EXPECT_TRUE(Surface()->Guides().isEmpty());
+        Key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(geometry("Weight"), weight);
+    }
 
     Click("UnitPrice");
     Click("Discount", Qt::ControlModifier);
