@@ -129,14 +129,17 @@ void Quillmar::RepairChange() {
     std::u16string text = box.Text();
     if (text.empty()) return;
     const LocaleInfo locale = Locale();
-    const auto force = [&](bool rule, std::u16string forced) {
-        if (!rule || forced == text) return;
+    // The case is mapped only for a rule that is on: the mapping is the dearest part of a typed key.
+    const auto force = [&](bool rule, std::u16string (*mapped)(std::u16string_view)) {
+        if (!rule) return;
+        std::u16string forced = mapped(text);
+        if (forced == text) return;
         GuardedWrite(forced, box.SelStart(), box.SelLength());
         text = std::move(forced);
     };
-    force(m_settings.MustBeUpperCase, UpperCase(text));
-    force(m_settings.MustBeLowerCase, LowerCase(text));
-    force(m_settings.MustBeProperCase, ProperCase(text));
+    force(m_settings.MustBeUpperCase, UpperCase);
+    force(m_settings.MustBeLowerCase, LowerCase);
+    force(m_settings.MustBeProperCase, ProperCase);
 
     if (m_state.NumericMode) {
         const std::u16string thousands = ThousandsSeparator(m_settings.ThousandSeparator, locale);

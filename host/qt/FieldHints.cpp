@@ -99,6 +99,7 @@ void FieldHints::SetShowInlineState(bool on) {
         m_stateIcon = m_edit.addAction(
             m_edit.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
         m_stateFrame = new WarningFrame(&m_edit);
+        m_stateFrame->setGeometry(m_edit.rect()); // and again on each resize of the edit box
         m_edit.installEventFilter(this);
         UpdateInlineState();
     } else {
@@ -112,7 +113,6 @@ void FieldHints::UpdateInlineState() {
     const bool broken = !m_edit.text().isEmpty() && m_field.CheckInput() != 0;
     m_stateIcon->setToolTip(m_description);
     m_stateIcon->setVisible(broken);
-    m_stateFrame->setGeometry(m_edit.rect());
     m_stateFrame->setVisible(broken);
 }
 

@@ -184,9 +184,9 @@ public:
     [[nodiscard]] Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] LocaleInfo Locale() const override {
         // Asked for on every key: the locale's facts are read again only when its name changes.
-        std::string name = (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString();
+        QString name = m_localeName.isEmpty() ? QLocale::system().name() : m_localeName;
         if (!m_locale || name != m_localeRead) {
-            m_locale = LocaleInfo::FromName(name);
+            m_locale = LocaleInfo::FromName(name.toStdString());
             m_localeRead = std::move(name);
         }
         return *m_locale;
@@ -255,7 +255,7 @@ public:
     bool m_userMode = true;
     QString m_localeName;
     mutable std::optional<LocaleInfo> m_locale;
-    mutable std::string m_localeRead;
+    mutable QString m_localeRead;
     QuillmarEdit::MessageBoxHandler m_messageBox;
     std::function<void()> m_beep;
     std::function<void()> m_aboutBox;
