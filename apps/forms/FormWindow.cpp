@@ -122,24 +122,13 @@ bool FormWindow::ShowMessage(MessageKind kind, const QString& title, const QStri
 }
 
 // Moving the focus for the clerk is not the clerk leaving a field: the field left behind is not finally
-// validated (it would correct its text and show its own message). Its focus exit runs queued, after the
-// focus has settled, so final validation is switched back on only after that.
+// validated (it would correct its text and show its own message).
 void FormWindow::FocusField(qt::QuillmarEdit* field) {
-    QPointer<qt::QuillmarEdit> left;
     for (qt::QuillmarEdit* candidate : m_fields)
-        if (candidate != field && candidate->lineEdit()->hasFocus() && candidate->FinalValidationActive())
-            left = candidate;
-    if (left) left->SetFinalValidationActive(false);
+        if (candidate != field) candidate->SkipNextFocusExit();
     field->lineEdit()->setFocus(Qt::OtherFocusReason);
     field->SetSelStart(0);
     field->SetSelLength(int(field->Text().size()));
-    if (left)
-        QMetaObject::invokeMethod(
-            this,
-            [left] {
-                if (left) left->SetFinalValidationActive(true);
-            },
-            Qt::QueuedConnection);
 }
 
 void FormWindow::ShowStatus(const QString& text) {

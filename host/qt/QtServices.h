@@ -224,6 +224,9 @@ public:
     /// True while the field's own message box or about box is open: the focus it takes is not leaving.
     [[nodiscard]] bool InOwnDialog() const { return m_dialogsOpen > 0; }
     [[nodiscard]] bool Resizing() const { return m_resizing; }
+    /// Whether the next focus exit is skipped (see `QuillmarEdit::SkipNextFocusExit`).
+    void SetSkipFocusExit(bool skip) { m_skipFocusExit = skip; }
+    [[nodiscard]] bool SkipFocusExit() const { return m_skipFocusExit; }
 
     /// Makes what happens in its scope (a key, a drop, a final-validation write and the repairs they cause)
     /// one undo step.
@@ -303,6 +306,7 @@ private:
     int16_t m_oleDropMode = 0;
     int m_dialogsOpen = 0;
     bool m_resizing = false;
+    bool m_skipFocusExit = false;
     EditHistory m_history;
     bool m_restoring = false;
 };

@@ -238,6 +238,7 @@ void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
     const Qt::FocusReason reason = event->reason();
     if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || m_services.InOwnDialog())
         return;
+    if (m_services.SkipFocusExit()) return m_services.SetSkipFocusExit(false);
     // Validated once the focus has settled, so that a message box never opens inside a focus change.
     QMetaObject::invokeMethod(
         this,
@@ -337,6 +338,14 @@ void QuillmarEdit::SetLocaleName(const QString& name) {
 
 QString QuillmarEdit::LocaleName() const {
     return m_services->m_localeName.isEmpty() ? QLocale::system().name() : m_services->m_localeName;
+}
+
+void QuillmarEdit::SkipNextFocusExit() {
+    if (!m_services->m_edit->hasFocus() || m_services->SkipFocusExit()) return;
+    m_services->SetSkipFocusExit(true);
+    // A focus that did not leave now (its window was not active) is left later with its validation.
+    QMetaObject::invokeMethod(
+        this, [services = m_services.get()] { services->SetSkipFocusExit(false); }, Qt::QueuedConnection);
 }
 
 void QuillmarEdit::SetShowRefusalTips(bool on) {

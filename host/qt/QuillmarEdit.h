@@ -159,6 +159,10 @@ public:
     [[nodiscard]] bool ShowInlineState() const;
     /// The placeholder, the accessible description and the inline state.
     [[nodiscard]] FieldHints& hints() const { return *m_hints; }
+    /// Lets the focus leave without the field's final validation (and without `BeforeLeaving`) the next
+    /// time it leaves, if that is before the program returns to the event loop: for a form that moves the
+    /// focus itself, for instance to the first invalid field it names in a summary. Changes no property.
+    void SkipNextFocusExit();
     /// False while the form is being designed; true (the default) when it runs.
     void SetUserMode(bool userMode);
     [[nodiscard]] bool UserMode() const;

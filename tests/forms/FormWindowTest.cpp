@@ -136,6 +136,8 @@ TEST_F(RunMode, InvalidFieldsAreSummedUpInOneBoxAndNothingIsStored) {
     Click("OrderDate");
     Type("6/15/2019");
     const QStringList typed = Texts();
+    int dateNotices = 0; // the field left for the first invalid one changes no property of its own
+    QObject::connect(Field("OrderDate"), &QuillmarEdit::PropertyChanged, [&] { ++dateNotices; });
     Key(Qt::Key_Return, Qt::ControlModifier);
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_EQ(boxes[0],
@@ -152,7 +154,7 @@ TEST_F(RunMode, InvalidFieldsAreSummedUpInOneBoxAndNothingIsStored) {
     EXPECT_EQ(boxes[1], boxes[0]);
     EXPECT_TRUE(Field("OrderNumber")->lineEdit()->hasFocus());
     EXPECT_EQ(Field("OrderNumber")->SelText(), QStringLiteral("12345"));
-    EXPECT_TRUE(Field("OrderDate")->FinalValidationActive());
+    EXPECT_EQ(dateNotices, 0);
 
     QStringList expected = typed;
     expected[2] = QStringLiteral("12345");
