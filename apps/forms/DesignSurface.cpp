@@ -1,7 +1,6 @@
 #include "apps/forms/DesignSurface.h"
 
 #include "apps/forms/Alignment.h"
-
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormFont.h"
 

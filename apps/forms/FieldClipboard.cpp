@@ -36,12 +36,15 @@ ClipboardFields FieldsFromMime(const QMimeData* data) {
     return { std::move(read.document->controls), {} };
 }
 
-std::vector<FormControl> FitPastedFields(
-    std::vector<FormControl> pasted, QStringList taken, const std::vector<QRect>& occupied, QSize form) {
+std::vector<FormControl> FitPastedFields(std::vector<FormControl> pasted, const QStringList& taken,
+    const std::vector<QRect>& occupied, QSize form) {
+    QSet<QString> takenFolded;
+    for (const QString& name : taken)
+        takenFolded.insert(FoldedName(name));
     for (FormControl& field : pasted) {
-        const QString name = CopyName(qt::ToQString(field.name), taken);
+        const QString name = CopyName(qt::ToQString(field.name), takenFolded);
         field.name = qt::FromQString(name);
-        taken << name;
+        takenFolded.insert(FoldedName(name));
     }
     std::set<std::pair<int, int>> corners;
     for (const QRect& r : occupied)

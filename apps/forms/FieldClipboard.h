@@ -38,7 +38,7 @@ struct ClipboardFields {
 /// "Quillmar3" gives "Quillmar2" when that is free), and the fields move together by 16 pixels down and
 /// right until none lies exactly where a field of the form lies (a cut and pasted field comes back where it
 /// was, a copy lands beside its original), staying on the form.
-[[nodiscard]] std::vector<FormControl> FitPastedFields(
-    std::vector<FormControl> pasted, QStringList taken, const std::vector<QRect>& occupied, QSize form);
+[[nodiscard]] std::vector<FormControl> FitPastedFields(std::vector<FormControl> pasted,
+    const QStringList& taken, const std::vector<QRect>& occupied, QSize form);
 
 } // namespace quillmar::forms

@@ -5,21 +5,21 @@
 namespace quillmar::forms {
 namespace {
 
-// Only ASCII letters fold, as in the form file's own check.
-QString Folded(QString name) {
-    for (QChar& c : name)
-        if (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) c = QChar(c.unicode() + 32);
-    return name;
-}
-
 bool Taken(const QString& name, const QStringList& names) {
-    const QString folded = Folded(name);
+    const QString folded = FoldedName(name);
     for (const QString& other : names)
-        if (Folded(other) == folded) return true;
+        if (FoldedName(other) == folded) return true;
     return false;
 }
 
 } // namespace
+
+// Only ASCII letters fold, as in the form file's own check.
+QString FoldedName(QString name) {
+    for (QChar& c : name)
+        if (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) c = QChar(c.unicode() + 32);
+    return name;
+}
 
 QString NextFieldName(const QStringList& taken) {
     for (qsizetype number = 1;; ++number) {
@@ -28,16 +28,16 @@ QString NextFieldName(const QStringList& taken) {
     }
 }
 
-QString CopyName(const QString& name, const QStringList& taken) {
-    if (!Taken(name, taken)) return name;
+QString CopyName(const QString& name, const QSet<QString>& takenFolded) {
+    if (!takenFolded.contains(FoldedName(name))) return name;
     qsizetype stemLength = name.size();
     while (stemLength > 0 && name[stemLength - 1].isDigit())
         --stemLength;
     const QString stem = stemLength > 0 ? name.left(stemLength) : QStringLiteral("Quillmar");
-    // At most `taken.size()` numbers are taken, so one of the first `taken.size() + 1` from 2 is free.
+    // At most `takenFolded.size()` numbers are taken, so one of the first `takenFolded.size() + 1` is free.
     for (qsizetype number = 2;; ++number) {
         const QString copy = stem + QString::number(number);
-        if (!Taken(copy, taken)) return copy;
+        if (!takenFolded.contains(FoldedName(copy))) return copy;
     }
 }
 

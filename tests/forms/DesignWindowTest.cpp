@@ -426,9 +426,9 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
 
 TEST(FieldNames, NewNamesAreFreeAndNamesAreRefusedWhenEmptyOrTaken) {
     EXPECT_EQ(NextFieldName({}), QStringLiteral("Quillmar1"));
-    for (const auto& [name, copy] : { std::pair { "Qty", "Qty" }, std::pair { "quantity", "quantity3" },
+    for (const auto& [name, copy] : { std::pair { "Qty", "Qty" }, std::pair { "QUANTITY", "QUANTITY3" },
              std::pair { "Quillmar7", "Quillmar2" }, std::pair { "42", "Quillmar2" } })
-        EXPECT_EQ(CopyName(QString::fromLatin1(name), { "Quantity", "QUANTITY2", "42", "quillmar7" }),
+        EXPECT_EQ(CopyName(QString::fromLatin1(name), { "quantity", "quantity2", "42", "quillmar7" }),
             QString::fromLatin1(copy));
     EXPECT_EQ(NextFieldName({ "Quillmar1", "QUILLMAR2", "Quillmar4" }), QStringLiteral("Quillmar3"));
     const std::pair<const char*, bool> rows[]
