@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <random>
-
 namespace quillmar {
 namespace {
 
@@ -150,32 +148,6 @@ TEST(Persistence, InitialisingResetsEverythingQuietly) {
         EXPECT_EQ(field.control.Text(), name.value_or(u""));
         EXPECT_TRUE(field.host.container.notifications.empty());
         EXPECT_FALSE(field.control.state().InternalTextChange);
-    }
-}
-
-// Random mixes of the entries above, with a random type and limits of every class, so that the type read
-// late in the load has limits and sign rules to drop. The first control is a new one, never loaded: every
-// entry it leaves out must load back at the value it had. An entry the bytes lose shows in the second save,
-// and one that is read but never written in the entries test above.
-TEST(Persistence, MixedEntriesSurviveSaveAndLoad) {
-    std::mt19937 rng(20240611);
-    const Variant limits[] = { u"", u"-3.5", u"1/2/2003", u"10:30", Date { 0.5 }, 12.0, int16_t { 7 } };
-    for (int i = 0; i < 300; ++i) {
-        SCOPED_TRACE(i);
-        Entries mix;
-        for (auto [key, value] : kEveryEntry) {
-            if (key == u"MustBeType") value = static_cast<int32_t>(rng() % 10);
-            if (key == u"DefaultValue" || key == u"MinValue" || key == u"MaxValue")
-                value = limits[rng() % std::size(limits)];
-            if (rng() % 2 == 0) mix.push_back({ key, value });
-        }
-        Field saved;
-        if (i > 0) saved.control.ReadProperties(StoreOf(mix));
-        const ByteArray bytes = Saved(saved.control).ToBytes();
-        Field loaded;
-        loaded.control.ReadProperties(MemoryPropertyStore::FromBytes(bytes).value());
-        EXPECT_EQ(Saved(loaded.control).ToBytes(), bytes);
-        EXPECT_EQ(loaded.control.settings(), saved.control.settings());
     }
 }
 
