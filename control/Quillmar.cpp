@@ -411,7 +411,8 @@ void Quillmar::SetText(std::u16string_view value) {
     const std::u16string text = m_host.editBox.Text();
     if (RulesOf(text) == 0) {
         const LocaleInfo locale = Locale();
-        Variant converted = ConvertToType(text, m_settings.MustBeType, locale);
+        Variant converted
+            = ConvertToType(text, m_settings.MustBeType, locale, GroupingOf(m_settings.ThousandSeparator));
         if (!converted.IsEmpty() && RulesOf(TextOf(converted, locale)) == 0)
             m_state.LastValidValue = std::move(converted);
     }
@@ -424,7 +425,8 @@ Variant Quillmar::Value() const {
     if (m_settings.MaxRelativeAccuracy != 0 && !m_state.TextEditedSinceValue && !m_state.ExactValue.IsEmpty())
         candidate = ConvertToType(m_state.ExactValue, m_settings.MustBeType, locale);
     else
-        candidate = ConvertToType(m_host.editBox.Text(), m_settings.MustBeType, locale);
+        candidate = ConvertToType(
+            m_host.editBox.Text(), m_settings.MustBeType, locale, GroupingOf(m_settings.ThousandSeparator));
     if (candidate.IsEmpty()) return m_host.editBox.Text();
     return candidate;
 }

@@ -65,7 +65,8 @@ bool Quillmar::Validate() {
     const std::u16string text = m_host.editBox.Text();
     int32_t bits = RulesOf(text);
     if (bits == 0) {
-        const Variant value = ConvertToType(text, m_settings.MustBeType, locale);
+        const Variant value
+            = ConvertToType(text, m_settings.MustBeType, locale, GroupingOf(m_settings.ThousandSeparator));
         if (!value.IsEmpty() && m_settings.ShowAsUnderstood) {
             const bool scientific = m_settings.AllowScientificFormat
                 && (m_settings.MustBeType == vldSingle || m_settings.MustBeType == vldDouble)

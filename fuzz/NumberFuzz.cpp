@@ -44,6 +44,11 @@ void CheckParse(std::u16string_view text, const LocaleInfo& locale) {
         number->digits.find_first_not_of("0123456789") == std::string::npos, "digits hold a non-digit", text);
     Require(number->digits.empty() || (number->digits.front() != '0' && number->digits.back() != '0'),
         "digits keep a leading or trailing zero", text);
+    // Each grouping takes what a stricter one takes, as the same number: none, the locale's groups, any.
+    const auto plain = ParseNumber(text, locale, Grouping::None);
+    const auto loose = ParseNumber(text, locale, Grouping::Loose);
+    Require(!plain || plain->value == number->value, "a number without groups reads differently", text);
+    Require(loose && loose->value == number->value, "a well-grouped number reads differently loosely", text);
     const std::u16string shown = TextOf(Variant(number->value), locale);
     const auto again = ParseNumber(shown, locale);
     Require(again && again->value == number->value, "the text of a parsed double reads back differently",
@@ -75,13 +80,13 @@ bool TooLargeForItsType(std::u16string_view begun, int32_t type, const LocaleInf
     if (type != vldSingle && type != vldDouble) return false;
     const size_t lastDigit = begun.find_last_of(u"0123456789");
     if (lastDigit == std::u16string_view::npos) return false;
-    const auto number = ParseNumber(begun.substr(0, lastDigit + 1), locale);
+    const auto number = ParseNumber(begun.substr(0, lastDigit + 1), locale, Grouping::Loose);
     return !number || (type == vldSingle && !ToSingle(*number));
 }
 
 void CheckConversions(std::u16string_view text, const LocaleInfo& locale, bool scientific, bool grouping) {
     for (int32_t type = vldUnspecified; type <= vldTime; ++type) {
-        const Variant value = ConvertToType(text, type, locale);
+        const Variant value = ConvertToType(text, type, locale, grouping ? Grouping::Locale : Grouping::None);
         if (type == vldUnspecified || type == vldString) {
             Require(value == Variant(text), "a text type does not keep the text", text);
             continue;

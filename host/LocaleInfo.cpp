@@ -29,10 +29,17 @@ std::string BaseName(std::string_view name) {
     return std::string(base);
 }
 
-void ReadDecimalSeparator(const icu::Locale& locale, LocaleInfo& info) {
+void ReadDecimalFormat(const icu::Locale& locale, LocaleInfo& info) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
     if (U_FAILURE(status) || !format) return;
+    // The grouping sizes of the locale's own number pattern ("#,##,##0.###" in en_IN: 3, then 2).
+    if (auto* decimal = dynamic_cast<icu::DecimalFormat*>(format.get())) {
+        const int32_t primary = decimal->isGroupingUsed() ? decimal->getGroupingSize() : 0;
+        const int32_t secondary = decimal->getSecondaryGroupingSize();
+        info.groupingSize = primary > 0 ? primary : 0;
+        info.secondaryGroupingSize = secondary > 0 ? secondary : info.groupingSize;
+    }
     icu::UnicodeString text;
     format->format(0.5, text);
     // Only a "0<sep>5" written with ASCII digits tells the separator; other digit systems keep '.'.
@@ -127,7 +134,7 @@ LocaleInfo ReadFromIcu(const std::string& base) {
         icu::Locale locale(base.c_str());
         if (locale.isBogus()) return info;
         info.name = locale.getName();
-        ReadDecimalSeparator(locale, info);
+        ReadDecimalFormat(locale, info);
         ReadGroupSeparator(locale, info);
         ReadDatePattern(locale, info);
         ReadTime(locale, info);

@@ -18,6 +18,12 @@ struct LocaleInfo {
     /// The second character of one thousand and one tenth written as "##,##0.00" (the digit-grouping
     /// character; U+202F in fr_FR, U+00A0 in some others).
     char16_t groupSeparator = u',';
+    /// How many digits the group next to the decimal separator holds (3 in en_US, de_DE and en_IN); 0 when
+    /// the locale does not group digits.
+    int groupingSize = 3;
+    /// How many digits each further group holds (3 in en_US, 2 in en_IN); the primary size when the locale
+    /// has no secondary size.
+    int secondaryGroupingSize = 3;
     /// The order of the parts of a short date.
     DateOrder dateOrder = DateOrder::MonthDayYear;
     /// The separator the locale writes between the parts of a short date ("/", "." or "-").

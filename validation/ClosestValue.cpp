@@ -46,7 +46,7 @@ Variant FindClosestValue(
             minimum && days < *minimum)
             candidate = settings.MinValue;
     } else if (IsNumericType(type)) {
-        const auto number = ParseNumber(text, locale);
+        const auto number = ParseNumber(text, locale, GroupingOf(settings.ThousandSeparator));
         if (!number) return {};
         double value = number->value;
         candidate = value;

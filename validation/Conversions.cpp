@@ -63,10 +63,10 @@ std::u16string TextOf(const Variant& value, const LocaleInfo& locale) {
     }
 }
 
-std::optional<ParsedNumber> NumberOf(const Variant& value, const LocaleInfo& locale) {
+std::optional<ParsedNumber> NumberOf(const Variant& value, const LocaleInfo& locale, Grouping grouping) {
     switch (value.kind()) {
     case Variant::Kind::String:
-        return ParseNumber(value.AsString(), locale);
+        return ParseNumber(value.AsString(), locale, grouping);
     case Variant::Kind::Boolean:
         return ExactInteger(value.AsBoolean() ? -1 : 0, 0);
     case Variant::Kind::Byte:
@@ -112,30 +112,30 @@ int ClassifyDateTime(const Variant& value, const LocaleInfo& locale) {
     return text.find(u':') != std::u16string::npos ? TimeClass : DateClass;
 }
 
-Variant ConvertToType(const Variant& value, int32_t type, const LocaleInfo& locale) {
+Variant ConvertToType(const Variant& value, int32_t type, const LocaleInfo& locale, Grouping grouping) {
     switch (type) {
     case vldUnspecified:
     case vldString:
         return TextOf(value, locale);
     case vldByte:
-        return IntegralOf<uint8_t>(NumberOf(value, locale));
+        return IntegralOf<uint8_t>(NumberOf(value, locale, grouping));
     case vldInteger:
-        return IntegralOf<int16_t>(NumberOf(value, locale));
+        return IntegralOf<int16_t>(NumberOf(value, locale, grouping));
     case vldLong:
-        return IntegralOf<int32_t>(NumberOf(value, locale));
+        return IntegralOf<int32_t>(NumberOf(value, locale, grouping));
     case vldSingle: {
         if (value.kind() == Variant::Kind::Single) return value;
-        const auto number = NumberOf(value, locale);
+        const auto number = NumberOf(value, locale, grouping);
         if (!number) return {};
         const auto single = ToSingle(*number);
         return single ? Variant(*single) : Variant();
     }
     case vldDouble: {
-        const auto number = NumberOf(value, locale);
+        const auto number = NumberOf(value, locale, grouping);
         return number ? Variant(number->value) : Variant();
     }
     case vldCurrency: {
-        const auto number = NumberOf(value, locale);
+        const auto number = NumberOf(value, locale, grouping);
         if (!number) return {};
         const auto ticks = RoundToScale(*number, 4);
         return ticks ? Variant(Currency { *ticks }) : Variant();

@@ -21,9 +21,10 @@ enum DateTimeClass : int {
 /// Booleans "True" or "False"; Empty, byte arrays and arrays the empty text.
 [[nodiscard]] std::u16string TextOf(const Variant& value, const LocaleInfo& locale);
 
-/// The exact number a value stands for: a string through `ParseNumber`, a number or Boolean (-1, 0)
-/// by its own value; nullopt for anything else (dates included: their text is not a number).
-[[nodiscard]] std::optional<ParsedNumber> NumberOf(const Variant& value, const LocaleInfo& locale);
+/// The exact number a value stands for: a string through `ParseNumber` under `grouping`, a number or
+/// Boolean (-1, 0) by its own value; nullopt for anything else (dates included: their text is not a number).
+[[nodiscard]] std::optional<ParsedNumber> NumberOf(
+    const Variant& value, const LocaleInfo& locale, Grouping grouping = Grouping::Locale);
 
 /// The value of `NumberOf` as a double, read directly from numeric variants (the checks compare doubles).
 [[nodiscard]] std::optional<double> NumericValueOf(const Variant& value, const LocaleInfo& locale);
@@ -42,7 +43,9 @@ enum DateTimeClass : int {
 /// The value converted to the given `MustBeTypeConstants` type: the text itself for `vldUnspecified` and
 /// `vldString`; the byte, 16-bit or 32-bit integer (rounded ties to even), the single, the double or the
 /// currency amount (four decimals, ties to even) for numeric texts within the type's range; the date-time
-/// for texts of class 1 (`vldDate`) or 2 (`vldTime`). Empty on any failure, for a type outside 0..9 too.
-[[nodiscard]] Variant ConvertToType(const Variant& value, int32_t type, const LocaleInfo& locale);
+/// for texts of class 1 (`vldDate`) or 2 (`vldTime`). Numeric texts are read under `grouping` (a field's
+/// text under its `GroupingOf(ThousandSeparator)`). Empty on any failure, for a type outside 0..9 too.
+[[nodiscard]] Variant ConvertToType(
+    const Variant& value, int32_t type, const LocaleInfo& locale, Grouping grouping = Grouping::Locale);
 
 } // namespace quillmar

@@ -45,7 +45,7 @@ void NumberMessage(std::u16string_view text, int32_t bits, const Settings& setti
     std::u16string& main, std::u16string& second) {
     main = RequirementPhrase(settings, locale) + u" is required.";
 
-    if (const auto number = ParseNumber(text, locale)) {
+    if (const auto number = ParseNumber(text, locale, GroupingOf(settings.ThousandSeparator))) {
         if (settings.MustNotBeZero && number->value == 0) second = u"Value 0 is not allowed.";
         const VariantArray& items = settings.MustNotBeValues;
         for (size_t i = 1; i < items.size(); ++i) {

@@ -7,7 +7,8 @@
 
 namespace quillmar {
 
-NumberScanResult ScanNumber(std::u16string_view text, const LocaleInfo& locale, ScannedNumber& out) noexcept {
+NumberScanResult ScanNumber(
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping, ScannedNumber& out) noexcept {
     // The digits from the first non-zero one are kept; zeros are held back until a non-zero digit follows
     // them, so trailing zeros never take room and `pendingZeros` ends as their count.
     size_t kept = 0;
@@ -27,7 +28,7 @@ NumberScanResult ScanNumber(std::u16string_view text, const LocaleInfo& locale, 
         pendingZeros = 0;
         out.buffer[kept++] = static_cast<char>(c);
     };
-    const auto shape = grammar::ReadNumber(text, locale, take);
+    const auto shape = grammar::ReadNumber(text, locale, grouping, take);
     if (!shape) return NumberScanResult::NotNumber;
     if (overflow) return NumberScanResult::TooManyDigits;
 

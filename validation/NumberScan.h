@@ -32,6 +32,6 @@ struct ScannedNumber {
 /// digits (from the first non-zero digit to the last one) fit in the buffer, and `TooManyDigits` for the
 /// others, which the caller hands to `ParseNumber`. `out` is only meaningful for `Number`. O(length).
 [[nodiscard]] NumberScanResult ScanNumber(
-    std::u16string_view text, const LocaleInfo& locale, ScannedNumber& out) noexcept;
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping, ScannedNumber& out) noexcept;
 
 } // namespace quillmar

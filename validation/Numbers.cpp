@@ -118,9 +118,15 @@ std::u16string LayOutScientific(
 
 } // namespace
 
-std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleInfo& locale) {
+Grouping GroupingOf(int32_t thousandSeparator) noexcept {
+    return thousandSeparator == vldTSAllowed ? Grouping::Locale : Grouping::None;
+}
+
+std::optional<ParsedNumber> ParseNumber(
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping) {
     std::string all;
-    const auto shape = grammar::ReadNumber(text, locale, [&all](char16_t c) { all += static_cast<char>(c); });
+    const auto shape
+        = grammar::ReadNumber(text, locale, grouping, [&all](char16_t c) { all += static_cast<char>(c); });
     if (!shape) return std::nullopt;
     ParsedNumber number;
     number.negative = shape->negative;
@@ -137,12 +143,12 @@ std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleIn
     return number;
 }
 
-bool IsNumericText(std::u16string_view text, const LocaleInfo& locale) {
-    return ParseNumber(text, locale).has_value();
+bool IsNumericText(std::u16string_view text, const LocaleInfo& locale, Grouping grouping) {
+    return ParseNumber(text, locale, grouping).has_value();
 }
 
-double TextToNumber(std::u16string_view text, const LocaleInfo& locale) {
-    const auto number = ParseNumber(text, locale);
+double TextToNumber(std::u16string_view text, const LocaleInfo& locale, Grouping grouping) {
+    const auto number = ParseNumber(text, locale, grouping);
     return number ? number->value : 0.0;
 }
 

@@ -35,19 +35,40 @@ struct NumberDigits {
     return { number.negative, number.digits, number.exponent };
 }
 
+/// Where the locale's group separator may stand in the whole part of a number's text.
+enum class Grouping {
+    /// Nowhere: a text with a group separator is not a number.
+    None,
+    /// Only between the locale's digit groups: the group before the decimal separator holds exactly
+    /// `LocaleInfo::groupingSize` digits, each group before it `secondaryGroupingSize`, the first one 1 to
+    /// that many ("1,234,567"; "12,34,567" in en_IN). Never first, last or twice in a row, never in the
+    /// fraction. A number without separators always reads.
+    Locale,
+    /// Between any two digits of the whole part: the texts a user passes through while typing or deleting
+    /// in a grouped number ("1,23", "1,234,56"). Only for judging such beginnings, never a value.
+    Loose,
+};
+
+/// The grouping a field's `ThousandSeparator` setting allows: `Grouping::Locale` for `vldTSAllowed`,
+/// `Grouping::None` for every other value.
+[[nodiscard]] Grouping GroupingOf(int32_t thousandSeparator) noexcept;
+
 /// The one numeric parser of the system. Accepts: blanks (space, tab) before and after; an optional
-/// leading "+" or "-"; decimal digits among which the locale's group separator may stand between two
-/// digits of the whole part (where that separator is a space of any width, an ordinary or no-break space
-/// also counts); at most one locale decimal separator; at least one digit; an optional exponent of "E"
-/// or "e", an optional sign and one or more digits. A value beyond the double range is not a number.
+/// leading "+" or "-"; decimal digits among which the locale's group separator may stand in the whole part
+/// as `grouping` says (where that separator is a space of any width, an ordinary or no-break space also
+/// counts); at most one locale decimal separator; at least one digit; an optional exponent of "E" or "e",
+/// an optional sign and one or more digits. A value beyond the double range is not a number.
 /// Never throws; O(length).
-[[nodiscard]] std::optional<ParsedNumber> ParseNumber(std::u16string_view text, const LocaleInfo& locale);
+[[nodiscard]] std::optional<ParsedNumber> ParseNumber(
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping = Grouping::Locale);
 
 /// True when `ParseNumber` accepts the text.
-[[nodiscard]] bool IsNumericText(std::u16string_view text, const LocaleInfo& locale);
+[[nodiscard]] bool IsNumericText(
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping = Grouping::Locale);
 
 /// The text's value as a double; 0 when the text is not a number.
-[[nodiscard]] double TextToNumber(std::u16string_view text, const LocaleInfo& locale);
+[[nodiscard]] double TextToNumber(
+    std::u16string_view text, const LocaleInfo& locale, Grouping grouping = Grouping::Locale);
 
 /// The number x 10^scale rounded to the nearest integer, ties to even, computed exactly from the digits;
 /// nullopt when the result lies outside the signed 64-bit range.

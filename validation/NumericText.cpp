@@ -127,7 +127,9 @@ bool NumericWholeTextTest(std::u16string_view text, int32_t type, bool allowScie
     NumberDigits digits;
     return WholeTextTest(
         text, type, allowScientific, thousandsSeparator, locale, [&]() -> const NumberDigits* {
-            parsed = ParseNumber(text, locale);
+            // A beginning judged by its value: its group separators may stand where typing has put them so
+            // far.
+            parsed = ParseNumber(text, locale, Grouping::Loose);
             if (!parsed) return nullptr;
             digits = DigitsOf(*parsed);
             return &digits;

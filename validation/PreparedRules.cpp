@@ -105,7 +105,7 @@ bool PreparedRules::HasTooManyDecimals(std::u16string_view text) const noexcept 
 
 int32_t PreparedRules::NumericRules(std::u16string_view text) const noexcept {
     ScannedNumber number;
-    switch (ScanNumber(text, m_locale, number)) {
+    switch (ScanNumber(text, m_locale, GroupingOf(m_settings.ThousandSeparator), number)) {
     case NumberScanResult::NotNumber:
         return vldCCMustBeNumber;
     case NumberScanResult::TooManyDigits:

@@ -49,7 +49,7 @@ std::u16string TooManyDecimalsPattern(char16_t separator, int decimals) {
 }
 
 int32_t NumericRules(std::u16string_view text, const Settings& settings, const LocaleInfo& locale) {
-    const auto number = ParseNumber(text, locale);
+    const auto number = ParseNumber(text, locale, GroupingOf(settings.ThousandSeparator));
     if (!number) return vldCCMustBeNumber;
     const double value = number->value;
     int32_t result = 0;

@@ -138,8 +138,10 @@ TEST_F(PropertyModel, LimitsExistOnlyForNumbersDatesAndTimes) {
     control.SetMaxValue(u"5");
     EXPECT_EQ(control.MaxValue(), Variant(u""));
     control.SetMustBeType(vldDouble);
-    control.SetMaxValue(u"2,5");
-    EXPECT_EQ(control.MaxValue(), Variant(25.0)); // the English comma groups digits
+    control.SetMaxValue(u"2,500");
+    EXPECT_EQ(control.MaxValue(), Variant(2500.0)); // the English comma groups digits
+    control.SetMaxValue(u"2,5"); // in threes only: not a number, so ignored
+    EXPECT_EQ(control.MaxValue(), Variant(2500.0));
     host.locale.Set(LocaleInfo::FromName("de_DE"));
     control.SetMaxValue(u"2,5");
     EXPECT_EQ(control.MaxValue(), Variant(2.5));

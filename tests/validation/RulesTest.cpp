@@ -1,6 +1,7 @@
 #include "validation/Rules.h"
 #include "validation/Numbers.h"
 #include "validation/NumericText.h"
+#include "validation/PreparedRules.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +51,7 @@ const RuleCase kRuleCases[] = {
     { "single range", u"1e39", vldCCMustBeSingle, vldSingle,
         [](Settings& s) { s.AllowScientificFormat = true; } },
     { "currency", u"922337203685477.5808", vldCCMustBeCurrency, vldCurrency },
-    { "grouping forbidden", u"1,000", vldCCMustBeLong, vldLong },
+    { "grouping forbidden", u"1,000", vldCCMustBeNumber, vldLong },
     { "grouping allowed", u"1,000", 0, vldLong, [](Settings& s) { s.ThousandSeparator = vldTSAllowed; } },
     { "grouping in German", u"1.000,5", 0, vldDouble, [](Settings& s) { s.ThousandSeparator = vldTSAllowed; },
         "de_DE" },
@@ -127,6 +128,54 @@ TEST(EvaluateRules, LongTextWithEveryCharacterRule) {
         vldCCExtraExcludedCharacters | vldCCValidCharactersSet | vldCCOnlyLettersWithSpace);
 }
 
+// A group separator stands only between the locale's digit groups, in the whole part; a number without one
+// always reads, and a field that forbids grouping takes none. The rule checker, the prepared rules and the
+// column check agree on every row.
+TEST(EvaluateRules, GroupSeparatorsOnlyBetweenTheLocalesDigitGroups) {
+    constexpr int32_t kNumber = vldCCMustBeNumber;
+    const struct {
+        const char* locale;
+        std::u16string text;
+        int32_t allowed; // the bits with grouping allowed
+        int32_t forbidden; // and forbidden
+    } rows[] = {
+        { "en_US", u"1,234,567.5", 0, kNumber },
+        { "en_US", u"1234567.5", 0, 0 },
+        { "en_US", u"-12,345", 0, kNumber },
+        { "en_US", u"1,2,3", kNumber, kNumber },
+        { "en_US", u"12,34", kNumber, kNumber },
+        { "en_US", u"1,234,50", kNumber, kNumber }, // "1 234,50" read with the wrong decimal separator
+        { "en_US", u"1234,567", kNumber, kNumber }, // a first group longer than the others
+        { "en_US", u"1,234.567,8", kNumber, kNumber }, // never in the fraction
+        { "de_DE", u"1.234.567,5", 0, kNumber },
+        { "de_DE", u"12.34,5", kNumber, kNumber },
+        { "fr_FR", u"1\u202F234,5", 0, kNumber },
+        { "fr_FR", u"1 234 567", 0, kNumber }, // a typed space stands for the narrow no-break space
+        { "fr_FR", u"12 34", kNumber, kNumber },
+        { "en_IN", u"12,34,567", 0, kNumber },
+        { "en_IN", u"1,234,567", kNumber, kNumber },
+        { "en_IN", u"123,456", kNumber, kNumber },
+        { "en_IN", u"1,23,45,678", 0, kNumber },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.locale) + " " + std::string(row.text.begin(), row.text.end()));
+        const LocaleInfo locale = LocaleInfo::FromName(row.locale);
+        for (const bool grouped : { true, false }) {
+            Settings settings;
+            settings.MustBeType = vldDouble;
+            settings.ThousandSeparator = grouped ? vldTSAllowed : vldTSForbidden;
+            const PreparedRules prepared(settings, locale, 0);
+            const std::u16string_view texts[] = { row.text };
+            int32_t column[1] = { -1 };
+            CheckColumn(prepared, texts, column);
+            const int32_t expected = grouped ? row.allowed : row.forbidden;
+            EXPECT_EQ(EvaluateRules(row.text, settings, locale, 0), expected) << "grouped " << grouped;
+            EXPECT_EQ(prepared.Evaluate(row.text), expected) << "grouped " << grouped;
+            EXPECT_EQ(column[0], expected) << "grouped " << grouped;
+        }
+    }
+}
+
 // The text, its type, whether the exponent form is allowed, and whether the text passes: beginnings of
 // numbers pass; texts that can no longer become a number of the type fail.
 const std::tuple<std::u16string, int32_t, bool, bool> kWholeTextCases[] = {
@@ -136,6 +185,7 @@ const std::tuple<std::u16string, int32_t, bool, bool> kWholeTextCases[] = {
     { u"", vldInteger, false, true }, { u"-", vldInteger, false, true }, { u"-", vldByte, false, false },
     { u"1,", vldLong, false, true }, { u"1,,", vldLong, false, false }, { u",1", vldLong, false, false },
     { u"1,0.5", vldDouble, false, true }, { u"1.5,0", vldDouble, false, false },
+    { u"1,23", vldDouble, false, true }, // on its way to 1,234: its groups are judged when it is complete
     // Decimals and exponents.
     { u"1.", vldDouble, false, true }, { u"1.", vldInteger, false, false },
     { u"1.2.", vldDouble, false, false }, { u"5-", vldDouble, false, false },
