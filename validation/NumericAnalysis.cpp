@@ -6,6 +6,8 @@
 
 #include <charconv>
 #include <cmath>
+#include <string>
+#include <string_view>
 
 namespace quillmar {
 namespace {
@@ -28,6 +30,70 @@ double ScaleByPowerOfTen(double value, int exponent) {
         return ScaleByPowerOfTen(ScaleByPowerOfTen(value, half), exponent - half);
     }
     return exponent < 0 ? value / PowerOfTen(-exponent) : value * PowerOfTen(exponent);
+}
+
+// Below this decimal exponent a power of ten that scales the value to [1, 10) lies outside the double range,
+// and scaling in two halves through the subnormal numbers loses digits; there the decimal analysis reads the
+// value's shortest decimal form instead.
+constexpr int kSmallestScaledExponent = -300;
+
+// The shortest decimal form of a finite, non-zero double (std::to_chars): the sign, the significant digits
+// and the power of ten of the first digit.
+struct ShortestDecimal {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
+
+ShortestDecimal ShortestOf(double value) {
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific);
+    const std::string_view out(buffer, static_cast<size_t>(result.ptr - buffer));
+    ShortestDecimal decimal;
+    size_t i = 0;
+    if (out[0] == '-') {
+        decimal.negative = true;
+        i = 1;
+    }
+    const size_t e = out.find('e');
+    for (; i < e; ++i)
+        if (out[i] != '.') decimal.digits += out[i];
+    std::from_chars(
+        out.data() + e + 1 + (out[e + 1] == '+' ? 1 : 0), out.data() + out.size(), decimal.exponent);
+    return decimal;
+}
+
+// The double of "[-]<digits>" read with the first digit at the power of ten `exponent`.
+double FromDecimal(bool negative, std::string_view digits, int exponent) {
+    std::string ascii = negative ? "-" : "";
+    ascii += digits;
+    ascii += 'e';
+    ascii += std::to_string(exponent - static_cast<int>(digits.size()) + 1);
+    double value = 0;
+    std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    return value;
+}
+
+// Rounds a decimal's digits to `count` significant digits, ties to even; a carry out of the first digit
+// raises the exponent.
+void RoundDigits(ShortestDecimal& decimal, size_t count) {
+    if (decimal.digits.size() <= count) return;
+    const char next = decimal.digits[count];
+    const bool beyondHalf = decimal.digits.find_first_not_of('0', count + 1) != std::string::npos;
+    const bool lastOdd = count > 0 && (decimal.digits[count - 1] - '0') % 2 == 1;
+    const bool up = next > '5' || (next == '5' && (beyondHalf || lastOdd));
+    decimal.digits.resize(count);
+    if (!up) return;
+    size_t i = count;
+    while (i > 0 && decimal.digits[i - 1] == '9')
+        decimal.digits[--i] = '0';
+    if (i == 0) {
+        decimal.digits.insert(decimal.digits.begin(), '1');
+        decimal.digits.pop_back();
+        ++decimal.exponent;
+    } else {
+        ++decimal.digits[i - 1];
+    }
 }
 
 // One digit, the separator, the fraction digits, "E" and the exponent (minus sign only when negative).
@@ -112,7 +178,15 @@ int16_t DecimalExponent(double value) noexcept {
 
 double Mantissa(double value) noexcept {
     if (value == 0 || !std::isfinite(value)) return value == 0 ? 0 : value;
-    return ScaleByPowerOfTen(value, -DecimalExponent(value));
+    const int exponent = DecimalExponent(value);
+    if (exponent >= kSmallestScaledExponent) return ScaleByPowerOfTen(value, -exponent);
+    try {
+        // The digits of the shortest form, placed against the value's own decimal exponent.
+        const ShortestDecimal decimal = ShortestOf(value);
+        return FromDecimal(decimal.negative, decimal.digits, decimal.exponent - exponent);
+    } catch (...) {
+        return ScaleByPowerOfTen(value, -exponent);
+    }
 }
 
 std::u16string RoundToRelativeAccuracy(const Variant& value, int digits, const LocaleInfo& locale) {
@@ -121,6 +195,13 @@ std::u16string RoundToRelativeAccuracy(const Variant& value, int digits, const L
     const double x = number->value;
     const int exponent = DecimalExponent(x);
     if (exponent > 0 && exponent >= digits - 1) return FormatDouble(std::nearbyint(x), locale, 15);
+    if (x != 0 && exponent < kSmallestScaledExponent) {
+        // The shortest form's digits rounded, then written shortest: at these magnitudes a double holds fewer
+        // than 15 digits, and 15 of them would show the noise of its last bits.
+        ShortestDecimal decimal = ShortestOf(x);
+        RoundDigits(decimal, static_cast<size_t>(digits));
+        return FormatDouble(FromDecimal(decimal.negative, decimal.digits, decimal.exponent), locale);
+    }
     const double scaled = std::nearbyint(ScaleByPowerOfTen(Mantissa(x), digits - 1));
     const double rounded = ScaleByPowerOfTen(ScaleByPowerOfTen(scaled, -(digits - 1)), exponent);
     return FormatDouble(rounded, locale, 15);

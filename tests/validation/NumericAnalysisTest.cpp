@@ -28,14 +28,11 @@ TEST(Mantissa, KeepsTheSignAndLiesBetweenOneAndTen) {
     EXPECT_EQ(Mantissa(0), 0);
     EXPECT_DOUBLE_EQ(Mantissa(0.00123), 1.23);
     EXPECT_DOUBLE_EQ(Mantissa(1000), 1);
-    // The smallest doubles too, to the precision they hold.
-    EXPECT_NEAR(Mantissa(2.5e-310), 2.5, 2.5e-12);
-    EXPECT_NEAR(Mantissa(-4.9e-324), -4.9, 0.1);
-}
-
-TEST(RoundToRelativeAccuracy, KeepsTheOrderOfTheSmallestDoubles) {
-    const double rounded = TextToNumber(RoundToRelativeAccuracy(2.4567e-310, 3, kEnglish), kEnglish);
-    EXPECT_NEAR(rounded / 2.46e-310, 1, 1e-12);
+    // The smallest doubles exactly, from their shortest decimal form (the least one is written 5E-324).
+    EXPECT_EQ(Mantissa(1e-310), 1);
+    EXPECT_EQ(Mantissa(2.5e-310), 2.5);
+    EXPECT_EQ(Mantissa(-4.9e-324), -5);
+    EXPECT_EQ(Mantissa(9.87e-305), 9.87);
 }
 
 const std::tuple<Variant, int, std::u16string> kRoundCases[] = {
@@ -44,6 +41,11 @@ const std::tuple<Variant, int, std::u16string> kRoundCases[] = {
     { 123456.5, 3, u"123456" }, // ties to even on the whole number
     { 12.3456, 4, u"12.35" }, { 0.0123456, 3, u"0.0123" }, { 2.5, 1, u"2" }, { 3.5, 1, u"4" },
     { -12.3456, 2, u"-12" }, { 99.96, 3, u"100" },
+    // The smallest doubles, rounded on their shortest decimal form and written without the noise of their
+    // last
+    // bits.
+    { 1e-310, 3, u"1E-310" }, { 2.4567e-310, 3, u"2.46E-310" }, { 9.995e-310, 3, u"1E-309" },
+    { -4.9e-324, 1, u"-5E-324" }, { 1.25e-305, 2, u"1.2E-305" },
     // Not a number, or no accuracy to round to: the value's text unchanged.
     { u"abc", 3, u"abc" }, { 12.3456, 0, u"12.3456" }, { u"1.5", -2, u"1.5" }
 };
