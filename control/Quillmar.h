@@ -60,9 +60,11 @@ public:
     [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
     /// The derived type flags and the kept values.
     [[nodiscard]] const ControlState& state() const noexcept { return m_state; }
-    /// The rule that refused the last typed key or change (a refused key, a change sprung back, extra
-    /// decimals cut away); `None` once a later key or change of the user is accepted. For a tip that says why
-    /// a key did nothing (`RefusalText` words it).
+    /// The locale the field reads and writes numbers, dates and times in: the host's, asked afresh.
+    [[nodiscard]] LocaleInfo Locale() const;
+    /// The rule that refused the last typed key, change or paste (a refused key, a change sprung back, extra
+    /// decimals cut away, a paste refused whole); `None` once a later key, change or paste of the user is
+    /// accepted. For a tip that says why a key did nothing (`RefusalText` words it).
     [[nodiscard]] Refusal LastRefusal() const noexcept { return m_lastRefusal; }
 
     // Persistence.
@@ -310,7 +312,7 @@ private:
     void OnDblClick() override;
     void OnChange() override;
     void OnFocusExit() override;
-    void OnPasteText(std::u16string& text) override;
+    bool OnPasteText(std::u16string& text) override;
     void OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) override;
     void OnOLESetData(DataObject& data, int16_t& dataFormat) override;
     void OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) override;
@@ -327,7 +329,6 @@ private:
     void Beep();
 
     void Notify(std::u16string_view name);
-    [[nodiscard]] LocaleInfo Locale() const;
     [[nodiscard]] int32_t RulesOf(std::u16string_view text) const;
     void ClearTypeFlags();
     void EnterNumericMode();

@@ -165,7 +165,7 @@ void Quillmar::RepairChange() {
                 ++end;
             if (end - point - 1 > static_cast<size_t>(decimals)) {
                 if (m_settings.AllowScientificFormat && text.find_first_of(u"eE") != std::u16string::npos) {
-                    RestoreSnapshot(Refusal::TooManyDecimals);
+                    if (!m_state.ProgrammaticWrite) RestoreSnapshot(Refusal::TooManyDecimals);
                     return;
                 }
                 text.erase(point + 1 + static_cast<size_t>(decimals),
@@ -175,6 +175,9 @@ void Quillmar::RepairChange() {
             }
         }
     }
+    // The final validation's own writes (the understood form, a corrective action) are repaired above but
+    // never refused: the field would otherwise spring back to the text it just reported and corrected.
+    if (m_state.ProgrammaticWrite) return;
     if (const Refusal refusal = WholeTextRefusal(text, m_state, m_settings, locale); refusal == Refusal::None)
         TakeSnapshot();
     else
@@ -184,8 +187,17 @@ void Quillmar::RepairChange() {
 // Pastes and drops: numbers, dates and times copied from elsewhere are made to read as typed here before
 // the change they cause is sifted.
 
-void Quillmar::OnPasteText(std::u16string& text) {
-    text = NormalizePastedText(text, m_settings, m_state, Locale());
+bool Quillmar::OnPasteText(std::u16string& text) {
+    m_lastRefusal = Refusal::None;
+    std::optional<std::u16string> normalized = NormalizePastedText(text, m_settings, m_state, Locale());
+    if (!normalized) {
+        // Refused whole, as a refused key is: nothing is written.
+        m_lastRefusal = Refusal::PastedNumber;
+        Beep();
+        return false;
+    }
+    text = std::move(*normalized);
+    return true;
 }
 
 // Focus.

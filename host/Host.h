@@ -68,10 +68,13 @@ public:
     virtual void OnChange() = 0;
     /// The focus left the edit box for another control of the form.
     virtual void OnFocusExit() = 0;
-    /// A text is about to be pasted or dropped in place of the selection (before the box keeps only its
-    /// first line and cuts it to `MaxLength`); the control may rewrite it to read as typed in its field.
-    /// The default leaves the text as it is.
-    virtual void OnPasteText(std::u16string& text) { (void)text; }
+    /// The first line of a text is about to be pasted or dropped in place of the selection (before the box
+    /// cuts it to `MaxLength`); the control may rewrite it to read as typed in its field, or refuse it whole
+    /// by returning false, in which case the box changes nothing. The default takes the text as it is.
+    [[nodiscard]] virtual bool OnPasteText(std::u16string& text) {
+        (void)text;
+        return true;
+    }
     virtual void OnOLEStartDrag(DataObject& data, int32_t& allowedEffects) = 0;
     virtual void OnOLESetData(DataObject& data, int16_t& dataFormat) = 0;
     virtual void OnOLEGiveFeedback(int32_t& effect, bool& defaultCursors) = 0;

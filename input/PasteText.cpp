@@ -1,6 +1,8 @@
 #include "input/PasteText.h"
 
+#include "input/Shapes.h"
 #include "validation/Numbers.h"
+#include "validation/NumericText.h"
 
 #include <unicode/dcfmtsym.h>
 #include <unicode/locid.h>
@@ -90,9 +92,8 @@ std::u16string_view Trimmed(std::u16string_view text) {
     return text.substr(first, last - first);
 }
 
-// Group marks between two digits become the field's group separator, or go when grouping is forbidden.
-std::u16string Regrouped(std::u16string_view text, const Settings& settings, const LocaleInfo& locale) {
-    const std::u16string thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+// Group marks between two digits become `separator` (nothing, when it is empty).
+std::u16string Regrouped(std::u16string_view text, std::u16string_view separator, const LocaleInfo& locale) {
     std::u16string result;
     result.reserve(text.size());
     for (size_t i = 0; i < text.size(); ++i) {
@@ -101,17 +102,26 @@ std::u16string Regrouped(std::u16string_view text, const Settings& settings, con
         const bool betweenDigits = !result.empty() && IsAsciiDigit(result.back()) && i + 1 < text.size()
             && IsAsciiDigit(text[i + 1]);
         if (groupMark && betweenDigits && c != locale.decimalSeparator)
-            result += thousands;
+            result += separator;
         else
             result += c;
     }
     return result;
 }
 
+// True when the text is a number under the locale's grouping, or the beginning of one that a digit would
+// complete ("-", "1,234.", "1E-"). A text ending in a digit is judged as complete: a paste brings a whole
+// number, so "1,234,50" is a misgrouped number, not the beginning of "1,234,500".
+bool IsNumberOrBeginning(std::u16string text, const LocaleInfo& locale) {
+    if (!text.empty() && !IsAsciiDigit(text.back())) text += u'0';
+    return IsNumericText(text, locale, Grouping::Locale);
+}
+
 } // namespace
 
-std::u16string NormalizePastedText(
+std::optional<std::u16string> NormalizePastedText(
     std::u16string_view text, const Settings& settings, const TypeFlags& flags, const LocaleInfo& locale) {
+    if (settings.InputSifting == vldNone) return std::u16string(text);
     if (!flags.NumericMode && !flags.TypeIsDate && !flags.TypeIsTime) return std::u16string(text);
     std::u16string raw(text);
     if (flags.TypeIsCurrency) {
@@ -124,11 +134,20 @@ std::u16string NormalizePastedText(
     }
     const std::u16string ascii = ToAscii(raw);
     const std::u16string_view trimmed = Trimmed(ascii);
-    // A paste with nothing left in it goes on as it came, so that the field's sifting refuses it as it
-    // refuses any wrong paste, instead of the paste doing nothing at all.
-    if (trimmed.empty()) return std::u16string(text);
-    if (!flags.NumericMode) return std::u16string(trimmed);
-    return Regrouped(trimmed, settings, locale);
+    if (!flags.NumericMode) {
+        // A paste with nothing left in it goes on as it came, so that the field's sifting refuses it as it
+        // refuses any wrong paste, instead of the paste doing nothing at all.
+        if (trimmed.empty()) return std::u16string(text);
+        return std::u16string(trimmed);
+    }
+    // The decision is taken on the marks as the locale's own groups, before any of them is dropped.
+    if (!IsNumberOrBeginning(Regrouped(trimmed, std::u16string(1, locale.groupSeparator), locale), locale))
+        return std::nullopt;
+    const std::u16string thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+    std::u16string result = Regrouped(trimmed, thousands, locale);
+    if (!NumericWholeTextTest(result, SiftingType(flags), settings.AllowScientificFormat, thousands, locale))
+        return std::nullopt;
+    return result;
 }
 
 } // namespace quillmar

@@ -5,7 +5,20 @@
 
 namespace quillmar {
 
-std::u16string RefusalText(Refusal refusal, const Settings& settings) {
+std::u16string NumberExample(const Settings& settings, const LocaleInfo& locale) {
+    std::u16string example = settings.MustBeNegative ? u"-" : u"";
+    if (settings.MustBeType == vldByte) return example + u"123";
+    example += u'1';
+    if (settings.ThousandSeparator == vldTSAllowed && locale.groupingSize > 0 && locale.groupingSize <= 3)
+        example += locale.groupSeparator;
+    example += u"234";
+    if (settings.MustBeType == vldInteger || settings.MustBeType == vldLong) return example;
+    example += locale.decimalSeparator;
+    example += settings.MaxNumberOfDecimals == 1 ? u"5" : u"50";
+    return example;
+}
+
+std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale) {
     switch (refusal) {
     case Refusal::None:
         return {};
@@ -56,6 +69,8 @@ std::u16string RefusalText(Refusal refusal, const Settings& settings) {
             return spaces ? u"Only letters and spaces can be typed here" : u"Only letters can be typed here";
         return (spaces ? u"Only letters, spaces and " : u"Only letters and ") + added + u" can be typed here";
     }
+    case Refusal::PastedNumber:
+        return u"Numbers here are written like " + NumberExample(settings, locale);
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/Settings.h"
+#include "host/LocaleInfo.h"
 
 #include <string>
 
@@ -45,10 +46,19 @@ enum class Refusal {
     OnlyLetters,
     /// Anything but a letter or a space under `OnlyLettersWithSpace`.
     OnlyLettersWithSpace,
+    /// A pasted or dropped text that is not a number of the field, nor the beginning of one.
+    PastedNumber,
 };
 
 /// The refusal in short words for a tip beside the field ("Only digits can be typed here", "At most 2
-/// decimals"); the empty text for `None`. `settings` gives the numbers some words name.
-[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings);
+/// decimals"); the empty text for `None`. `settings` gives the numbers some words name; a refused paste
+/// shows how numbers are written in the field, by an example in the locale's own form that follows the
+/// field's type, sign and grouping ("Numbers here are written like 1,234.50", "... like 1234").
+[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale);
+
+/// An example number of the field as the user would write it: 123 for a byte, 1234 for the other whole
+/// numbers, 1234.50 otherwise (fewer decimals when `MaxNumberOfDecimals` allows only one), with the locale's
+/// separators, grouped when `ThousandSeparator` allows grouping, and a minus sign when it must be negative.
+[[nodiscard]] std::u16string NumberExample(const Settings& settings, const LocaleInfo& locale);
 
 } // namespace quillmar

@@ -124,7 +124,7 @@ bool FieldHints::eventFilter(QObject* watched, QEvent* event) {
 
 void FieldHints::ShowRefusalTip() {
     const Quillmar& control = m_field.control();
-    const QString text = ToQString(RefusalText(control.LastRefusal(), control.settings()));
+    const QString text = ToQString(RefusalText(control.LastRefusal(), control.settings(), control.Locale()));
     if (text.isEmpty()) return;
     const QRect caret = m_edit.inputMethodQuery(Qt::ImCursorRectangle).toRect();
     QToolTip::showText(m_edit.mapToGlobal(caret.bottomLeft()), text, &m_edit, caret, kRefusalTipMilliseconds);
@@ -134,18 +134,22 @@ FieldHints::EditWatch::EditWatch(FieldHints& hints, const QKeyEvent& event)
     : m_hints(hints)
     , m_typed(TypesCharacter(event))
     , m_paste(!m_typed && IsPasteKey(event))
-    , m_changesBefore(hints.m_changes) { }
+    , m_changesBefore(hints.m_changes)
+    , m_refusedPastesBefore(hints.m_refusedPastes) { }
 
 FieldHints::EditWatch::EditWatch(FieldHints& hints)
     : m_hints(hints)
     , m_paste(true)
-    , m_changesBefore(hints.m_changes) { }
+    , m_changesBefore(hints.m_changes)
+    , m_refusedPastesBefore(hints.m_refusedPastes) { }
 
 FieldHints::EditWatch::~EditWatch() {
     if (!m_hints.m_refusalTips || (!m_typed && !m_paste)) return;
     // The control forgets a refusal once a later key or change is accepted; a key that neither changed the
     // text nor was sifted leaves the refusal of an earlier one, which is not this key's.
-    const bool sifted = m_typed && m_hints.m_field.InputSifting() == vldWeak;
+    // A paste the field refused whole changed nothing, and says so all the same.
+    const bool sifted = (m_typed && m_hints.m_field.InputSifting() == vldWeak)
+        || (m_paste && m_hints.m_refusedPastes != m_refusedPastesBefore);
     if (!sifted && m_hints.m_changes == m_changesBefore) return;
     if (m_hints.m_field.control().LastRefusal() != Refusal::None) m_hints.ShowRefusalTip();
 }

@@ -38,6 +38,9 @@ public:
     /// The frame drawn around the edit box while the text breaks a rule.
     [[nodiscard]] QWidget* StateFrame() const { return m_stateFrame; }
 
+    /// Notes that the field refused a paste or a drop whole: nothing changed, yet the edit was refused.
+    void NotePasteRefused() { ++m_refusedPastes; }
+
     /// Watches one edit of the user's: a key press, or a paste from the menu or a drop. When it typed a
     /// character or pasted and the control refused that, the tip says why once the edit is done.
     class EditWatch {
@@ -54,6 +57,7 @@ public:
         bool m_typed = false;
         bool m_paste = false;
         int m_changesBefore = 0;
+        int m_refusedPastesBefore = 0;
     };
 
 protected:
@@ -70,6 +74,7 @@ private:
     bool m_refusalTips = false;
     bool m_inlineState = false;
     int m_changes = 0;
+    int m_refusedPastes = 0;
     QPointer<QAction> m_stateIcon;
     QPointer<QWidget> m_stateFrame;
 };

@@ -58,7 +58,9 @@ QtServices::QtServices(QuillmarEdit& owner)
     m_limit = new UserEditLimits(m_edit);
     m_edit->setValidator(m_limit);
     m_limit->rewritePaste = [this](std::u16string& text) {
-        if (m_events) m_events->OnPasteText(text);
+        if (!m_events || m_events->OnPasteText(text)) return true;
+        m_owner.hints().NotePasteRefused();
+        return false;
     };
     m_owner.setFocusProxy(m_edit);
     m_owner.setFocusPolicy(Qt::StrongFocus);

@@ -38,8 +38,8 @@ public:
     bool typing = false;
     /// True while an input method's text goes in (sifted as typed keys, not as a paste).
     bool composing = false;
-    /// Rewrites a pasted or dropped text before it goes in.
-    std::function<void(std::u16string&)> rewritePaste;
+    /// Rewrites a pasted or dropped text before it goes in; false refuses it whole.
+    std::function<bool(std::u16string&)> rewritePaste;
     /// The text before the edit being checked, and where its selection (or the caret) began.
     QString previous;
     qsizetype previousStart = 0;
@@ -75,7 +75,7 @@ private:
         if (!typing && !composing && rewritePaste && inserted > 0) {
             std::u16string pasted = FromQString(input.mid(head, inserted));
             const std::u16string given = pasted;
-            rewritePaste(pasted);
+            if (!rewritePaste(pasted)) return Invalid; // the field refused the paste: nothing changes
             if (pasted != given) {
                 input = input.left(head) + ToQString(pasted) + input.right(tail);
                 inserted = static_cast<qsizetype>(pasted.size());

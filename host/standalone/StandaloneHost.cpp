@@ -211,16 +211,17 @@ std::u16string MemoryEditBox::Fitted(std::u16string_view text) const {
     return line;
 }
 
-std::u16string MemoryEditBox::Offered(std::u16string_view text) {
+std::optional<std::u16string> MemoryEditBox::Offered(std::u16string_view text) {
     // The first line goes in, made to read as typed in the field.
     std::u16string offered(text.substr(0, text.find_first_of(u"\r\n")));
-    if (m_events) m_events->OnPasteText(offered);
+    // A paste of nothing is no paste: the control is not asked, as a native edit box does not ask.
+    if (m_events && !offered.empty() && !m_events->OnPasteText(offered)) return std::nullopt;
     return offered;
 }
 
 void MemoryEditBox::Paste(std::u16string_view text) {
     if (m_locked) return;
-    ReplaceSelection(Fitted(Offered(text)));
+    if (const auto offered = Offered(text)) ReplaceSelection(Fitted(*offered));
 }
 
 void MemoryEditBox::PasteWithKeys(std::u16string_view text) {
@@ -292,8 +293,10 @@ void MemoryEditBox::DropText(int32_t position, std::u16string_view text) {
     if (m_events) m_events->OnOLEDragDrop(data, effect, button, shift, x, y);
     // An automatic drop target inserts the text where it was dropped.
     if (m_oleDropMode == 2 && effect != 0 && !m_locked) {
-        Select(position, position);
-        ReplaceSelection(Fitted(Offered(TextOfFormat(data))));
+        if (const auto offered = Offered(TextOfFormat(data))) {
+            Select(position, position);
+            ReplaceSelection(Fitted(*offered));
+        }
     }
 }
 

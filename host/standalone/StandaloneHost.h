@@ -3,6 +3,7 @@
 #include "control/QuillmarEvents.h"
 #include "host/Host.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -133,8 +134,9 @@ private:
     /// What of a pasted or dropped text the box takes in place of its selection: the first line, as much of
     /// it as `MaxLength` leaves room for.
     [[nodiscard]] std::u16string Fitted(std::u16string_view text) const;
-    /// The pasted or dropped text as the control rewrites it for its field (`OnPasteText`).
-    [[nodiscard]] std::u16string Offered(std::u16string_view text);
+    /// The first line of a pasted or dropped text as the control rewrites it for its field (`OnPasteText`);
+    /// nullopt when the control refuses it.
+    [[nodiscard]] std::optional<std::u16string> Offered(std::u16string_view text);
     void Select(int32_t anchor, int32_t caret);
 
     EditBoxEvents* m_events = nullptr;

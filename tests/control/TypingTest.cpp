@@ -49,13 +49,13 @@ TEST_F(Field, EnterIsRefusedInALettersOnlyField) {
 
 TEST_F(Field, KeysReportedWhileCtrlIsDownAreNotSifted) {
     Declare(vldInteger, vldWeak);
-    box.PasteWithKeys(u"abc");
-    EXPECT_EQ(control.Text(), u"abc"); // weak sifting looks at typed keys only
+    box.PasteWithKeys(u"42");
+    EXPECT_EQ(control.Text(), u"42");
     EXPECT_EQ(host.alerts.beeps, 0);
     box.TypeKey(u'x'); // Ctrl was released with the V key
     box.TypeKey(u'q', 2); // Ctrl is down again
     box.TypeKey(u'y'); // the key-up cleared the Ctrl state
-    EXPECT_EQ(control.Text(), u"abcq");
+    EXPECT_EQ(control.Text(), u"42q");
     EXPECT_EQ(host.alerts.beeps, 2);
 }
 
@@ -73,11 +73,11 @@ TEST(SpringBack, RestoresTheLastTextTheFieldSettled) {
         int32_t click = -1; // where the mouse leaves the caret before the paste; the caret stays there
     };
     const Row rows[] = {
-        { "the closest value inserted on leaving", u"10", false, u"5", true, u"x", u"10" },
-        { "the text rewritten as understood", u"", false, u"007", true, u"abc", u"7" },
+        { "the closest value inserted on leaving", u"10", false, u"5", true, u"-", u"10" },
+        { "the text rewritten as understood", u"", false, u"007", true, u"-", u"7" },
         { "the minus given back to a zero rewritten as understood", u"", true, u"-0", true, nullptr, u"-0" },
-        { "spaces trimmed away leave the minus", u"", true, u"", false, u"  ", u"-" },
-        { "letters pasted into the digits typed", u"", false, u"12", false, u"abc", u"12", 1 },
+        { "spaces trimmed away leave the minus", u"", true, u" ", false, nullptr, u"-" },
+        { "a minus pasted into the digits typed", u"", false, u"12", false, u"-", u"12", 1 },
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -128,6 +128,50 @@ TEST_F(Field, RemembersWhyTheLastKeyOrChangeWasRefused) {
     }
 }
 
+// Typing and deleting pass through texts that are not yet well grouped; only the whole number is judged.
+TEST_F(Field, GroupedNumbersAreTypedAndEditedFreely) {
+    for (const InputSiftingConstants sifting : { vldWeak, vldStrong }) {
+        Declare(vldLong, sifting);
+        control.SetThousandSeparator(vldTSAllowed);
+        control.SetText(u"");
+        box.TypeText(u"1,234,567");
+        EXPECT_EQ(control.Text(), u"1,234,567") << sifting;
+        EXPECT_EQ(control.CheckInput(), 0) << sifting;
+        box.ClickAt(4);
+        box.PressBackspace();
+        EXPECT_EQ(control.Text(), u"1,24,567") << sifting;
+        EXPECT_EQ(control.CheckInput(), vldCCMustBeNumber) << sifting;
+        box.TypeText(u"3");
+        EXPECT_EQ(control.CheckInput(), 0) << sifting;
+        EXPECT_EQ(host.alerts.beeps, 0) << sifting;
+    }
+}
+
+// A paste that reads only as another number is refused whole, with a beep, whether the field would keep
+// its marks or drop them; a field that does not sift takes it as pasted.
+TEST_F(Field, PasteThatOnlyReadsAsAnotherNumberIsRefused) {
+    for (const InputSiftingConstants sifting : { vldNone, vldWeak, vldStrong }) {
+        for (const ThousandSeparatorConstants grouping : { vldTSAllowed, vldTSForbidden }) {
+            Declare(vldCurrency, sifting);
+            control.SetThousandSeparator(grouping);
+            control.SetText(u"7");
+            box.SelectAll();
+            const int beeps = host.alerts.beeps;
+            box.Paste(u"1 234,50");
+            const bool sifts = sifting != vldNone;
+            EXPECT_EQ(control.Text(), sifts ? u"7" : u"1 234,50") << sifting << grouping;
+            EXPECT_EQ(host.alerts.beeps - beeps, sifts ? 1 : 0) << sifting << grouping;
+            EXPECT_EQ(control.LastRefusal(), sifts ? Refusal::PastedNumber : Refusal::None);
+            box.SelectAll();
+            box.Paste(u"1 234.50");
+            EXPECT_EQ(control.Text(),
+                !sifts                         ? u"1 234.50"
+                    : grouping == vldTSAllowed ? u"1,234.50"
+                                               : u"1234.50");
+        }
+    }
+}
+
 TEST_F(Field, ProperCaseRaisesTheFirstLetterOfEachWord) {
     Declare(vldString, vldStrong);
     control.SetMustBeProperCase(true);
@@ -144,7 +188,7 @@ TEST_F(Field, StrongSiftingTrimsAPasteAndKeepsItAfterADeleteFromTheMenu) {
     box.SelectAll();
     box.SetSelText(u""); // deleted from the context menu: accepted, and the snapshot stays
     EXPECT_EQ(control.Text(), u"");
-    box.Paste(u"x");
+    box.TypeText(u"x");
     EXPECT_EQ(control.Text(), u"42");
 }
 

@@ -101,6 +101,27 @@ const ValidateCase kCases[] = {
         [](Quillmar& f) { f.SetMustBeType(vldString), f.SetCustomMask(u"###"), f.SetDefaultValue(u"abc"); },
         u"12", false, u"abc",
         Box(u"Invalid text entry.\r\nThis field must be in a form like ###.\r\nDefault value inserted.") },
+    // Strong sifting repairs the final validation's own writes but never refuses them.
+    { "default against the letters rule",
+        [](Quillmar& f) {
+            f.SetMustBeType(vldString), f.SetInputSifting(vldStrong), f.SetRequiredField(true);
+            f.SetOnlyLetters(true), f.SetDefaultValue(u"N/A");
+        },
+        u"", false, u"N/A", Box(u"This field is required.\r\nDefault value inserted.") },
+    { "default against the character set, its case repaired",
+        [](Quillmar& f) {
+            f.SetMustBeType(vldString), f.SetInputSifting(vldStrong), f.SetRequiredField(true);
+            f.SetValidCharactersSet(u"ABCDEFGHIJKLMNOPQRSTUVWXYZ"), f.SetMustBeUpperCase(true);
+            f.SetDefaultValue(u"n.a.");
+        },
+        u"", false, u"N.A.", Box(u"This field is required.\r\nDefault value inserted.") },
+    { "default against the no-digits rule",
+        [](Quillmar& f) {
+            f.SetMustBeType(vldString), f.SetInputSifting(vldStrong), f.SetNoDigits(true);
+            f.SetCustomMask(u"??"), f.SetDefaultValue(u"00");
+        },
+        u"abc", false, u"00",
+        Box(u"Invalid text entry.\r\nThis field must be in a form like ??.\r\nDefault value inserted.") },
 };
 
 TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {

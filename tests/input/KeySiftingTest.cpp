@@ -132,27 +132,54 @@ TEST(SiftKeyPress, UsesTheLocaleDecimalSeparator) {
 }
 
 TEST(RefusalText, WordsTheRule) {
+    const LocaleInfo en = LocaleInfo::FromName("en_US");
     Settings settings;
     settings.MaxNumberOfDecimals = 2;
-    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings), u"At most 2 decimals");
+    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings, en), u"At most 2 decimals");
     settings.MaxNumberOfDecimals = 1;
-    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings), u"At most 1 decimal");
-    EXPECT_EQ(RefusalText(Refusal::None, settings), u"");
+    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings, en), u"At most 1 decimal");
+    EXPECT_EQ(RefusalText(Refusal::None, settings, en), u"");
     // The characters the author allowed besides a letter rule, or as the field's set, are named.
     settings.ExtraIncludedCharacters = u"-'.";
-    EXPECT_EQ(RefusalText(Refusal::OnlyLetters, settings), u"Only letters and - ' . can be typed here");
-    EXPECT_EQ(RefusalText(Refusal::OnlyLettersWithSpace, settings),
+    EXPECT_EQ(RefusalText(Refusal::OnlyLetters, settings, en), u"Only letters and - ' . can be typed here");
+    EXPECT_EQ(RefusalText(Refusal::OnlyLettersWithSpace, settings, en),
         u"Only letters, spaces and - ' . can be typed here");
     settings.ExtraIncludedCharacters.clear();
     settings.ValidCharactersSet = u"0123456789 +-()";
-    EXPECT_EQ(RefusalText(Refusal::CharacterSet, settings), u"Only 0\u20139 space + - ( ) can be typed here");
-    settings.ValidCharactersSet = u"abcdefghijklmnopqrstuvwxyz!\"#$%&";
     EXPECT_EQ(
-        RefusalText(Refusal::CharacterSet, settings), u"Only the field's own characters can be typed here");
+        RefusalText(Refusal::CharacterSet, settings, en), u"Only 0\u20139 space + - ( ) can be typed here");
+    settings.ValidCharactersSet = u"abcdefghijklmnopqrstuvwxyz!\"#$%&";
+    EXPECT_EQ(RefusalText(Refusal::CharacterSet, settings, en),
+        u"Only the field's own characters can be typed here");
     // Every other refusal has words of its own.
-    for (int r = static_cast<int>(Refusal::TimeCharacter);
-         r <= static_cast<int>(Refusal::OnlyLettersWithSpace); ++r)
-        EXPECT_FALSE(RefusalText(static_cast<Refusal>(r), settings).empty()) << r;
+    for (int r = static_cast<int>(Refusal::TimeCharacter); r <= static_cast<int>(Refusal::PastedNumber); ++r)
+        EXPECT_FALSE(RefusalText(static_cast<Refusal>(r), settings, en).empty()) << r;
+}
+
+// A refused paste shows how the field writes numbers, in the locale's own form.
+TEST(RefusalText, PastedNumberShowsTheFieldsNumbers) {
+    const struct {
+        MustBeTypeConstants type;
+        bool grouped;
+        const char* locale;
+        const char16_t* expected;
+    } rows[] = {
+        { vldCurrency, true, "en_US", u"Numbers here are written like 1,234.50" },
+        { vldCurrency, false, "en_US", u"Numbers here are written like 1234.50" },
+        { vldInteger, false, "en_US", u"Numbers here are written like 1234" },
+        { vldLong, true, "de_DE", u"Numbers here are written like 1.234" },
+        { vldDouble, true, "de_DE", u"Numbers here are written like 1.234,50" },
+        { vldDouble, true, "fr_FR", u"Numbers here are written like 1\u202F234,50" },
+        { vldByte, true, "en_US", u"Numbers here are written like 123" },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.locale << ", type " << row.type);
+        Settings settings;
+        settings.MustBeType = row.type;
+        settings.ThousandSeparator = row.grouped ? vldTSAllowed : vldTSForbidden;
+        EXPECT_EQ(
+            RefusalText(Refusal::PastedNumber, settings, LocaleInfo::FromName(row.locale)), row.expected);
+    }
 }
 
 } // namespace

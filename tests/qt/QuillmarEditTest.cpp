@@ -119,7 +119,7 @@ TEST_F(Form, StrongSiftingRestoresAPaste) {
     ShowAndFocus(quantity);
     QTest::keyClicks(quantity->lineEdit(), QStringLiteral("12"));
     changes = 0;
-    QApplication::clipboard()->setText(QStringLiteral("abc"));
+    QApplication::clipboard()->setText(QStringLiteral("-")); // a number's beginning, yet not after the 12
     QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(quantity->Text(), QStringLiteral("12"));
     EXPECT_EQ(changes, 2); // the pasted text, then the restored one
@@ -137,6 +137,7 @@ TEST_F(Form, PastesReadAsTypedInBothEditBoxes) {
         bool dropped;
         const char16_t* pasted;
         const char16_t* expected;
+        ThousandSeparatorConstants grouping = vldTSAllowed;
     };
     const Row rows[] = {
         { "grouped by a narrow no-break space", "de_DE", vldDouble, false, u"1\u202F234,5", u"1.234,5" },
@@ -149,6 +150,12 @@ TEST_F(Form, PastesReadAsTypedInBothEditBoxes) {
         { "only spaces", "en_US", vldInteger, false, u" \u3000 ", u"7" },
         { "only a currency symbol", "en_US", vldCurrency, false, u" $ ", u"7" },
         { "a text field takes it as it is", "en_US", vldString, false, u" \u22125 ", u" \u22125 " },
+        // Read in en_US, "1 234,50" would be 123450: it is refused, whether the groups would stay or go.
+        { "a foreign decimal comma", "en_US", vldCurrency, false, u"1 234,50", u"7" },
+        { "a foreign decimal comma dropped", "en_US", vldCurrency, true, u"1 234,50", u"7" },
+        { "a foreign decimal comma, no grouping", "en_US", vldCurrency, false, u"1 234,50", u"7",
+            vldTSForbidden },
+        { "space groups, no grouping", "en_US", vldCurrency, false, u"1 234.50", u"1234.50", vldTSForbidden },
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -158,7 +165,7 @@ TEST_F(Form, PastesReadAsTypedInBothEditBoxes) {
         field->SetLocaleName(QString::fromLatin1(row.locale));
         for (Quillmar* control : { &field->control(), &model }) {
             control->SetMustBeType(row.type);
-            control->SetThousandSeparator(vldTSAllowed);
+            control->SetThousandSeparator(row.grouping);
             control->SetInputSifting(vldStrong);
             control->SetOLEDropMode(2);
         }
@@ -317,7 +324,7 @@ TEST_F(Form, UndoAndRedoCoverTheFieldsOwnChanges) {
         { "trimmed", vldInteger, vldStrong, {}, "5", "3 ", false, "5", "53" },
         { "minus put in front", vldInteger, vldStrong, [](QuillmarEdit& f) { f.SetMustBeNegative(true); },
             "5", "", false, "", "-5" },
-        { "refused by strong sifting", vldInteger, vldStrong, {}, "12", "abc", false, "1", "12" },
+        { "refused by strong sifting", vldInteger, vldStrong, {}, "12", "-", false, "1", "12" },
         { "rewritten as understood", vldInteger, vldWeak, {}, "007", "", true, "007", "7" },
         { "corrected", vldInteger, vldWeak, [](QuillmarEdit& f) { f.SetMaxValue(100); }, "250", "", true,
             "250", "100" },
@@ -412,9 +419,9 @@ TEST_F(Form, AltGrTypesWhileCtrlShortcutsStayUnsifted) {
     EXPECT_EQ(quantity->Text(), QStringLiteral("12"));
     EXPECT_EQ(beeps, 3);
     EXPECT_EQ(shifts, (std::vector<int> { 4, 4, 4 })); // Alt alone
-    QApplication::clipboard()->setText(QStringLiteral("ab"));
+    QApplication::clipboard()->setText(QStringLiteral("34"));
     QTest::keyClick(quantity->lineEdit(), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(quantity->Text(), QStringLiteral("12ab"));
+    EXPECT_EQ(quantity->Text(), QStringLiteral("1234"));
     EXPECT_EQ(beeps, 3);
 }
 
@@ -528,18 +535,22 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         Via via = Via::Key;
     };
     const QString digits = QStringLiteral("Only digits can be typed here");
+    const QString numbers = QStringLiteral("Numbers here are written like 1234");
     const QString one = QStringLiteral("1");
     const std::vector<Row> rows {
         { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_unknown, digits, one, 1 },
         { vldWeak, false, QStringLiteral("1a"), {}, Qt::Key_unknown, {}, one, 1 },
         { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_Left, {}, one, 1 },
         { vldWeak, true, QStringLiteral("1.2"), {}, Qt::Key_unknown, {}, QStringLiteral("1.2"), 0 },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1 },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1 },
         { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1 },
         { vldStrong, true, one, QStringLiteral("x"), Qt::Key_V, {}, one, 1 }, // then a paste of nothing
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1, Via::Menu },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, digits, one, 1, Via::Drop },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1, Via::Menu },
+        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1, Via::Drop },
         { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1, Via::Drop },
+        { vldStrong, true, one, QStringLiteral("-"), Qt::Key_unknown,
+            QStringLiteral("That would not make a number"), one, 1 }, // pasted after the 1, then sprung back
+        { vldWeak, true, one, QStringLiteral("1,2,3"), Qt::Key_unknown, numbers, one, 1 },
         { vldStrong, true, QStringLiteral("1.234"), {}, Qt::Key_unknown, QStringLiteral("At most 2 decimals"),
             QStringLiteral("1.23"), 0 },
     };
