@@ -4,10 +4,14 @@
 
 #include "control/Enums.h"
 #include "control/FormText.h"
-#include "host/standalone/MemoryPropertyStore.h"
+#include "control/Settings.h"
+#include "validation/Conversions.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <utility>
 
 namespace quillmar {
 namespace {
@@ -120,8 +124,19 @@ std::optional<int64_t> WholeNumber(const Variant& value) {
     }
 }
 
+// The index of an item key "1N", "2N" ... (digits without a leading zero, then "N"); 0 for any other key.
+int64_t ItemIndex(std::u16string_view key) {
+    if (key.size() < 2 || key.size() > 6 || key.back() != u'N' || key.front() == u'0') return 0;
+    int64_t index = 0;
+    for (const char16_t c : key.substr(0, key.size() - 1)) {
+        if (c < u'0' || c > u'9') return 0;
+        index = index * 10 + (c - u'0');
+    }
+    return index;
+}
+
 // A list's store: "NEl", the count as an Integer (absent for none), and the items "1N" to its count,
-// nothing else; each item passes `itemFault`.
+// nothing else; an action list's items are action flag words, a value list's single values.
 std::optional<std::string> ListFault(const Variant& value, bool actions) {
     const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
     if (!nested) return "expected a value of type ByteArray holding a property store";
@@ -131,6 +146,9 @@ std::optional<std::string> ListFault(const Variant& value, bool actions) {
     const int64_t items = count ? count->AsInteger() : 0;
     if (actions && items != 3) return "expected 3 actions, got " + std::to_string(items);
     if (items < 0) return "item \"NEl\": expected 0 or more, got " + std::to_string(items);
+    for (const auto& entry : nested->Entries())
+        if (entry.key != u"NEl" && ItemIndex(entry.key) == 0)
+            return "item " + Quoted(entry.key) + ": not a key of a list (\"NEl\", \"1N\", \"2N\" ...)";
     if (nested->Entries().size() != static_cast<size_t>(items) + (count ? 1 : 0))
         return "expected \"NEl\" and the items \"1N\" to \"" + std::to_string(items) + "N\" only";
     for (int64_t i = 1; i <= items; ++i) {
@@ -150,6 +168,47 @@ std::optional<std::string> ListFault(const Variant& value, bool actions) {
                 + (flags ? std::to_string(*flags) : "type " + std::string(KindName(item->kind())));
     }
     return std::nullopt;
+}
+
+// The keys of the font store, each with the kind the control writes it in.
+constexpr std::pair<std::u16string_view, Variant::Kind> kFontKeys[] = {
+    { u"Name", Variant::Kind::String },
+    { u"Size", Variant::Kind::Single },
+    { u"Bold", Variant::Kind::Boolean },
+    { u"Italic", Variant::Kind::Boolean },
+    { u"Underline", Variant::Kind::Boolean },
+    { u"Strikethru", Variant::Kind::Boolean },
+};
+
+// A font's store: the font's own keys only, each of its kind; a key left out keeps the field's font.
+std::optional<std::string> FontFault(const Variant& value) {
+    const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
+    if (!nested) return "expected a value of type ByteArray holding a property store";
+    for (const auto& [key, item] : nested->Entries()) {
+        const auto* known = std::find_if(std::begin(kFontKeys), std::end(kFontKeys),
+            [&key = key](const auto& font) { return font.first == key; });
+        if (known == std::end(kFontKeys))
+            return "item " + Quoted(key)
+                + ": not a key of a font (\"Name\", \"Size\", \"Bold\", \"Italic\", \"Underline\", "
+                  "\"Strikethru\")";
+        if (item.kind() != known->second)
+            return "item " + Quoted(key) + ": " + KindFault(known->second, item.kind());
+    }
+    return std::nullopt;
+}
+
+// A value as the field's checks take it for a limit or a default of a field of `type`: the number, or the
+// days of a date (time) of the type's own class; nullopt when it bounds nothing.
+std::optional<double> RangeValueOf(const Variant& value, int32_t type, const LocaleInfo& locale) {
+    if (value.IsEmpty() || value.IsEmptyString()) return std::nullopt;
+    if (IsNumericType(type)) return NumericValueOf(value, locale);
+    if (!IsDateTimeType(type) || ClassifyDateTime(value, locale) != (type == vldDate ? DateClass : TimeClass))
+        return std::nullopt;
+    return DateTimeOf(value, locale);
+}
+
+std::string ShownValue(const Variant& value, const LocaleInfo& locale) {
+    return Quoted(TextOf(value, locale));
 }
 
 } // namespace
@@ -192,15 +251,55 @@ std::optional<std::string> EntryFault(std::u16string_view key, const Variant& va
         return "expected a single value, got type " + std::string(KindName(kind));
     case Holds::Font:
         if (auto fault = expect(Variant::Kind::Bytes)) return fault;
-        if (!MemoryPropertyStore::FromBytes(value.AsBytes()))
-            return "expected a value of type ByteArray holding a property store";
-        return std::nullopt;
+        return FontFault(value);
     case Holds::Picture:
         return expect(Variant::Kind::Bytes);
     case Holds::ValueList:
     case Holds::ActionList:
         if (auto fault = expect(Variant::Kind::Bytes)) return fault;
         return ListFault(value, rule->holds == Holds::ActionList);
+    }
+    return std::nullopt;
+}
+
+RangeCollision FindRangeCollision(int32_t type, const Variant& minValue, const Variant& maxValue,
+    const Variant& defaultValue, const LocaleInfo& locale) {
+    const auto min = RangeValueOf(minValue, type, locale);
+    const auto max = RangeValueOf(maxValue, type, locale);
+    const auto value = RangeValueOf(defaultValue, type, locale);
+    if (min && max && *min > *max) return RangeCollision::MinAboveMax;
+    if (value && max && *value > *max) return RangeCollision::DefaultAboveMax;
+    if (value && min && *value < *min) return RangeCollision::DefaultBelowMin;
+    return RangeCollision::None;
+}
+
+std::optional<EntriesFault> FieldEntriesFault(const MemoryPropertyStore& entries, const LocaleInfo& locale) {
+    for (const auto& [key, value] : entries.Entries())
+        if (auto fault = EntryFault(key, value))
+            return EntriesFault { "entry " + Quoted(key), std::move(*fault) };
+    const Variant* type = entries.Find(u"MustBeType");
+    const Variant none;
+    const auto entry = [&](std::u16string_view key) -> const Variant& {
+        const Variant* found = entries.Find(key);
+        return found ? *found : none;
+    };
+    const Variant& min = entry(u"MinValue");
+    const Variant& max = entry(u"MaxValue");
+    const Variant& value = entry(u"DefaultValue");
+    switch (FindRangeCollision(type ? type->AsLong() : vldUnspecified, min, max, value, locale)) {
+    case RangeCollision::None:
+        return std::nullopt;
+    case RangeCollision::MinAboveMax:
+        return EntriesFault { R"(entries "MinValue" and "MaxValue")",
+            "the minimum " + ShownValue(min, locale) + " lies above the maximum " + ShownValue(max, locale) };
+    case RangeCollision::DefaultAboveMax:
+        return EntriesFault { R"(entries "DefaultValue" and "MaxValue")",
+            "the default value " + ShownValue(value, locale) + " lies above the maximum "
+                + ShownValue(max, locale) };
+    case RangeCollision::DefaultBelowMin:
+        return EntriesFault { R"(entries "DefaultValue" and "MinValue")",
+            "the default value " + ShownValue(value, locale) + " lies below the minimum "
+                + ShownValue(min, locale) };
     }
     return std::nullopt;
 }

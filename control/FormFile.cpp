@@ -35,7 +35,8 @@ constexpr int kMaxDepth = 64;
 // Entries that hold nested property stores; bytes that are no store mean the file is damaged.
 constexpr std::array<std::u16string_view, 3> kStoreEntries = { u"Font", u"MustNotBeValues", u"Actions" };
 
-// Where a fault lies: the source, then the control and the entry once they are known.
+// Where a fault lies: the source, then the control and the entry once they are known. `entry` is as a line
+// names it: `entry "MaxLength"`, or `entries "MinValue" and "MaxValue"`.
 struct Location {
     std::string_view source;
     std::string control;
@@ -45,7 +46,7 @@ struct Location {
         std::string line(source);
         line += ": ";
         if (!control.empty()) line += "control " + control + (entry.empty() ? ": " : ", ");
-        if (!entry.empty()) line += "entry " + entry + ": ";
+        if (!entry.empty()) line += entry + ": ";
         line += what;
         // A fault's own description never breaks the line either.
         for (char& c : line)
@@ -112,6 +113,29 @@ template <typename Int> std::optional<Int> IntegerOf(const Json& value) {
 }
 
 std::optional<Variant> EntryFromJson(const Json& entry, std::string& fault);
+
+// The names of the fields of a form, of one of its controls and of an entry, in the order a form file
+// writes them.
+constexpr std::array<const char*, 6> kFormFields
+    = { "title", "width", "height", "showRefusalTips", "showInlineState", "controls" };
+constexpr std::array<const char*, 8> kControlFields
+    = { "name", "label", "toolTip", "left", "top", "width", "height", "properties" };
+constexpr std::array<const char*, 2> kEntryFields = { "type", "value" };
+
+// The first field of `object` that is none of `known`, as "field "x" is not one <owner> has (a, b ...)",
+// so that a misspelt name is refused rather than ignored; nullopt when every field is known.
+template <size_t N>
+std::optional<std::string> UnknownField(
+    const Json& object, const std::array<const char*, N>& known, std::string_view owner) {
+    for (const auto& [key, value] : object.items()) {
+        if (std::find(known.begin(), known.end(), key) != known.end()) continue;
+        std::string names;
+        for (const char* name : known)
+            names += (names.empty() ? "" : ", ") + std::string(name);
+        return "field " + Quoted(key) + " is not one " + std::string(owner) + " has (" + names + ")";
+    }
+    return std::nullopt;
+}
 
 // The value of one kind, or the fault in `fault`.
 std::optional<Variant> ValueFromJson(Variant::Kind kind, const Json& value, std::string& fault) {
@@ -188,6 +212,10 @@ std::optional<Variant> EntryFromJson(const Json& entry, std::string& fault) {
     const auto value = entry.find("value");
     if (type == entry.end() || value == entry.end()) {
         fault = std::string("missing field \"") + (type == entry.end() ? "type" : "value") + "\"";
+        return std::nullopt;
+    }
+    if (auto unknown = UnknownField(entry, kEntryFields, "an entry")) {
+        fault = std::move(*unknown);
         return std::nullopt;
     }
     const auto kind = type->is_string() ? KindFromName(type->get_ref<const std::string&>()) : std::nullopt;
@@ -329,7 +357,7 @@ bool ReadEntries(const Json& properties, Location& where, MemoryPropertyStore& s
         return false;
     }
     for (const auto& [key, entry] : properties.items()) {
-        where.entry = Quoted(key);
+        where.entry = "entry " + Quoted(key);
         const auto key16 = FromUtf8(key);
         std::string fault = "the key is not UTF-8";
         auto value = key16 ? EntryFromJson(entry, fault) : std::nullopt;
@@ -365,6 +393,10 @@ std::optional<FormControl> ReadControl(
     }
     where.control = Quoted(*name);
     control.name = *name;
+    if (auto unknown = UnknownField(object, kControlFields, "a control")) {
+        fields.Fail(*unknown);
+        return std::nullopt;
+    }
     const auto label = fields.Text("label");
     const auto toolTip = object.contains("toolTip") ? fields.Text("toolTip") : std::u16string();
     const auto left = fields.Integer("left", true);
@@ -453,7 +485,7 @@ std::string DescribeError(int number) {
 
 } // namespace
 
-FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
+FormResult ParseFormJson(std::string_view json, std::string_view sourceName, const LocaleInfo& locale) {
     Location where { sourceName, {}, {} };
     if (json.size() > kMaxFormBytes) return Failure(where.Line("the form is larger than 16 MiB"));
     std::string fault;
@@ -465,6 +497,7 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
 
     std::string error;
     FieldReader fields(root, where, error);
+    if (auto unknown = UnknownField(root, kFormFields, "a form")) return Failure(where.Line(*unknown));
     FormDocument document;
     const auto title = fields.Text("title");
     const auto width = fields.Integer("width", false);
@@ -488,11 +521,12 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName) {
         if (!control) return Failure(std::move(error));
         document.controls.push_back(std::move(*control));
     }
-    if (auto fault = CheckFormDocument(document, sourceName)) return Failure(std::move(*fault));
+    if (auto fault = CheckFormDocument(document, sourceName, locale)) return Failure(std::move(*fault));
     return { std::move(document), {} };
 }
 
-std::optional<std::string> CheckFormDocument(const FormDocument& document, std::string_view sourceName) {
+std::optional<std::string> CheckFormDocument(
+    const FormDocument& document, std::string_view sourceName, const LocaleInfo& locale) {
     Location where { sourceName, {}, {} };
     if (document.controls.size() > kMaxFormFields)
         return where.Line("more than " + std::to_string(kMaxFormFields) + " controls");
@@ -509,15 +543,15 @@ std::optional<std::string> CheckFormDocument(const FormDocument& document, std::
                 return where.Line(
                     "the name is used by an earlier control (" + Quoted(document.controls[k].name) + ")");
         if (auto fault = GeometryFault(control)) return where.Line(*fault);
-        for (const auto& [key, value] : control.properties.Entries()) {
-            where.entry = Quoted(key);
-            if (auto fault = EntryFault(key, value)) return where.Line(*fault);
+        if (auto fault = FieldEntriesFault(control.properties, locale)) {
+            where.entry = std::move(fault->entries);
+            return where.Line(fault->what);
         }
     }
     return std::nullopt;
 }
 
-FormResult LoadFormFile(const std::filesystem::path& path) {
+FormResult LoadFormFile(const std::filesystem::path& path, const LocaleInfo& locale) {
     const std::string source = path.string();
     const Location where { source, {}, {} };
     std::error_code code;
@@ -528,7 +562,7 @@ FormResult LoadFormFile(const std::filesystem::path& path) {
     std::string text(static_cast<size_t>(size), '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
     if (!file || static_cast<uintmax_t>(file.gcount()) != size) return Failure(where.Line("cannot be read"));
-    return ParseFormJson(text, source);
+    return ParseFormJson(text, source, locale);
 }
 
 // Laid out by hand so that each entry stays on one line: a form reads as a list of fields and properties.
@@ -614,7 +648,7 @@ std::optional<std::string> BuildFormControls(
         try {
             control.ReadProperties(store);
         } catch (const PropertyError& error) {
-            const Location where { sourceName, Quoted(field.name), Quoted(store.LastKey()) };
+            const Location where { sourceName, Quoted(field.name), "entry " + Quoted(store.LastKey()) };
             return where.Line(DescribeError(error.number()));
         }
     }

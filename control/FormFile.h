@@ -1,6 +1,7 @@
 #pragma once
 
 #include "control/Quillmar.h"
+#include "host/LocaleInfo.h"
 #include "host/standalone/MemoryPropertyStore.h"
 
 #include <cstdint>
@@ -64,22 +65,28 @@ struct [[nodiscard]] FormResult {
 /// entries in store order, each {"type": kind, "value": value} where the kind is a `standalone::KindName`;
 /// a ByteArray's value is base64 or, for bytes that hold a property store, that store's entries as a JSON
 /// object in the same notation; a Currency's a decimal text with up to four decimals, a Date's the count of
-/// days, an Array's an array of such entries. The form must then pass `CheckFormDocument`. Any fault gives
-/// one error line naming `sourceName` and never a partial form; nothing throws, and nesting deeper than 64
-/// levels is refused.
-[[nodiscard]] FormResult ParseFormJson(std::string_view json, std::string_view sourceName);
+/// days, an Array's an array of such entries. A field of any other name, at any level, is refused, so that
+/// a misspelt option is never quietly off. The form must then pass `CheckFormDocument` under `locale`. Any
+/// fault gives one error line naming `sourceName` and never a partial form; nothing throws, and nesting
+/// deeper than 64 levels is refused.
+[[nodiscard]] FormResult ParseFormJson(std::string_view json, std::string_view sourceName,
+    const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
 /// Checks a form as the control would take it: at most `kMaxFormFields` fields, each named (not empty, no
-/// two names equal ignoring ASCII case, as database columns are), placed within `kMaxFormExtent`, and each
-/// entry a property the control writes, of the kind it writes it in, with a value its writer accepts (a
-/// `MaxLength` of 0 or more, a `MustBeType` of 0 to 9, a `MessageBoxIcon` of 0 to 4 ...); the two lists
-/// must hold a property store with "NEl" and the items "1N" to its count, `Actions` exactly three flag
-/// words. Returns nullopt, or one line naming `sourceName`, the control and the entry, and what is wrong.
-[[nodiscard]] std::optional<std::string> CheckFormDocument(
-    const FormDocument& document, std::string_view sourceName);
+/// two names equal ignoring ASCII case, as database columns are), placed within `kMaxFormExtent`, and its
+/// entries as `FieldEntriesFault` takes them: each a property the control writes, of the kind it writes it
+/// in, with a value its writer accepts (a `MaxLength` of 0 or more, a `MustBeType` of 0 to 9, a
+/// `MessageBoxIcon` of 0 to 4 ...; the two lists a property store with "NEl" and the items "1N" to its
+/// count, `Actions` exactly three flag words), and limits and a default value that leave room for each other
+/// when read under `locale` (the locale the form's fields will follow). Returns nullopt, or one line naming
+/// `sourceName`, the control and the entry or entries, and what is wrong.
+[[nodiscard]] std::optional<std::string> CheckFormDocument(const FormDocument& document,
+    std::string_view sourceName, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
-/// Reads the form file at `path` (at most 16 MiB) with `ParseFormJson`, naming the path as given in errors.
-[[nodiscard]] FormResult LoadFormFile(const std::filesystem::path& path);
+/// Reads the form file at `path` (at most 16 MiB) with `ParseFormJson` under `locale`, naming the path as
+/// given in errors.
+[[nodiscard]] FormResult LoadFormFile(
+    const std::filesystem::path& path, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
 /// The form as pretty-printed JSON in the layout `ParseFormJson` reads, one entry a line in store order.
 /// The two lists ("MustNotBeValues", "Actions") are written as the readable entries of the store their

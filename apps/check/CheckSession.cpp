@@ -51,7 +51,8 @@ CheckSession::CheckSession(const std::vector<CheckedField>& fields, const std::v
     std::string notes;
     for (const std::string& column : m_columns) {
         m_fieldOfColumn.push_back(FindField(m_fields, column));
-        if (m_fieldOfColumn.back() < 0) AppendUncheckedColumn(m_options.format, column, notes);
+        if (m_fieldOfColumn.back() < 0 && !IsRecordColumn(column))
+            AppendUncheckedColumn(m_options.format, column, notes);
     }
     for (const CheckedField& field : m_fields)
         if (std::find(m_columns.begin(), m_columns.end(), field.name) == m_columns.end())

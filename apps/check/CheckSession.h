@@ -42,9 +42,9 @@ struct Chunk {
 /// bounded: `Submit` waits while a few chunks per thread are on their way.
 class CheckSession {
 public:
-    /// Starts the threads and writes a line for each column no field matches and each field no column
-    /// matches. `source` names the data in fault lines; `firstLine` is the line the first chunk starts on;
-    /// `totalBytes` (0: unknown) scales the progress bar.
+    /// Starts the threads and writes a line for each column no field matches (save the columns of
+    /// `IsRecordColumn`) and each field no column matches. `source` names the data in fault lines;
+    /// `firstLine` is the line the first chunk starts on; `totalBytes` (0: unknown) scales the progress bar.
     CheckSession(const std::vector<CheckedField>& fields, const std::vector<std::string>& columns,
         const CheckOptions& options, std::FILE* out, std::FILE* err, std::string source, uint64_t firstLine,
         uint64_t totalBytes);

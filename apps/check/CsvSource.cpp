@@ -71,6 +71,7 @@ int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem:
             return fail(problem->what, problem->lineBreaksBefore + 1);
     }
     if (columns.empty()) return fail("no header row naming the columns");
+    if (const auto fault = NoFieldColumn(fields, columns)) return fail(*fault);
     buffer.erase(0, header.length);
 
     CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);

@@ -9,7 +9,7 @@ namespace quillmar::check {
 
 FormFields LoadFormFields(const std::filesystem::path& form, const LocaleInfo& locale) {
     FormFields result;
-    const FormResult loaded = LoadFormFile(form);
+    const FormResult loaded = LoadFormFile(form, locale);
     if (!loaded.document) {
         result.error = loaded.error;
         return result;
@@ -39,6 +39,21 @@ int FindField(const std::vector<CheckedField>& fields, std::string_view name) no
     for (size_t i = 0; i < fields.size(); ++i)
         if (fields[i].name == name) return static_cast<int>(i);
     return -1;
+}
+
+bool IsRecordColumn(std::string_view column) noexcept {
+    return column == "SubmittedAt";
+}
+
+std::optional<std::string> NoFieldColumn(
+    const std::vector<CheckedField>& fields, const std::vector<std::string>& columns) {
+    for (const std::string& column : columns)
+        if (FindField(fields, column) >= 0) return std::nullopt;
+    std::string names;
+    for (const CheckedField& field : fields)
+        names += (names.empty() ? "" : ", ") + field.name;
+    if (names.empty()) return "the form has no fields to check";
+    return "no column is named after a field of the form (" + names + ")";
 }
 
 } // namespace quillmar::check

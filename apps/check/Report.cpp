@@ -39,10 +39,21 @@ void AppendQuotedValue(std::u16string_view value, std::string& out) {
     out += cut ? "...\"" : "\"";
 }
 
-std::u16string AdvancedMessage(std::u16string_view value, int32_t bits, const PreparedRules& rules) {
-    Settings settings = rules.settings();
-    settings.ErrorMessageMode = vldAutoAdvanced;
+// What the field's final validation shows for the value: the author's own message as it stands (an empty one
+// shows an empty box) or the message its mode composes. The check takes no corrective action, so no action
+// line follows.
+std::u16string FieldMessage(std::u16string_view value, int32_t bits, const PreparedRules& rules) {
+    const Settings& settings = rules.settings();
+    if (settings.ErrorMessageMode == vldCustom) return settings.ErrorMessage;
     return ComposeErrorMessage(value, bits, 0, settings, rules.locale(), rules.maxLength());
+}
+
+// A count with its noun, singular for one: "1 row", "2 rows".
+void AppendCount(uint64_t count, std::string_view noun, std::string& out) {
+    AppendNumber(count, out);
+    out += ' ';
+    out += noun;
+    if (count != 1) out += 's';
 }
 
 } // namespace
@@ -87,7 +98,7 @@ void AppendRow(ReportFormat format, uint64_t row, std::string& out) {
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
     const PreparedRules& rules, std::string& out) {
     std::string message;
-    AppendUtf8(AdvancedMessage(value, bits, rules), message);
+    AppendUtf8(FieldMessage(value, bits, rules), message);
     if (format == ReportFormat::Text) {
         out += ", ";
         out += column;
@@ -100,10 +111,14 @@ void AppendViolation(ReportFormat format, std::string_view column, std::u16strin
             out += name;
             first = false;
         });
-        out += "]: ";
-        for (size_t at = 0; (at = message.find("\r\n", at)) != std::string::npos;)
-            message.replace(at, 2, " ");
-        out += message;
+        out += ']';
+        if (!message.empty()) {
+            // One report line per value: the message's lines, in any convention, are joined by a space.
+            for (size_t at = 0; (at = message.find_first_of("\r\n", at)) != std::string::npos;)
+                message.replace(at, message.compare(at, 2, "\r\n") == 0 ? 2 : 1, " ");
+            out += ": ";
+            out += message;
+        }
         out += '\n';
         return;
     }
@@ -157,10 +172,10 @@ void AppendSummary(ReportFormat format, const Summary& summary, std::string& out
         broken += field.second;
     if (format == ReportFormat::Text) {
         out += "checked ";
-        AppendNumber(summary.rows, out);
-        out += " rows, ";
-        AppendNumber(summary.values, out);
-        out += " values: ";
+        AppendCount(summary.rows, "row", out);
+        out += ", ";
+        AppendCount(summary.values, "value", out);
+        out += ": ";
         AppendNumber(broken, out);
         out += " broken\n";
         for (const auto& [name, count] : summary.brokenByField) {

@@ -13,9 +13,11 @@ namespace quillmar::check {
 enum class ReportFormat { Text, JsonLines };
 
 /// Appends the end of a broken value's report line, everything after its row number: the column, the value,
-/// the constraint names and the field's advanced message (text: `, Quantity "600" [vldCCMaxValue]: A ...`,
-/// the message's lines joined by a space; JSON: `,"column":...,"message":...}` with the lines kept), then
-/// a line feed.
+/// the constraint names and the message the field's final validation shows for it under its
+/// `ErrorMessageMode` (basic, advanced, or the author's own text as it stands) (text:
+/// `, Quantity "600" [vldCCMaxValue]: A ...`, the message's lines joined by a space, nothing after the
+/// constraints for an empty message; JSON: `,"column":...,"message":...}` with the lines kept), then a
+/// line feed.
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
     const PreparedRules& rules, std::string& out);
 
@@ -35,7 +37,8 @@ struct Summary {
     std::vector<std::pair<std::string, uint64_t>> brokenByField;
 };
 
-/// Appends the summary: the rows, the values, the broken values, and the broken values of each field.
+/// Appends the summary: the rows, the values, the broken values, and the broken values of each field
+/// ("checked 1 row, 6 values: 2 broken").
 void AppendSummary(ReportFormat format, const Summary& summary, std::string& out);
 
 /// Appends a JSON string literal of UTF-8 text.

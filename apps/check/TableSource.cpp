@@ -119,6 +119,7 @@ int CheckSqliteTable(const std::vector<CheckedField>& fields, const std::filesys
         columns.emplace_back(sqlite3_column_name(statement, i));
         fieldOfColumn.push_back(FindField(fields, columns.back()));
     }
+    if (const auto fault = NoFieldColumn(fields, columns)) return fail("table " + table + ": " + *fault);
     CheckSession session(fields, columns, options, out, err, name + " table " + table, 0, 0);
     Chunk chunk;
     chunk.ready = true;

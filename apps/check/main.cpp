@@ -2,6 +2,7 @@
 // the rules of the form's fields of the same name, and reports each broken value.
 #include "apps/check/CsvSource.h"
 #include "apps/check/FormFields.h"
+#include "apps/check/LocaleName.h"
 #include "apps/check/TableSource.h"
 
 #include <charconv>
@@ -16,7 +17,8 @@ constexpr const char* kUsage
     = "usage: quillmar-check [--locale NAME] [--format text|json] [--table NAME] [--threads N] FORM DATA\n"
       "  Checks each value of DATA (a CSV file with a header row, or with --table a table of an SQLite\n"
       "  database) with the rules of the form's field of the same name.\n"
-      "  Exit status: 0 every value valid, 1 some broken, 2 unusable input.\n";
+      "  Exit status: 0 every value valid, 1 some broken, 2 unusable input (an unknown locale, a broken\n"
+      "  form or data file, no column named after a field of the form).\n";
 
 int Usage(const char* problem) {
     std::fprintf(stderr, "quillmar-check: %s\n%s", problem, kUsage);
@@ -69,6 +71,16 @@ int main(int argc, char** argv) {
     if (paths.size() != 2) return Usage("expected a form file and a data file");
     options.progress = isatty(STDERR_FILENO) != 0;
 
+    // Values read in a locale nobody types in would be checked against formats nobody uses.
+    if (localeName) {
+        if (const auto unknown = UnknownLocale(*localeName)) return Usage(unknown->c_str());
+    } else if (const auto environment = EnvironmentLocale()) {
+        if (const auto unknown = UnknownLocale(environment->second)) {
+            std::fprintf(stderr, "quillmar-check: %s (from %s); name one with --locale\n", unknown->c_str(),
+                environment->first.c_str());
+            return 2;
+        }
+    }
     const LocaleInfo locale = localeName ? LocaleInfo::FromName(*localeName) : LocaleInfo::FromEnvironment();
     const FormFields form = LoadFormFields(std::filesystem::path(paths[0]), locale);
     if (!form.error.empty()) {

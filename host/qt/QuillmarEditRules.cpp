@@ -1,6 +1,7 @@
 // The field's rules as one text: what a `.ui` file and Designer's property editor carry for it.
 #include "host/qt/QuillmarEdit.h"
 
+#include "control/FormEntryRules.h"
 #include "control/FormFile.h"
 #include "host/standalone/MemoryPropertyStore.h"
 
@@ -86,6 +87,11 @@ QString QuillmarEdit::LoadRules(const QString& text) {
         if (!IsRuleEntry(entry.key))
             return QString::fromStdString(source + ": entry \"" + standalone::ToUtf8(entry.key)
                 + "\" is not a rule; it is a property of its own");
+    // The rules pass the same checks as a field of a form file, so that a value a form file refuses does
+    // not reach the field this way either.
+    if (const auto fault
+        = FieldEntriesFault(*parsed.entries, LocaleInfo::FromName(LocaleName().toStdString())))
+        return QString::fromStdString(source + ": " + fault->entries + ": " + fault->what);
 
     const MemoryPropertyStore before = Written(*m_control);
     FormDocument form;

@@ -2,9 +2,11 @@
 // fields that do not meet, malformed records, and the report of a file that breaks several rules.
 #include "apps/check/CsvSource.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/wait.h>
 
 namespace quillmar::check {
 namespace {
@@ -69,6 +71,13 @@ const CsvCase kCases[] = {
         "field DeliveryTime: no column of the data has this name; not checked\n",
         "" },
     { "columns.csv", 0, "checked 2 rows, 8 values: 0 broken", "" },
+    // The column quillmar-forms adds to its records is no surprise; one row is one row.
+    { "one.csv", 0, "checked 1 row, 6 values: 0 broken\n  CustomerName: 0\n", "" },
+    // Data that meets none of the fields is unusable, not valid.
+    { "nofield.csv", 2, "",
+        "quillmar-check: " QUILLMAR_CHECK_DATA_DIR
+        "/nofield.csv: no column is named after a field of the form "
+        "(CustomerName, CustomerCode, OrderDate, DeliveryTime, Quantity, UnitPrice)\n" },
     // Faults stop the check with the line the record starts on.
     { "malformed.csv", 2, "",
         "quillmar-check: " QUILLMAR_CHECK_DATA_DIR "/malformed.csv, line 4: malformed CSV record: a quote "
@@ -101,9 +110,82 @@ TEST(CsvCheck, ReportsEveryBrokenValueInRowOrderAsTextAndJsonLines) {
     EXPECT_EQ(Check("broken.csv", json).out, Slurp("broken.jsonl"));
 }
 
+// The message is the one the field's final validation shows, in the field's own mode.
+TEST(CsvCheck, MessageIsTheOneTheFieldShows) {
+    const struct {
+        ErrorMessageModeConstants mode;
+        const char16_t* custom;
+        const char* text;
+        const char* json;
+    } rows[] = {
+        { vldAutoBasic, u"", ": Invalid numeric entry.\n", R"("message":"Invalid numeric entry."})" },
+        { vldAutoAdvanced, u"", ": An integer between 1 and 500 is required.\n",
+            R"("message":"An integer between 1 and 500 is required."})" },
+        // The author's lines, whatever their breaks, stay one report line.
+        { vldCustom, u"At most 500,\r\nplease.\nThank you.", ": At most 500, please. Thank you.\n",
+            R"("message":"At most 500,\r\nplease.\nThank you."})" },
+        // An empty custom message shows an empty box: no words follow the constraints.
+        { vldCustom, u"", "[vldCCMaxValue]\n", R"("message":""})" },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        Settings settings;
+        settings.MustBeType = vldInteger;
+        settings.MinValue = 1.0;
+        settings.MaxValue = 500.0;
+        settings.ErrorMessageMode = row.mode;
+        settings.ErrorMessage = row.custom;
+        const PreparedRules rules(settings, LocaleInfo::FromName("en_US"), 0);
+        std::string text;
+        AppendViolation(ReportFormat::Text, "Quantity", u"600", vldCCMaxValue, rules, text);
+        EXPECT_TRUE(text.ends_with(row.text)) << text;
+        std::string json;
+        AppendViolation(ReportFormat::JsonLines, "Quantity", u"600", vldCCMaxValue, rules, json);
+        EXPECT_TRUE(json.ends_with(std::string(row.json) + "\n")) << json;
+    }
+}
+
+// The tool itself: a locale it does not know is refused, never read as another; an encoding is no part of
+// a locale's name, and C in the environment is American English.
+TEST(CsvCheck, ToolRefusesALocaleItDoesNotKnow) {
+    const struct {
+        const char* environment;
+        const char* option;
+        int status;
+        const char* err; // the start of the error stream
+    } rows[] = {
+        { "LANG=de_DE", "--locale xx_YY", 2, "quillmar-check: unknown locale \"xx_YY\"" },
+        { "LANG=de_DE", "--locale german", 2, "quillmar-check: unknown locale \"german\"" },
+        { "LANG=de_DE", "--locale ''", 2, "quillmar-check: unknown locale \"\"" },
+        { "LANG=german", "", 2,
+            "quillmar-check: unknown locale \"german\" (expected a language and a country" },
+        { "LANG=xx_YY", "--locale de_DE.UTF-8", 1, "" }, // 3/15/2024 is no date in German
+        { "LANG=de_DE@euro", "", 1, "" }, // 3/15/2024 is no date in German
+        { "LANG=C.UTF-8", "", 0, "" },
+        { "LANG=POSIX", "", 0, "" },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.environment) + " " + row.option);
+        const std::string errPath = ::testing::TempDir() + "/check-locale.err";
+        const std::string command = std::string("env -u LC_ALL -u LC_NUMERIC ") + row.environment + " "
+            + QUILLMAR_CHECK_BINARY + " " + row.option + " " + DataPath("check.qform.json") + " "
+            + DataPath("columns.csv") + " >/dev/null 2>" + errPath;
+        const int status = std::system(command.c_str());
+        ASSERT_TRUE(WIFEXITED(status));
+        EXPECT_EQ(WEXITSTATUS(status), row.status);
+        std::ifstream errFile(errPath);
+        std::stringstream err;
+        err << errFile.rdbuf();
+        EXPECT_EQ(err.str().substr(0, std::string_view(row.err).size()), row.err);
+        if (row.status != 2) {
+            EXPECT_EQ(err.str(), "");
+        }
+    }
+}
+
 TEST(CsvCheck, TinyChunksOnManyThreadsGiveTheSequentialResult) {
-    for (const char* file :
-        { "quoted.csv", "columns.csv", "malformed.csv", "short.csv", "unclosed.csv", "broken.csv" }) {
+    for (const char* file : { "quoted.csv", "columns.csv", "malformed.csv", "short.csv", "unclosed.csv",
+             "broken.csv", "one.csv" }) {
         SCOPED_TRACE(file);
         CheckOptions sequential;
         sequential.threads = 1;

@@ -207,12 +207,39 @@ const std::pair<std::string, std::string> kBroken[] = {
             + R"(entry "MustNotBeValues": item "NEl": expected a value of type Integer, got type Long)" },
     { FormWith("", R"("top": 10001, )"),
         kQuantity.substr(0, kQuantity.size() - 2) + ": the place or size lies outside 10000 pixels" },
+    // A misspelt name at any level is refused, not ignored (the option would silently be off).
+    { R"({"title": "T", "width": 1, "height": 1, "showInlineStat": true, "controls": []})",
+        R"(broken.qform.json: field "showInlineStat" is not one a form has (title, width, height, )" },
+    { FormWith("", R"("top": 0, "tooltip": "Q", )"),
+        kQuantity.substr(0, kQuantity.size() - 2)
+            + R"(: field "tooltip" is not one a control has (name, label, toolTip, )" },
+    { FormWith(R"("MaxLength": {"type": "Long", "value": 3, "comment": "x"})"),
+        kQuantity + R"(entry "MaxLength": field "comment" is not one an entry has (type, value))" },
+    { FormWith(Entry("MustNotBeValues", "ByteArray",
+          R"({"NEl": {"type": "Integer", "value": 1}, "1N": {"type": "Long", "value": 1, "kind": "x"}})")),
+        kQuantity + R"(entry "MustNotBeValues": entry "1N": field "kind" is not one an entry has)" },
+    { FormWith(Entry("Font", "ByteArray",
+          R"({"Name": {"type": "String", "value": "Sans"}, "Colour": {"type": "Long", "value": 1}})")),
+        kQuantity + R"(entry "Font": item "Colour": not a key of a font)" },
+    // Limits that leave no value, as the Number/Date,Time and General pages refuse them, read in the locale.
+    { FormWith(Entry("MinValue", "Double", "10") + ", " + Entry("MaxValue", "String", R"("5")") + ", "
+          + Entry("MustBeType", "Long", "3")),
+        kQuantity + R"(entries "MinValue" and "MaxValue": the minimum "10" lies above the maximum "5")" },
+    { FormWith(Entry("DefaultValue", "String", R"("1,000.5")") + ", " + Entry("MaxValue", "Double", "500")
+          + ", " + Entry("MustBeType", "Long", "6")),
+        kQuantity
+            + R"(entries "DefaultValue" and "MaxValue": the default value "1,000.5" lies above the maximum "500")" },
+    { FormWith(Entry("DefaultValue", "String", R"("12/31/2019")") + ", " + Entry("MinValue", "Date", "43831")
+          + ", " + Entry("MustBeType", "Long", "8")),
+        kQuantity
+            + R"(entries "DefaultValue" and "MinValue": the default value "12/31/2019" lies below the minimum )"
+              R"("1/1/2020")" },
 };
 
 TEST(FormFile, BrokenFormsGiveOneLineNamingTheFileTheFieldAndTheProperty) {
     for (const auto& [json, message] : kBroken) {
         SCOPED_TRACE(message);
-        const FormResult result = ParseFormJson(json, "broken.qform.json");
+        const FormResult result = ParseFormJson(json, "broken.qform.json", LocaleInfo::FromName("en_US"));
         EXPECT_FALSE(result.document);
         EXPECT_EQ(result.error.substr(0, message.size()), message);
         EXPECT_EQ(result.error.find('\n'), std::string::npos);

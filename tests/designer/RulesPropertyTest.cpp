@@ -120,9 +120,14 @@ TEST_F(RulesProperty, RefusedTextSaysWhyAndChangesNothing) {
         { R"({"MustNotBeValues": {"type": "String", "value": "13"}})", "holding a property store" },
         { R"({"MustNotBeValues": {"type": "ByteArray", "value": {"1N": {"type": "Long"}}}})",
             "missing field \"value\"" },
-        // The writer refuses the type after the other rules were read: they go back too.
+        // The entries are checked as a form file's are, before any of them reaches the field.
         { R"({"MustBePositive": {"type": "Boolean", "value": true}, "MustBeType": {"type": "Long", "value": 42}})",
-            "entry \"MustBeType\": the stored value was refused with error 380" },
+            "entry \"MustBeType\": expected 0 to 9, got 42" },
+        { R"({"MessageBoxIcon": {"type": "Integer", "value": 9}})",
+            "entry \"MessageBoxIcon\": expected 0 to 4, got 9" },
+        { R"({"MinValue": {"type": "String", "value": "500"}, "MaxValue": {"type": "Double", "value": 1}, )"
+          R"("MustBeType": {"type": "Long", "value": 3}})",
+            "entries \"MinValue\" and \"MaxValue\": the minimum \"500\" lies above the maximum \"1\"" },
     };
     for (const auto& [text, error] : rows) {
         SCOPED_TRACE(text);
