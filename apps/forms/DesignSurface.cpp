@@ -254,7 +254,15 @@ int DesignSurface::CreateField(std::optional<QPoint> at) {
     placed.field.height = clamped.height();
     QuietScope quiet(*this);
     qt::QuillmarEdit* edit = AddEntry(placed);
-    edit->control().InitProperties();
+    // A placed field starts careful: no text to become its value in run mode, and no corrective action that
+    // would put a guess in place of what a person typed until its author chooses one.
+    Quillmar& control = edit->control();
+    control.InitProperties();
+    control.SetText(u"");
+    VariantArray actions = control.Actions();
+    for (size_t slot = 1; slot < actions.size(); ++slot)
+        actions[slot] = Variant(int32_t { actions[slot].AsLong() & ~vldACChecked });
+    control.SetActions(actions);
     edit->SetMessageBoxTitle(MessageTitleFor(name));
     emit FieldsChanged();
     return placed.id;

@@ -129,7 +129,12 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quillmar1"))).topLeft(), QPoint(200, 40));
     for (const char* name : { "Quillmar1", "Quillmar2", "Quillmar3" }) {
         EXPECT_FALSE(Field(name)->UserMode());
-        EXPECT_EQ(Field(name)->Text(), QString::fromLatin1(name)); // initialised, not loaded
+        // Initialised, not loaded, and careful: no text, and no action puts a guess in place of what is
+        // typed.
+        EXPECT_EQ(Field(name)->Text(), QString());
+        EXPECT_EQ(Field(name)->control().Actions(),
+            (VariantArray { Variant(), int32_t { vldACInsertClosest }, int32_t { vldACReturnPrevious },
+                int32_t { vldACInsertDefault } }));
         EXPECT_EQ(
             Field(name)->MessageBoxTitle(), QStringLiteral("Invalid Entry: ") + QString::fromLatin1(name));
     }
@@ -266,7 +271,7 @@ TEST_F(DesignMode, F5RunsTheFormBeingDesignedWithItsHints) {
     ASSERT_EQ(window->RunWindow()->Fields().size(), 1u);
     const qt::QuillmarEdit* running = window->RunWindow()->Fields()[0];
     EXPECT_TRUE(running->UserMode());
-    EXPECT_EQ(running->Text(), QStringLiteral("Quillmar1"));
+    EXPECT_EQ(running->Text(), QString());
     EXPECT_TRUE(running->ShowRefusalTips());
     EXPECT_FALSE(running->ShowInlineState());
     EXPECT_FALSE(window->Surface()->isEnabled());
