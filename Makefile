@@ -66,11 +66,15 @@ fuzz-smoke: setup
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b; done
 
+# The example's records go to the user's data folder, never into the source tree.
 run: build
 	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
 	  echo "make run: no display to show quillmar-forms on; run it under a virtual one with: xvfb-run -a make run"; \
 	else \
-	  $(BUILD)/apps/forms/quillmar-forms examples/orders.qform.json; \
+	  data="$${XDG_DATA_HOME:-$$HOME/.local/share}/quillmar"; \
+	  case "$$data" in /*) ;; *) data="$$HOME/.local/share/quillmar";; esac; \
+	  mkdir -p "$$data" && \
+	  $(BUILD)/apps/forms/quillmar-forms examples/orders.qform.json --database "$$data/orders.sqlite"; \
 	fi
 
 clean:

@@ -24,7 +24,9 @@
 #include <QToolBar>
 
 #include <deque>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace quillmar::forms {
 namespace {
@@ -297,7 +299,7 @@ bool DesignWindow::OpenForm(const QString& path) {
         if (auto refused = TryLoad(*form.document, source)) form = { std::nullopt, *refused };
     if (!form.document) {
         Ask(QMessageBox::Warning, tr("Open Form"),
-            tr("The form cannot be opened:\n%1").arg(QString::fromStdString(form.error)), QMessageBox::Ok);
+            FormWindow::CannotOpenText(QString::fromStdString(form.error)), QMessageBox::Ok);
         return false;
     }
     ShowForm(*form.document, path);
@@ -551,14 +553,27 @@ void DesignWindow::Run() {
         Ask(QMessageBox::Warning, tr("Run Form"), QString::fromStdString(*fault), QMessageBox::Ok);
         return Design();
     }
-    const QString database = m_path.isEmpty()
-        ? QDir::temp().filePath(QStringLiteral("quillmar-new-form.sqlite"))
-        : QString::fromStdString(DefaultDatabasePath(m_path.toStdString()).string());
+    // A form not saved yet has no folder of its own: its records go to the user's data folder.
+    std::filesystem::path database;
+    if (m_path.isEmpty()) {
+        std::error_code ignored; // a folder that cannot be made is reported with the database
+        std::filesystem::create_directories(UserDataFolder(), ignored);
+        database = UserDataFolder() / "new-form.sqlite";
+    } else {
+        database = DefaultDatabasePath(m_path.toStdString());
+    }
     delete m_runWindow;
-    m_runWindow = new FormWindow(document, m_path.isEmpty() ? source : m_path, database);
+    m_runWindow = new FormWindow(
+        document, m_path.isEmpty() ? source : m_path, QString::fromStdString(database.string()));
     m_runWindow->setAttribute(Qt::WA_DeleteOnClose);
     m_runWindow->SetLocaleName(m_localeName);
     (void)m_runWindow->Load(source.toStdString());
+    // The author learns it now, not at the first Submit; the form still runs to be tried out.
+    if (const auto problem = m_runWindow->CheckDatabase())
+        Ask(QMessageBox::Warning, tr("Run Form"),
+            tr("Records of this form cannot be stored in %1:\n%2.")
+                .arg(Shown(QString::fromStdString(database.string())), *problem),
+            QMessageBox::Ok);
     // Queued: a widget tells it is destroyed before the pointer to it reads null.
     connect(
         m_runWindow, &QObject::destroyed, this,

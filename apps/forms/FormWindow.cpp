@@ -15,6 +15,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <memory>
+#include <utility>
+
 namespace quillmar::forms {
 namespace {
 
@@ -23,6 +26,11 @@ constexpr int kLabelGap = 8;
 
 QString Shown(const QString& path) {
     return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+}
+
+// A form not saved yet is named in words ("the new form"), not as a file.
+QString ShownForm(const QString& path) {
+    return QFileInfo::exists(path) ? Shown(path) : path;
 }
 
 QString TableOf(const FormDocument& document, const QString& formPath) {
@@ -40,26 +48,9 @@ FormWindow::FormWindow(
     , m_databasePath(databasePath)
     , m_table(TableOf(document, formPath)) {
     setWindowTitle(qt::ToQString(document.title) + QStringLiteral(" \u2014 Quillmar Forms"));
-    auto* area = new QWidget(this);
-    area->setFixedSize(document.width, document.height);
-    area->setFont(FormAmbientFont());
-    QWidget* previous = nullptr;
-    for (const FormControl& control : document.controls) {
-        auto* label = new QLabel(qt::ToQString(control.label) + QLatin1Char(':'), area);
-        label->setFont(QApplication::font());
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        label->setGeometry(control.left - kLabelWidth - kLabelGap, control.top, kLabelWidth, control.height);
-        auto* field = new qt::QuillmarEdit(area);
-        field->setObjectName(qt::ToQString(control.name));
-        field->setGeometry(control.left, control.top, control.width, control.height);
-        field->setToolTip(qt::ToQString(control.toolTip));
-        field->SetShowRefusalTips(document.showRefusalTips);
-        field->SetShowInlineState(document.showInlineState);
-        label->setBuddy(field);
-        if (previous) QWidget::setTabOrder(previous, field);
-        previous = field;
-        m_fields.push_back(field);
-    }
+    m_area = new QWidget(this);
+    m_area->setFixedSize(document.width, document.height);
+    m_area->setFont(FormAmbientFont());
 
     // Clicking Submit does not take the focus, so the field being typed in is not left (and finally
     // validated on its own) first: Submit checks it with all the others. Return stays with the field.
@@ -67,35 +58,128 @@ FormWindow::FormWindow(
     m_submit->setFocusPolicy(Qt::TabFocus);
     m_submit->setAutoDefault(false);
     m_submit->setToolTip(tr("Stores the record (Ctrl+Return)"));
-    auto* close = new QPushButton(tr("&Close"), this);
-    close->setAutoDefault(false);
+    m_close = new QPushButton(tr("&Close"), this);
+    m_close->setAutoDefault(false);
     connect(m_submit, &QPushButton::clicked, this, [this] { Submit(); });
-    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_close, &QPushButton::clicked, this, &QWidget::close);
     for (const QKeyCombination keys : { Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter })
         connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, [this] { Submit(); });
+    BuildFields();
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_submit);
-    buttons->addWidget(close);
+    buttons->addWidget(m_close);
     m_status = new QStatusBar(this);
     m_status->setSizeGripEnabled(false);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(area);
+    layout->addWidget(m_area);
     layout->addLayout(buttons);
     layout->addWidget(m_status);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    ShowStatus(tr("Records go to %1 \u00b7 Form: %2").arg(Shown(m_databasePath), Shown(m_formPath)));
+    ShowStatus(tr("Records go to %1 \u00b7 Form: %2").arg(Shown(m_databasePath), ShownForm(m_formPath)));
+}
+
+void FormWindow::BuildFields() {
+    QWidget* previous = nullptr;
+    for (const FormControl& control : m_document.controls) {
+        auto* label = new QLabel(qt::ToQString(control.label) + QLatin1Char(':'), m_area);
+        label->setFont(QApplication::font());
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        label->setGeometry(control.left - kLabelWidth - kLabelGap, control.top, kLabelWidth, control.height);
+        auto* field = new qt::QuillmarEdit(m_area);
+        field->setObjectName(qt::ToQString(control.name));
+        field->setGeometry(control.left, control.top, control.width, control.height);
+        field->setToolTip(qt::ToQString(control.toolTip));
+        field->SetShowRefusalTips(m_document.showRefusalTips);
+        field->SetShowInlineState(m_document.showInlineState);
+        label->setBuddy(field);
+        label->show(); // widgets added to a shown window stay hidden until told
+        field->show();
+        if (previous) QWidget::setTabOrder(previous, field);
+        previous = field;
+        m_labels.push_back(label);
+        m_fields.push_back(field);
+    }
+    if (previous) QWidget::setTabOrder(previous, m_submit);
+    QWidget::setTabOrder(m_submit, m_close);
 }
 
 std::optional<std::string> FormWindow::Load(std::string_view sourceName) {
+    m_sourceName = sourceName;
+    return LoadFields();
+}
+
+std::optional<std::string> FormWindow::LoadFields() {
     size_t next = 0;
-    auto error = BuildFormControls(m_document, sourceName,
+    auto error = BuildFormControls(m_document, m_sourceName,
         [this, &next](const FormControl&) -> Quillmar& { return m_fields[next++]->control(); });
     m_initialTexts.clear();
-    for (const qt::QuillmarEdit* field : m_fields)
+    for (qt::QuillmarEdit* field : m_fields) {
         m_initialTexts.push_back(field->Text());
+        field->SetLocaleName(m_localeName);
+        if (m_fieldSetup) m_fieldSetup(*field);
+    }
     return error;
+}
+
+void FormWindow::NewRecord() {
+    const std::vector<qt::QuillmarEdit*> fields = std::exchange(m_fields, {});
+    const std::vector<QWidget*> labels = std::exchange(m_labels, {});
+    BuildFields();
+    (void)LoadFields(); // the same entries loaded without a fault when the form opened
+    for (qt::QuillmarEdit* field : fields)
+        field->SkipNextFocusExit();
+    if (!m_fields.empty()) FocusField(m_fields.front());
+    // Only once the focus has left them, so that no old field hands it on (and is left) as it goes.
+    qDeleteAll(fields);
+    qDeleteAll(labels);
+}
+
+std::unique_ptr<FormWindow> FormWindow::Open(const QString& formPath, const QString& databasePath,
+    const std::function<void(const std::string& line)>& log, const MessageHandler& messages) {
+    const auto refuse = [&](const std::string& error) {
+        if (log) log(error);
+        ShowMessage(messages, nullptr, MessageKind::Warning, tr("Open Form"),
+            CannotOpenText(QString::fromStdString(error)));
+        return nullptr;
+    };
+    const std::string source = formPath.toStdString();
+    const FormResult form = LoadFormFile(source);
+    if (!form.document) return refuse(form.error);
+    auto window = std::make_unique<FormWindow>(*form.document, formPath, databasePath);
+    if (const auto error = window->Load(source)) return refuse(*error);
+    if (const auto problem = window->CheckDatabase())
+        return refuse(
+            tr("Records cannot be stored in %1: %2").arg(Shown(databasePath), *problem).toStdString());
+    return window;
+}
+
+QString FormWindow::CannotOpenText(const QString& error) {
+    return tr("The form cannot be opened:\n%1").arg(error);
+}
+
+std::optional<QString> FormWindow::CheckDatabase() {
+    auto problem = RecordStore(m_databasePath, m_table, Columns()).Problem();
+    if (problem)
+        ShowStatus(tr("Records cannot be stored in %1: %2 \u00b7 Form: %3")
+                       .arg(Shown(m_databasePath), *problem, ShownForm(m_formPath)));
+    return problem;
+}
+
+void FormWindow::SetFieldSetup(std::function<void(qt::QuillmarEdit&)> setup) {
+    m_fieldSetup = std::move(setup);
+    if (m_fieldSetup)
+        for (qt::QuillmarEdit* field : m_fields)
+            m_fieldSetup(*field);
+}
+
+std::vector<Column> FormWindow::Columns() const {
+    std::vector<Column> columns;
+    for (size_t i = 0; i < m_fields.size(); ++i)
+        columns.push_back({ qt::ToQString(m_document.controls[i].name),
+            ColumnTypeOf(m_fields[i]->control().MustBeType()) });
+    return columns;
 }
 
 void FormWindow::SetLocaleName(const QString& name) {
@@ -113,12 +197,15 @@ QMessageBox* FormWindow::MakeMessageBox(
     return box;
 }
 
+bool FormWindow::ShowMessage(const MessageHandler& handler, QWidget* parent, MessageKind kind,
+    const QString& title, const QString& text) {
+    if (handler) return handler(kind, title, text);
+    const std::unique_ptr<QMessageBox> box(MakeMessageBox(parent, kind, title, text));
+    return box->exec() == QMessageBox::Yes;
+}
+
 bool FormWindow::ShowMessage(MessageKind kind, const QString& title, const QString& text) {
-    if (m_messageHandler) return m_messageHandler(kind, title, text);
-    QMessageBox* box = MakeMessageBox(this, kind, title, text);
-    const int answer = box->exec();
-    delete box;
-    return answer == QMessageBox::Yes;
+    return ShowMessage(m_messageHandler, this, kind, title, text);
 }
 
 // Moving the focus for the clerk is not the clerk leaving a field: the field left behind is not finally
@@ -155,14 +242,10 @@ FormWindow::SubmitOutcome FormWindow::Submit() {
         return SubmitOutcome::Invalid;
     }
 
-    std::vector<Column> columns;
     std::vector<StoredValue> values;
-    for (size_t i = 0; i < m_fields.size(); ++i) {
-        const Quillmar& control = m_fields[i]->control();
-        columns.push_back({ qt::ToQString(m_document.controls[i].name), ColumnTypeOf(control.MustBeType()) });
-        values.push_back(StoredValueOf(control.Value(), control.MustBeType()));
-    }
-    RecordStore store(m_databasePath, m_table, std::move(columns));
+    for (const qt::QuillmarEdit* field : m_fields)
+        values.push_back(StoredValueOf(field->control().Value(), field->control().MustBeType()));
+    RecordStore store(m_databasePath, m_table, Columns());
     store.SetBusyTimeout(m_busyTimeout);
     const StoreResult result = store.Append(values, QDateTime::currentDateTimeUtc().toString(Qt::ISODate));
     if (!result.stored) {
@@ -172,12 +255,10 @@ FormWindow::SubmitOutcome FormWindow::Submit() {
         return SubmitOutcome::NotStored;
     }
 
-    for (size_t i = 0; i < m_fields.size(); ++i)
-        m_fields[i]->SetText(m_initialTexts[i]);
-    if (!m_fields.empty()) FocusField(m_fields.front());
+    NewRecord();
     const QString records = result.count == 1 ? tr("1 record") : tr("%1 records").arg(result.count);
     ShowStatus(tr("Record stored: %1 holds %2 \u00b7 Form: %3")
-                   .arg(Shown(m_databasePath), records, Shown(m_formPath)));
+                   .arg(Shown(m_databasePath), records, ShownForm(m_formPath)));
     return SubmitOutcome::Stored;
 }
 

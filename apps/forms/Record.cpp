@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 namespace quillmar::forms {
 namespace {
@@ -127,6 +128,14 @@ std::filesystem::path DefaultDatabasePath(const std::filesystem::path& formFile)
     else
         name = formFile.stem().string();
     return formFile.parent_path() / (name + ".sqlite");
+}
+
+std::filesystem::path UserDataFolder() {
+    const char* dataHome = std::getenv("XDG_DATA_HOME");
+    if (dataHome && std::filesystem::path(dataHome).is_absolute())
+        return std::filesystem::path(dataHome) / "quillmar";
+    const char* home = std::getenv("HOME");
+    return std::filesystem::path(home ? home : "") / ".local" / "share" / "quillmar";
 }
 
 } // namespace quillmar::forms

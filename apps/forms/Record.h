@@ -43,4 +43,9 @@ using StoredValue = std::variant<std::monostate, int64_t, double, std::u16string
 /// ".sqlite" in place of ".qform.json" (or of its last extension): orders.qform.json gives orders.sqlite.
 [[nodiscard]] std::filesystem::path DefaultDatabasePath(const std::filesystem::path& formFile);
 
+/// The folder for records that have no form file of their own to sit beside (the example form, a new form
+/// not yet saved): "quillmar" in `$XDG_DATA_HOME`, or in `~/.local/share` when that is unset, empty or not
+/// an absolute path (as the XDG base directory rules say). Creates nothing.
+[[nodiscard]] std::filesystem::path UserDataFolder();
+
 } // namespace quillmar::forms

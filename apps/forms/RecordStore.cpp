@@ -2,6 +2,9 @@
 
 #include "host/qt/QtConversions.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -59,6 +62,13 @@ QString Reason(const QSqlError& error) {
     return QStringLiteral("SQLite reports: ") + text;
 }
 
+// Another program holds the database's write lock.
+bool IsLockedOut(const QSqlError& error) {
+    bool numeric = false;
+    const int code = error.nativeErrorCode().toInt(&numeric) & 0xff;
+    return numeric && (code == kBusy || code == kLocked);
+}
+
 QVariant Bound(const StoredValue& value) {
     if (const auto* integer = std::get_if<int64_t>(&value)) return QVariant(qint64 { *integer });
     if (const auto* real = std::get_if<double>(&value)) return QVariant(*real);
@@ -77,6 +87,35 @@ RecordStore::RecordStore(QString databasePath, QString table, std::vector<Column
 
 StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QString& submittedAt) {
     assert(values.size() + 1 == m_columns.size() && "one value per field");
+    return Transact(&values, submittedAt, m_busyTimeout);
+}
+
+std::optional<QString> RecordStore::Problem() const {
+    const QFileInfo file(m_path);
+    if (!file.exists()) {
+        // Opening would create an empty database; a file created and removed at once says the same.
+        const QFileInfo folder(file.absolutePath());
+        if (!folder.isDir())
+            return QStringLiteral("the folder %1 does not exist")
+                .arg(QDir::toNativeSeparators(folder.absoluteFilePath()));
+        QFile probe(m_path);
+        if (!probe.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            return QStringLiteral("the database file cannot be created there (%1)").arg(probe.errorString());
+        probe.remove();
+        return std::nullopt;
+    }
+    // SQLite finds out only when it writes (the file at the commit, the folder for its journal).
+    if (!file.isWritable() || !QFileInfo(file.absolutePath()).isWritable())
+        return QStringLiteral("the database can only be read (the file or its folder is read-only)");
+    // A short wait: a lock held by another program is not a problem of the database.
+    constexpr int kCheckBusyTimeout = 100;
+    const StoreResult result = Transact(nullptr, {}, kCheckBusyTimeout);
+    if (result.stored) return std::nullopt;
+    return result.reason;
+}
+
+StoreResult RecordStore::Transact(
+    const std::vector<StoredValue>* values, const QString& submittedAt, int busyTimeout) const {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
         return { false, 0,
             QStringLiteral("Qt's SQLite driver is not installed (package libqt6sql6-sqlite)") };
@@ -87,14 +126,16 @@ StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QS
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
         db.setDatabaseName(m_path);
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(m_busyTimeout));
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
         result = [&]() -> StoreResult {
             if (!db.open()) return { false, 0, Reason(db.lastError()) };
             QSqlQuery query(db);
             // The write lock is taken first, so that checking the table, inserting and counting see one
             // state.
-            if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+            if (!query.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
+                if (!values && IsLockedOut(query.lastError())) return { true, 0, {} };
                 return { false, 0, Reason(query.lastError()) };
+            }
             const auto fail = [&](QString reason) {
                 QSqlQuery(db).exec(QStringLiteral("ROLLBACK"));
                 return StoreResult { false, 0, std::move(reason) };
@@ -105,14 +146,7 @@ StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QS
             std::vector<std::pair<QString, QString>> existing; // name and declared type
             while (query.next())
                 existing.emplace_back(query.value(1).toString(), query.value(2).toString());
-            if (existing.empty()) {
-                QStringList definitions;
-                for (const Column& column : m_columns)
-                    definitions << Quoted(column.name) + QLatin1Char(' ') + TypeName(column.type);
-                if (!query.exec(QStringLiteral("CREATE TABLE %1 (%2)")
-                                    .arg(Quoted(m_table), definitions.join(QStringLiteral(", ")))))
-                    return fail(Reason(query.lastError()));
-            } else {
+            if (!existing.empty()) {
                 QStringList missing, retyped;
                 for (const Column& column : m_columns) {
                     const auto found = std::find_if(existing.begin(), existing.end(), [&](const auto& name) {
@@ -135,7 +169,19 @@ StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QS
                     return fail(QStringLiteral("the table %1 no longer matches this form: %2")
                                     .arg(m_table, faults.join(QStringLiteral("; "))));
             }
+            if (!values) {
+                QSqlQuery(db).exec(QStringLiteral("ROLLBACK")); // nothing was written
+                return { true, 0, {} };
+            }
 
+            if (existing.empty()) {
+                QStringList definitions;
+                for (const Column& column : m_columns)
+                    definitions << Quoted(column.name) + QLatin1Char(' ') + TypeName(column.type);
+                if (!query.exec(QStringLiteral("CREATE TABLE %1 (%2)")
+                                    .arg(Quoted(m_table), definitions.join(QStringLiteral(", ")))))
+                    return fail(Reason(query.lastError()));
+            }
             QStringList names, placeholders;
             for (const Column& column : m_columns) {
                 names << Quoted(column.name);
@@ -145,7 +191,7 @@ StoreResult RecordStore::Append(const std::vector<StoredValue>& values, const QS
                                    .arg(Quoted(m_table), names.join(QStringLiteral(", ")),
                                        placeholders.join(QStringLiteral(", ")))))
                 return fail(Reason(query.lastError()));
-            for (const StoredValue& value : values)
+            for (const StoredValue& value : *values)
                 query.addBindValue(Bound(value));
             query.addBindValue(submittedAt);
             if (!query.exec()) return fail(Reason(query.lastError()));

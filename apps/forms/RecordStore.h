@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace quillmar::forms {
@@ -46,7 +47,19 @@ public:
     /// type leave it unchanged and give the reason. Columns of the table that the form lacks are left NULL.
     [[nodiscard]] StoreResult Append(const std::vector<StoredValue>& values, const QString& submittedAt);
 
+    /// Whether a record could be stored now, found without writing or creating anything: nullopt when the
+    /// file is an SQLite database this program may write whose table (if it has one yet) matches the
+    /// columns, or when there is no file yet and one may be created there; otherwise the reason, in the
+    /// words `Append` would give it. A database another program holds locked passes, since a record waits
+    /// for the lock.
+    [[nodiscard]] std::optional<QString> Problem() const;
+
 private:
+    /// Takes the write lock and checks the table; with `values`, creates the table when there is none,
+    /// appends them and commits; without, rolls back, so that the file is as it was.
+    [[nodiscard]] StoreResult Transact(
+        const std::vector<StoredValue>* values, const QString& submittedAt, int busyTimeout) const;
+
     QString m_path;
     QString m_table;
     std::vector<Column> m_columns;

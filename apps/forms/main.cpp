@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -90,6 +92,8 @@ void TypeKeys(QWidget* target, const QString& keys) {
 } // namespace
 
 int main(int argc, char** argv) {
+    using quillmar::forms::DefaultDatabasePath;
+    using quillmar::forms::UserDataFolder;
     if (!HasDisplay()) {
         std::fprintf(stderr,
             "quillmar-forms: no display to show the form on (DISPLAY is not set); run it under a virtual one "
@@ -109,7 +113,8 @@ int main(int argc, char** argv) {
         QStringLiteral("file"));
     const QCommandLineOption database(QStringLiteral("database"),
         QStringLiteral("Stores the records in <file> (by default beside the form, named after it: "
-                       "orders.qform.json stores in orders.sqlite)."),
+                       "orders.qform.json stores in orders.sqlite; the example form's in the user's data "
+                       "folder, $XDG_DATA_HOME/quillmar or ~/.local/share/quillmar)."),
         QStringLiteral("file"));
     const QCommandLineOption fill(QStringLiteral("fill"),
         QStringLiteral("Starts the field <name> with <text> (repeatable)."), QStringLiteral("name=text"));
@@ -131,23 +136,29 @@ int main(int argc, char** argv) {
     parser.process(app);
     if (parser.isSet(design)) return Design(parser, screenshot, select, properties);
 
+    // The example form lies in the source tree or among the installed files: its records go to the user's
+    // data folder instead of beside it.
     const QStringList positional = parser.positionalArguments();
     const std::filesystem::path path
         = positional.isEmpty() ? DefaultForm() : std::filesystem::path(positional.first().toStdString());
-    const quillmar::FormResult form = quillmar::LoadFormFile(path);
-    if (!form.document) {
-        std::fprintf(stderr, "quillmar-forms: %s\n", form.error.c_str());
-        return 1;
+    std::filesystem::path databasePath = DefaultDatabasePath(path);
+    if (parser.isSet(database)) {
+        databasePath = parser.value(database).toStdString();
+    } else if (positional.isEmpty()) {
+        std::error_code ignored; // a folder that cannot be made is reported with the database
+        std::filesystem::create_directories(UserDataFolder(), ignored);
+        databasePath = UserDataFolder() / databasePath.filename();
     }
-    const QString databasePath = parser.isSet(database)
-        ? parser.value(database)
-        : QString::fromStdString(quillmar::forms::DefaultDatabasePath(path).string());
     using quillmar::forms::FormWindow;
-    FormWindow window(*form.document, QString::fromStdString(path.string()), databasePath);
-    if (const auto error = window.Load(path.string())) {
-        std::fprintf(stderr, "quillmar-forms: %s\n", error->c_str());
-        return 1;
-    }
+    // A scripted picture has no one to answer a box: the line on stderr says it.
+    FormWindow::MessageHandler quiet;
+    if (parser.isSet(screenshot))
+        quiet = [](FormWindow::MessageKind, const QString&, const QString&) { return false; };
+    const std::unique_ptr<FormWindow> opened = FormWindow::Open(
+        QString::fromStdString(path.string()), QString::fromStdString(databasePath.string()),
+        [](const std::string& line) { std::fprintf(stderr, "quillmar-forms: %s\n", line.c_str()); }, quiet);
+    if (!opened) return 1;
+    FormWindow& window = *opened;
     // A NAME=TEXT option's field and text; no field when the form has none of that name (said on stderr).
     const auto named = [&window](const char* option, const QString& entry) {
         const qsizetype equals = entry.indexOf(QLatin1Char('='));

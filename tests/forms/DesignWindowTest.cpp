@@ -8,11 +8,13 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace quillmar::forms {
@@ -259,6 +262,10 @@ TEST_F(DesignMode, AModifiedFormAsksBeforeClosing) {
 }
 
 TEST_F(DesignMode, F5RunsTheFormBeingDesignedWithItsHints) {
+    // A form not saved yet stores its records in the user's data folder.
+    const std::optional<QByteArray> dataHome
+        = qEnvironmentVariableIsSet("XDG_DATA_HOME") ? std::optional(qgetenv("XDG_DATA_HOME")) : std::nullopt;
+    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
     window->PlaceField();
     // The form's hints: one undo step each, carried into run mode and into the saved form.
     QTest::mouseClick(window->Panel()->RefusalTipsBox(), Qt::LeftButton);
@@ -272,6 +279,11 @@ TEST_F(DesignMode, F5RunsTheFormBeingDesignedWithItsHints) {
     const qt::QuillmarEdit* running = window->RunWindow()->Fields()[0];
     EXPECT_TRUE(running->UserMode());
     EXPECT_EQ(running->Text(), QString());
+    EXPECT_EQ(window->RunWindow()->StatusBar()->currentMessage(),
+        "Records go to " + folder.filePath("quillmar/new-form.sqlite") + " \u00b7 Form: the new form");
+    EXPECT_TRUE(QFileInfo(folder.filePath("quillmar")).isDir());
+    EXPECT_TRUE(boxes.isEmpty());
+    dataHome ? qputenv("XDG_DATA_HOME", *dataHome) : qunsetenv("XDG_DATA_HOME");
     EXPECT_TRUE(running->ShowRefusalTips());
     EXPECT_FALSE(running->ShowInlineState());
     EXPECT_FALSE(window->Surface()->isEnabled());

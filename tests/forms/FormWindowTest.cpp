@@ -25,6 +25,11 @@ namespace {
 
 using qt::QuillmarEdit;
 
+QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 const QString kExample = QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json");
 
 // A whole order as a clerk types it, field by field in tab order; Reference stays empty.
@@ -56,25 +61,36 @@ protected:
         if (!QApplication::instance()) new QApplication(argc, argv);
     }
 
-    void SetUp() override {
+    void SetUp() override { Show(Example()); }
+
+    static FormDocument Example() {
         const FormResult form = LoadFormFile(kExample.toStdString());
-        ASSERT_TRUE(form.document) << form.error;
-        window = std::make_unique<FormWindow>(*form.document, kExample, database);
+        EXPECT_TRUE(form.document) << form.error;
+        return form.document.value_or(FormDocument {});
+    }
+
+    void Show(const FormDocument& document) {
+        window = std::make_unique<FormWindow>(document, kExample, database);
         ASSERT_EQ(window->Load("orders.qform.json"), std::nullopt);
         window->SetLocaleName(QStringLiteral("en_US"));
         window->SetBusyTimeout(50);
-        window->SetMessageHandler([this](FormWindow::MessageKind, const QString& title, const QString& text) {
-            boxes << title + QLatin1Char('|') + text;
-            return false;
-        });
-        for (QuillmarEdit* field : window->Fields()) {
-            field->SetBeepHandler([] {});
-            field->SetMessageBoxHandler(
+        window->SetMessageHandler(Recorder());
+        window->SetFieldSetup([this](QuillmarEdit& field) {
+            field.SetBeepHandler([] {});
+            field.SetMessageBoxHandler(
                 [this](const QString& text, const QString&, int) { fieldBoxes << text; });
-        }
+        });
         window->show();
         QApplication::setActiveWindow(window.get());
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    // Records each box of the window as its title, "|" and its text, and answers No.
+    FormWindow::MessageHandler Recorder() {
+        return [this](FormWindow::MessageKind, const QString& title, const QString& text) {
+            boxes << title + QLatin1Char('|') + text;
+            return false;
+        };
     }
 
     QuillmarEdit* Field(const char* name) {
@@ -247,6 +263,92 @@ TEST_F(RunMode, ARecordThatCannotBeStoredIsExplainedAndKeptInTheForm) {
             EXPECT_EQ(Row(QStringLiteral("SELECT COUNT(*) FROM Orders")), QVariantList { 0 });
         }
     }
+}
+
+// Each record has fields of its own: what a field remembered of the last record (its last valid value, which
+// the previous-value action puts back) is gone in the next.
+TEST_F(RunMode, ANewRecordStartsWithFreshFields) {
+    // The example's customer name, with the previous-value action checked, and its notes.
+    QByteArray json = Bytes(kExample);
+    const QByteArray previous = R"("2N": {"type": "Long", "value": 8})";
+    ASSERT_GE(json.indexOf(previous), 0);
+    json.replace(json.indexOf(previous), previous.size(), R"("2N": {"type": "Long", "value": 9})");
+    const FormResult form = ParseFormJson(json.toStdString(), "orders.qform.json");
+    ASSERT_TRUE(form.document) << form.error;
+    FormDocument document = *form.document;
+    document.controls = { document.controls.front(), document.controls.back() };
+    ASSERT_EQ(document.controls[0].name, u"CustomerName");
+    Show(document);
+
+    for (const char* name : { "Ann Lee", "Bo Chan" }) {
+        SCOPED_TRACE(name);
+        Click("CustomerName");
+        Type(name);
+        Key(Qt::Key_Tab);
+        Type("Deliver after 5");
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(window->SubmitButton()->hasFocus());
+        Key(Qt::Key_Return, Qt::ControlModifier);
+        ASSERT_TRUE(boxes.isEmpty()) << boxes.join(QLatin1Char('\n')).toStdString();
+        EXPECT_EQ(window->findChildren<QuillmarEdit*>().size(), 2);
+        EXPECT_TRUE(Field("CustomerName")->lineEdit()->hasFocus());
+        EXPECT_TRUE(fieldBoxes.isEmpty());
+
+        Key(Qt::Key_Tab); // the required name left empty: no earlier value of this record to return to
+        EXPECT_EQ(Field("CustomerName")->Text(), QString());
+        EXPECT_EQ(fieldBoxes, QStringList { "This field is required." });
+        EXPECT_TRUE(Field("CustomerName")->lineEdit()->hasFocus());
+        fieldBoxes.clear();
+    }
+    EXPECT_EQ(Row(QStringLiteral("SELECT COUNT(*), MAX(CustomerName) FROM Orders")),
+        (QVariantList { 2, QStringLiteral("Bo Chan") }));
+}
+
+// A form that does not read, or a database that could not take a record, is reported as the form opens,
+// with the box design mode shows for a form it cannot open, and no window; nothing is created.
+TEST_F(RunMode, WhatCannotBeOpenedIsReportedBeforeAnythingIsTyped) {
+    const QString broken = folder.filePath(QStringLiteral("broken.qform.json"));
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"title": "T", "width": 100, "height": 100, "controls": [{"name": "Qty", "label": "",
+        "left": 0, "top": 0, "width": 10, "height": 10, "properties": {"MaxLength": {"type": "Long",
+        "value": -1}}}]})");
+    file.close();
+    const QString text = folder.filePath(QStringLiteral("notes.txt"));
+    const QByteArray notesText = "Orders are written here by hand, one a line, and no database at all.\n";
+    QFile notes(text);
+    ASSERT_TRUE(notes.open(QIODevice::WriteOnly));
+    notes.write(notesText);
+    notes.close();
+    const QString nowhere = folder.filePath(QStringLiteral("missing/orders.sqlite"));
+    const QString fresh = folder.filePath(QStringLiteral("fresh.sqlite"));
+    const struct {
+        QString form;
+        QString database;
+        QString error; // empty: the form opens
+    } rows[] = {
+        { broken, fresh, broken + ": control \"Qty\", entry \"MaxLength\": expected 0 or more, got -1" },
+        { kExample, text,
+            "Records cannot be stored in " + text + ": the file is not a readable SQLite database" },
+        { kExample, nowhere,
+            "Records cannot be stored in " + nowhere + ": the folder " + folder.filePath("missing")
+                + " does not exist" },
+        { kExample, fresh, {} },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.database.toStdString());
+        boxes.clear();
+        std::string line;
+        const auto opened = FormWindow::Open(
+            row.form, row.database, [&line](const std::string& said) { line = said; }, Recorder());
+        EXPECT_EQ(opened == nullptr, !row.error.isEmpty());
+        EXPECT_EQ(QString::fromStdString(line), row.error);
+        EXPECT_EQ(boxes,
+            row.error.isEmpty() ? QStringList {}
+                                : QStringList { "Open Form|The form cannot be opened:\n" + row.error });
+        EXPECT_FALSE(QFileInfo::exists(fresh));
+    }
+    EXPECT_EQ(Bytes(text), notesText); // looked at, not changed
 }
 
 } // namespace

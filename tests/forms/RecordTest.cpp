@@ -6,7 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
+#include <optional>
+#include <string>
 
 namespace quillmar::forms {
 namespace {
@@ -74,6 +77,30 @@ TEST(Record, TheDatabaseLiesBesideTheFormNamedAfterIt) {
         SCOPED_TRACE(row.form);
         EXPECT_EQ(DefaultDatabasePath(row.form), row.database);
     }
+}
+
+TEST(Record, RecordsWithoutAFormFolderGoToTheUsersDataFolder) {
+    const struct {
+        const char* dataHome; // nullptr: unset
+        const char* folder;
+    } rows[] = {
+        { "/srv/data", "/srv/data/quillmar" }, { nullptr, "/home/ann/.local/share/quillmar" },
+        { "", "/home/ann/.local/share/quillmar" },
+        { "data", "/home/ann/.local/share/quillmar" }, // a relative path is ignored
+    };
+    const char* home = std::getenv("HOME");
+    const std::string savedHome = home ? home : "";
+    const char* dataHome = std::getenv("XDG_DATA_HOME");
+    const std::optional<std::string> savedDataHome
+        = dataHome ? std::optional<std::string>(dataHome) : std::nullopt;
+    setenv("HOME", "/home/ann", 1);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.dataHome ? row.dataHome : "unset");
+        row.dataHome ? setenv("XDG_DATA_HOME", row.dataHome, 1) : unsetenv("XDG_DATA_HOME");
+        EXPECT_EQ(UserDataFolder(), row.folder);
+    }
+    setenv("HOME", savedHome.c_str(), 1);
+    savedDataHome ? setenv("XDG_DATA_HOME", savedDataHome->c_str(), 1) : unsetenv("XDG_DATA_HOME");
 }
 
 TEST(Summary, EachFieldSaysWhatItWouldSayWithoutAnActionLine) {
