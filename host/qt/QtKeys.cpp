@@ -65,6 +65,11 @@ bool IsPasteKey(const QKeyEvent& event) {
     return event.matches(QKeySequence::Paste);
 }
 
+bool IsDialogKey(const QKeyEvent& event) {
+    const int key = event.key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
+}
+
 int16_t ButtonMask(Qt::MouseButtons buttons) {
     int16_t mask = 0;
     if (buttons & Qt::LeftButton) mask |= 1;

@@ -22,6 +22,9 @@ namespace quillmar::qt {
 [[nodiscard]] bool IsRedoKey(const QKeyEvent& event);
 /// True for the platform's paste keys (Ctrl+V, Shift+Insert ...).
 [[nodiscard]] bool IsPasteKey(const QKeyEvent& event);
+/// True for Return, Enter and Escape: keys of the dialog the field is in, not characters typed into the
+/// field, whatever the modifiers.
+[[nodiscard]] bool IsDialogKey(const QKeyEvent& event);
 /// The Button argument of mouse events: 1 left, 2 right, 4 middle.
 [[nodiscard]] int16_t ButtonMask(Qt::MouseButtons buttons);
 /// The Windows-style code a key-down reports: letters by their capital, digits and space as themselves,

@@ -148,7 +148,12 @@ void QuillmarLineEdit::keyPressEvent(QKeyEvent* event) {
     const int16_t typed = KeyAscii(*event);
     if (typed == 0) return QLineEdit::keyPressEvent(event);
     int16_t keyAscii = typed;
-    events->OnKeyPress(keyAscii);
+    // Return, Enter and Escape belong to the dialog: the form sees them (and may cancel them), but the
+    // control never sifts them, so that they go on as from any line edit, to the default button or to close.
+    if (IsDialogKey(*event))
+        m_services.KeyPress(keyAscii);
+    else
+        events->OnKeyPress(keyAscii);
     if (keyAscii == 0) return event->accept();
     UserEditLimits& limits = m_services.Limits();
     const bool wasTyping = limits.typing;

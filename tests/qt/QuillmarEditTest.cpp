@@ -9,12 +9,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDate>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -462,6 +464,58 @@ TEST_F(Form, TwoInvalidFieldsDoNotBounceTheFocus) {
     EXPECT_EQ(shown.size(), size_t { 2 });
     EXPECT_TRUE(first->lineEdit()->hasFocus());
     EXPECT_EQ(Quillmar::FocusHoldWindow(), 0);
+}
+
+// Return, Enter and Escape are no characters of the field: a weakly sifted number or date field lets them
+// through without a beep, to the dialog's default button and to closing the dialog; the form's KeyPress
+// sees them first and may cancel them.
+TEST_F(Form, ReturnEnterAndEscapeReachTheDialog) {
+    const std::tuple<int32_t, Qt::Key, bool, const char*> rows[] = {
+        // type, key, the form cancels it, what the dialog does
+        { vldInteger, Qt::Key_Return, false, "default" },
+        { vldDate, Qt::Key_Return, false, "default" },
+        { vldInteger, Qt::Key_Enter, false, "default" },
+        { vldInteger, Qt::Key_Escape, false, "closed" },
+        { vldDate, Qt::Key_Escape, false, "closed" },
+        { vldDate, Qt::Key_Return, true, "nothing" },
+        { vldInteger, Qt::Key_Escape, true, "nothing" },
+    };
+    for (const auto& [type, key, cancel, expected] : rows) {
+        SCOPED_TRACE(
+            testing::Message() << "type " << type << ", key " << key << (cancel ? ", cancelled" : ""));
+        beeps = 0;
+        QDialog dialog;
+        QuillmarEdit* field = AddField("Field", type, vldWeak);
+        field->setParent(&dialog);
+        auto* ok = new QPushButton(QStringLiteral("OK"), &dialog);
+        ok->setDefault(true);
+        auto* dialogLayout = new QVBoxLayout(&dialog);
+        dialogLayout->addWidget(field);
+        dialogLayout->addWidget(ok);
+        int clicks = 0;
+        QObject::connect(ok, &QPushButton::clicked, [&] { ++clicks; });
+        QStringList events;
+        QObject::connect(field, &QuillmarEdit::KeyDown,
+            [&](qint16& code, qint16&) { events << QStringLiteral("KeyDown %1").arg(code); });
+        QObject::connect(field, &QuillmarEdit::KeyPress, [&, cancel = cancel](qint16& ascii) {
+            events << QStringLiteral("KeyPress %1").arg(ascii);
+            if (cancel && ascii < 32) ascii = 0;
+        });
+        dialog.show();
+        QApplication::setActiveWindow(&dialog);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        field->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(field->lineEdit(), QStringLiteral("12"));
+        events.clear();
+        QTest::keyClick(field->lineEdit(), key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+        const int code = key == Qt::Key_Escape ? 27 : 13;
+        EXPECT_EQ(events,
+            QStringList({ QStringLiteral("KeyDown %1").arg(code), QStringLiteral("KeyPress %1").arg(code) }));
+        EXPECT_EQ(beeps, 0);
+        EXPECT_EQ(field->Text(), QStringLiteral("12"));
+        EXPECT_EQ(clicks, std::string(expected) == "default" ? 1 : 0);
+        EXPECT_EQ(dialog.isVisible(), std::string(expected) != "closed");
+    }
 }
 
 // An empty field shows an example of its rules in grey and describes them to assistive technology, following
