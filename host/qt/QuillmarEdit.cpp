@@ -3,6 +3,28 @@
 #include "host/qt/QtServices.h"
 
 namespace quillmar::qt {
+namespace {
+
+// The edit box that is deciding whether it may be left, and taking the focus back if not; one per
+// user-interface thread. The focus another field gets and loses meanwhile only passed through it.
+thread_local const QLineEdit* keepingFocus = nullptr;
+
+// Marks an edit box as deciding on its leave for the scope.
+class KeepingFocus {
+public:
+    explicit KeepingFocus(const QLineEdit* edit)
+        : m_was(keepingFocus) {
+        keepingFocus = edit;
+    }
+    ~KeepingFocus() { keepingFocus = m_was; }
+    KeepingFocus(const KeepingFocus&) = delete;
+    KeepingFocus& operator=(const KeepingFocus&) = delete;
+
+private:
+    const QLineEdit* m_was;
+};
+
+} // namespace
 
 /// The edit box: a line edit whose keys, input-method text, mouse, focus and drops go through the control
 /// before the line edit acts on them.
@@ -245,12 +267,16 @@ void QuillmarLineEdit::focusOutEvent(QFocusEvent* event) {
     const Qt::FocusReason reason = event->reason();
     if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || m_services.InOwnDialog())
         return;
+    // Nor is it left when the focus only passed through it, on its way back to a field that refused to be
+    // left: the person clicked here, but never got here.
+    if (keepingFocus && keepingFocus != this) return;
     if (m_services.SkipFocusExit()) return m_services.SetSkipFocusExit(false);
     // Validated once the focus has settled, so that a message box never opens inside a focus change.
     QMetaObject::invokeMethod(
         this,
         [this] {
             if (!Events()) return;
+            const KeepingFocus deciding(this);
             bool cancel = false;
             emit m_services.m_owner.BeforeLeaving(cancel);
             if (cancel) {
