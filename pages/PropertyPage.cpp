@@ -107,8 +107,9 @@ qt::QuillmarEdit* PropertyPage::MakeEmbeddedField(
         message.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
         alerts.MessageBox(qt::FromQString(message), qt::FromQString(title), static_cast<int16_t>(icon));
     });
-    connect(field, &qt::QuillmarEdit::BeforeLeaving, this, [field](bool& cancel) {
+    connect(field, &qt::QuillmarEdit::BeforeLeaving, this, [this, field](bool& cancel) {
         if (field->isEnabled()) cancel = !field->Validate();
+        if (cancel) emit KeepsFocus();
     });
     return field;
 }

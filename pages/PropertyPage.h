@@ -46,6 +46,9 @@ public:
 signals:
     /// The Changed flag went on or off.
     void ChangedChanged(bool changed);
+    /// An embedded field of the page refused to be left and keeps the focus: the frame shows the page, so
+    /// that the focus is never in a page out of sight.
+    void KeepsFocus();
 
 protected:
     [[nodiscard]] PageServices& Services() noexcept { return m_services; }

@@ -53,6 +53,9 @@ void PropertyPageFrame::AddPage(PropertyPage* page) {
     m_pages.push_back(page);
     m_tabs->addTab(page, page->Caption());
     connect(page, &PropertyPage::ChangedChanged, this, &PropertyPageFrame::UpdateApply);
+    // A field that refuses to be left keeps the focus, and its page stays in sight with it (also when the
+    // author chose another tab to leave the field).
+    connect(page, &PropertyPage::KeepsFocus, this, [this, page] { m_tabs->setCurrentWidget(page); });
 }
 
 void PropertyPageFrame::SetSelectedControls(const QList<qt::QuillmarEdit*>& fields) {

@@ -19,8 +19,9 @@ namespace quillmar::pages {
 /// The modal property-page dialog: one tab per page and the buttons OK, Cancel and Apply. It holds the
 /// selected fields and tells every page when they change; Apply is enabled while any page is Changed. Apply
 /// and OK ask every Changed page, in tab order, to apply; a refusal does not stop the later pages, and the
-/// first page that refused is then shown with the focus where it put it. OK closes only when no page
-/// refused; Cancel closes and writes nothing.
+/// first page that refused is then shown with the focus where it put it. OK closes only when no page refused;
+/// Cancel closes and writes nothing. An embedded field that refuses to be left keeps the focus, and the frame
+/// shows its page.
 class PropertyPageFrame : public QDialog {
     Q_OBJECT
 public:

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace quillmar::pages {
@@ -143,6 +144,109 @@ TEST_F(FieldPages, ConfiguredFieldsSurviveSavingAndLoading) {
             EXPECT_EQ(c.CustomMask(), u"[A-Z][A-Z]-####");
             EXPECT_TRUE(c.MustBeUpperCase());
         }
+    }
+}
+
+// The titles of the message boxes shown so far, in order.
+QStringList Titles(const standalone::RecordingAlerts& alerts) {
+    QStringList titles;
+    for (const ShownMessage& message : alerts.messages)
+        titles << QString::fromStdU16String(message.title);
+    return titles;
+}
+
+// Two guarded fields of one page, both invalid. Leaving the first for the second, by a click or by Tab,
+// shows the first's message once and keeps the focus there; the second, which the focus only passed
+// through, is neither validated nor corrected. Once the first is corrected and left, a real leave of the
+// second shows the second's own message.
+TEST_F(FieldPages, TwoInvalidGuardedFieldsNeverFight) {
+    AddFieldPages(frame);
+    struct Row {
+        const char* page;
+        int32_t type;
+        const char *first, *firstText, *firstFixed, *second;
+        QString secondText;
+        QStringList titles;
+    };
+    const Row rows[] = {
+        // Both typed while the type is String, then the type becomes Double.
+        { "General", vldString, "txtAddNew", "xyz", "1.5", "txtDefaultValue", "abc",
+            { "Property Page: AddNew", "Property Page: AddNew", "Property Page: DefaultValue" } },
+        // A count above 32 that the field itself loaded; it corrects only when it is really left.
+        { "Number/Date,Time", vldDouble, "txtMinValue", "-", "1", "txtMaxNumberOfDecimals", "40",
+            { "Property Page: MinValue", "Property Page: MinValue", "Invalid Entry: MaxNumberOfDecimals" } },
+    };
+    auto* tabs = frame.findChild<QTabWidget*>();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.page);
+        qt::QuillmarEdit* control = AddControl("field");
+        control->SetMustBeType(row.type);
+        try {
+            control->SetMaxNumberOfDecimals(40); // kept, though refused
+        } catch (const PropertyError&) { }
+        ++clock.seconds;
+        Open({ control });
+        auto* first = Find<qt::QuillmarEdit>(row.first);
+        auto* second = Find<qt::QuillmarEdit>(row.second);
+        tabs->setCurrentWidget(first->parentWidget()->inherits("QGroupBox")
+                ? first->parentWidget()->parentWidget()
+                : first->parentWidget());
+        ASSERT_EQ(tabs->tabText(tabs->currentIndex()), row.page);
+        if (row.type == vldString) {
+            TypeInto(first, row.firstText);
+            TypeInto(second, row.secondText);
+            auto* type = Find<QComboBox>("cboMustBeType");
+            type->setFocus();
+            QApplication::processEvents();
+            type->setCurrentIndex(vldDouble);
+        }
+        TypeInto(first, row.firstText);
+        alerts = {};
+        QTest::mouseClick(second->lineEdit(), Qt::LeftButton);
+        QTest::qWait(50);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::qWait(50);
+        EXPECT_EQ(Titles(alerts), row.titles.mid(0, 2));
+        EXPECT_EQ(QApplication::focusWidget(), first->lineEdit());
+        EXPECT_EQ(second->Text(), row.secondText);
+        TypeInto(first, row.firstFixed);
+        QTest::mouseClick(second->lineEdit(), Qt::LeftButton);
+        QTest::qWait(50);
+        QTest::mouseClick(first->lineEdit(), Qt::LeftButton);
+        QTest::qWait(100);
+        EXPECT_EQ(Titles(alerts), row.titles);
+        EXPECT_EQ(QApplication::focusWidget(), second->lineEdit());
+        Click(frame.CancelButton());
+    }
+}
+
+// A field that refuses to be left keeps the focus, and its page stays in sight: choosing another tab shows
+// the field's message once, and the frame stays on the field's page.
+TEST_F(FieldPages, AFieldThatRefusesToBeLeftKeepsItsPageInSight) {
+    AddFieldPages(frame);
+    auto* tabs = frame.findChild<QTabWidget*>();
+    auto* bar = tabs->findChild<QTabBar*>();
+    const std::tuple<int, const char*, int, const char*> rows[] = {
+        { 1, "txtMinValue", 0, "Property Page: MinValue" },
+        { 0, "txtDefaultValue", 1, "Property Page: DefaultValue" },
+    };
+    for (const auto& [page, name, other, title] : rows) {
+        SCOPED_TRACE(name);
+        qt::QuillmarEdit* control = AddControl("field");
+        control->SetMustBeType(vldInteger);
+        ++clock.seconds;
+        Open({ control });
+        alerts = {};
+        tabs->setCurrentIndex(page);
+        auto* field = Find<qt::QuillmarEdit>(name);
+        TypeInto(field, "-"); // the start of a number, not yet one
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(other).center());
+        QTest::qWait(50);
+        EXPECT_EQ(Titles(alerts), QStringList { title });
+        EXPECT_EQ(tabs->currentIndex(), page);
+        EXPECT_EQ(QApplication::focusWidget(), field->lineEdit());
+        EXPECT_TRUE(field->lineEdit()->isVisible());
+        Click(frame.CancelButton());
     }
 }
 
