@@ -46,7 +46,7 @@ void PropertyPage::ForEachSelected(const std::function<void(Quillmar&)>& write, 
 bool PropertyPage::BeginLoad() {
     m_loading = true;
     // Repeated notifications within one second load the page once.
-    if (m_services.clock.SecondsOfDay() == m_lastLoadTime) {
+    if (!m_reloading && m_services.clock.SecondsOfDay() == m_lastLoadTime) {
         Beep();
         return false;
     }
@@ -55,7 +55,13 @@ bool PropertyPage::BeginLoad() {
 
 void PropertyPage::EndLoad() {
     m_loading = false;
-    m_lastLoadTime = m_services.clock.SecondsOfDay();
+    if (!m_reloading) m_lastLoadTime = m_services.clock.SecondsOfDay();
+}
+
+void PropertyPage::Reload() {
+    m_reloading = true;
+    SelectionChanged();
+    m_reloading = false;
 }
 
 void PropertyPage::MarkChanged() {

@@ -42,6 +42,9 @@ public:
     void RestoreFocus();
     /// Forgets where an earlier refusal put the focus (the frame does so before each apply).
     void ForgetFocus() { m_focusField = nullptr; }
+    /// Loads the page again from the first selected field, as the frame does after an accepted apply. It is
+    /// no notification of the host's: the once-a-second check neither refuses it nor counts it.
+    void Reload();
 
 signals:
     /// The Changed flag went on or off.
@@ -96,6 +99,7 @@ private:
     const SelectedControls* m_selection = nullptr;
     bool m_changed = false;
     bool m_loading = false;
+    bool m_reloading = false;
     int m_lastLoadTime = -1;
     QPointer<QWidget> m_focusField;
     bool m_focusSelectAll = false;

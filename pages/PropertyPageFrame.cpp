@@ -72,16 +72,25 @@ void PropertyPageFrame::SetSelectedControls(const QList<qt::QuillmarEdit*>& fiel
 
 bool PropertyPageFrame::Apply() {
     PropertyPage* firstRefused = nullptr;
+    bool applied = false;
     for (PropertyPage* page : m_pages) {
         if (!page->Changed()) continue;
         // A page that refuses marks itself Changed again.
         page->SetChanged(false);
         page->ForgetFocus();
         page->ApplyChanges();
+        applied = true;
         if (page->Changed() && !firstRefused) firstRefused = page;
     }
     UpdateApply();
-    if (!firstRefused) return true;
+    if (!firstRefused) {
+        // Every page loads what the fields now hold, so that each offers what the applied settings offer
+        // (the limits of a type just applied ...). After a refusal the pages keep what the author typed.
+        if (applied)
+            for (PropertyPage* page : m_pages)
+                page->Reload();
+        return true;
+    }
     m_tabs->setCurrentWidget(firstRefused);
     firstRefused->RestoreFocus();
     return false;

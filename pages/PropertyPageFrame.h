@@ -19,9 +19,9 @@ namespace quillmar::pages {
 /// The modal property-page dialog: one tab per page and the buttons OK, Cancel and Apply. It holds the
 /// selected fields and tells every page when they change; Apply is enabled while any page is Changed. Apply
 /// and OK ask every Changed page, in tab order, to apply; a refusal does not stop the later pages, and the
-/// first page that refused is then shown with the focus where it put it. OK closes only when no page refused;
-/// Cancel closes and writes nothing. An embedded field that refuses to be left keeps the focus, and the frame
-/// shows its page.
+/// first page that refused is then shown with the focus where it put it. When none refused, every page
+/// loads again from the first selected field. OK closes only when no page refused; Cancel closes and writes
+/// nothing. An embedded field that refuses to be left keeps the focus, and the frame shows its page.
 class PropertyPageFrame : public QDialog {
     Q_OBJECT
 public:
@@ -44,7 +44,8 @@ public:
     void SetSelectedControls(const QList<qt::QuillmarEdit*>& fields);
     [[nodiscard]] const SelectedControls& Selection() const noexcept { return m_selection; }
 
-    /// Applies every Changed page in tab order; true when none refused.
+    /// Applies every Changed page in tab order; true when none refused, and then, if any page applied, every
+    /// page loads again from the first selected field.
     bool Apply();
 
     [[nodiscard]] QPushButton* OkButton() const noexcept { return m_ok; }

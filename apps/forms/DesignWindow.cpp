@@ -536,14 +536,6 @@ void DesignWindow::RecordPageApply() {
     m_changedOutsideStack = false;
     if (!changes.empty()) m_undo->push(new PropertiesCommand(*m_surface, std::move(changes)));
     UpdateTitle();
-    // Once every page took its edits, the pages load the fields again, so that they offer what the applied
-    // type offers (the limits of a number ...). A page that refused keeps what the author typed.
-    if (m_frame && m_frame->isVisible() && !m_frame->ApplyButton()->isEnabled()) {
-        QList<qt::QuillmarEdit*> fields;
-        for (int i = 0; i < m_frame->Selection().Count(); ++i)
-            if (qt::QuillmarEdit* field = m_frame->Selection().Item(i)) fields << field;
-        m_frame->SetSelectedControls(fields);
-    }
 }
 
 void DesignWindow::Run() {

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -79,10 +80,13 @@ TEST_F(DesignerPlugin, CreatedFieldIsInDesignModeAndItsTaskMenuOpensThePages) {
     EXPECT_EQ(menu->preferredEditAction()->text(), QStringLiteral("Edit Validation Rules..."));
 
     // The frame is modal: it is answered from the event loop it runs. The General page shows the field's
-    // type; choosing Double and OK writes it to the field (here outside a form window, directly).
+    // type; choosing Double and Apply writes it to the field (here outside a form window, directly), and the
+    // pages load again at once: the number page offers the scientific format, and takes its check.
     QString frameClass;
     int pages = 0;
     int shownType = -1;
+    bool offered = false;
+    bool changed = false;
     QTimer::singleShot(0, [&] {
         QWidget* frame = QApplication::activeModalWidget();
         if (!frame) return;
@@ -91,13 +95,22 @@ TEST_F(DesignerPlugin, CreatedFieldIsInDesignModeAndItsTaskMenuOpensThePages) {
         auto* type = frame->findChild<QComboBox*>(QStringLiteral("cboMustBeType"));
         shownType = type->currentIndex();
         type->setCurrentIndex(6);
-        frame->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        auto* buttons = frame->findChild<QDialogButtonBox*>();
+        buttons->button(QDialogButtonBox::Apply)->click();
+        auto* scientific = frame->findChild<QCheckBox*>(QStringLiteral("chkAllowScientificFormat"));
+        offered = scientific->isEnabled();
+        scientific->click();
+        changed = buttons->button(QDialogButtonBox::Apply)->isEnabled();
+        buttons->button(QDialogButtonBox::Ok)->click();
     });
     menu->preferredEditAction()->trigger();
     EXPECT_EQ(frameClass, QStringLiteral("quillmar::pages::PropertyPageFrame"));
     EXPECT_EQ(pages, 5);
     EXPECT_EQ(shownType, 3);
+    EXPECT_TRUE(offered);
+    EXPECT_TRUE(changed);
     EXPECT_EQ(field->property("MustBeType").toString(), QStringLiteral("vldDouble"));
+    EXPECT_TRUE(field->property("AllowScientificFormat").toBool());
 }
 
 } // namespace

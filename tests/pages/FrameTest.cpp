@@ -2,6 +2,7 @@
 
 #include "pages/FieldPages.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -61,7 +62,10 @@ TEST_F(Frame, AppliesChangedPagesInTabOrderShowsTheFirstThatRefusedAndCancelAppl
     notices.clear();
     pages[1]->refuse = pages[2]->refuse = false;
     Click(frame.OkButton());
-    EXPECT_EQ(notices, QStringList({ "Second applies", "Third applies" })); // the first is done
+    // The first is done; once none refused, every page loads again.
+    EXPECT_EQ(notices,
+        QStringList(
+            { "Second applies", "Third applies", "First loads 2", "Second loads 2", "Third loads 2" }));
     EXPECT_FALSE(frame.isVisible());
     // Cancel closes without applying.
     Open({ AddControl("Quillmar3") });
@@ -89,9 +93,7 @@ TEST_F(FieldPages, ConfiguredFieldsSurviveSavingAndLoading) {
         ++clock.seconds;
         Open({ field });
         Find<QComboBox>("cboMustBeType")->setCurrentIndex(type);
-        Click(frame.ApplyButton());
-        ++clock.seconds;
-        frame.SetSelectedControls({ field }); // the pages now offer what the type offers
+        Click(frame.ApplyButton()); // the pages load again, and offer what the type offers
         if (type == vldLong) {
             typeIn("txtDefaultValue", QStringLiteral("150000"));
             check("chkRequiredField");
@@ -247,6 +249,47 @@ TEST_F(FieldPages, AFieldThatRefusesToBeLeftKeepsItsPageInSight) {
         EXPECT_EQ(QApplication::focusWidget(), field->lineEdit());
         EXPECT_TRUE(field->lineEdit()->isVisible());
         Click(frame.CancelButton());
+    }
+}
+
+// After an accepted Apply every page loads again, without the beep of a second load within one second and
+// without staying in its loading state: the number page offers what the type just applied offers, and takes
+// edits. After a refused Apply nothing loads again, though the type is written: the pages keep what the
+// author typed and what they offered.
+TEST_F(FieldPages, AnAcceptedApplyLoadsEveryPageAgain) {
+    AddFieldPages(frame);
+    auto* tabs = frame.findChild<QTabWidget*>();
+    for (const bool refused : { false, true }) {
+        SCOPED_TRACE(refused ? "refused" : "accepted");
+        qt::QuillmarEdit* control = AddControl("field");
+        if (refused) {
+            control->SetMustBeType(vldLong);
+            control->control().SetMaxValue(u"20");
+        }
+        ++clock.seconds;
+        Open({ control });
+        alerts = {};
+        auto* type = Find<QComboBox>("cboMustBeType");
+        type->setFocus();
+        QApplication::processEvents();
+        type->setCurrentIndex(vldDouble);
+        if (refused) TypeInto(Find<qt::QuillmarEdit>("txtDefaultValue"), "25");
+        Click(frame.ApplyButton());
+        EXPECT_EQ(control->MustBeType(), vldDouble);
+        EXPECT_EQ(alerts.beeps, refused ? 1 : 0); // the range message's beep
+        EXPECT_EQ(Find<qt::QuillmarEdit>("txtDefaultValue")->Text(), refused ? "25" : "");
+        auto* scientific = Find<QCheckBox>("chkAllowScientificFormat");
+        EXPECT_EQ(scientific->isEnabled(), !refused);
+        if (refused) {
+            Click(frame.CancelButton());
+            continue;
+        }
+        tabs->setCurrentIndex(1);
+        Click(scientific);
+        EXPECT_TRUE(frame.ApplyButton()->isEnabled());
+        Click(frame.OkButton());
+        EXPECT_TRUE(control->AllowScientificFormat());
+        EXPECT_EQ(alerts.beeps, 0);
     }
 }
 
