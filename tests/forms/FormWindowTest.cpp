@@ -351,5 +351,30 @@ TEST_F(RunMode, WhatCannotBeOpenedIsReportedBeforeAnythingIsTyped) {
     EXPECT_EQ(Bytes(text), notesText); // looked at, not changed
 }
 
+// Two invalid fields clicked in turn: a click out of the field that holds the clerk is a real leave of it
+// and shows its own message once; the field clicked, which the focus only passed through, says nothing and
+// keeps its text, and no message follows by itself.
+TEST_F(RunMode, TwoInvalidFieldsClickedInTurnReportOncePerRealLeave) {
+    const QString nameMessage = QStringLiteral("This field is required.");
+    const QString codeMessage
+        = QStringLiteral("A customer code is two letters, a hyphen and four digits, such as AB-1234.");
+    Click("CustomerName"); // required, and left empty: both fields are invalid
+    for (const char* name : { "CustomerCode", "CustomerName", "CustomerCode" })
+        Click(name);
+    QTest::qWait(100);
+    EXPECT_EQ(fieldBoxes, QStringList({ nameMessage, nameMessage }));
+    EXPECT_TRUE(Field("CustomerName")->lineEdit()->hasFocus());
+    EXPECT_EQ(Field("CustomerCode")->Text(), QString());
+    // The name typed, the clerk gets to the code; leaving it half typed is its own message.
+    Type("Ann Lee");
+    Click("CustomerCode");
+    Type("AB");
+    Click("CustomerName");
+    QTest::qWait(100);
+    EXPECT_EQ(fieldBoxes, QStringList({ nameMessage, nameMessage, codeMessage }));
+    EXPECT_TRUE(Field("CustomerCode")->lineEdit()->hasFocus());
+    EXPECT_EQ(Field("CustomerName")->Text(), QStringLiteral("Ann Lee"));
+}
+
 } // namespace
 } // namespace quillmar::forms
