@@ -19,8 +19,10 @@ class QtServices;
 /// The data-entry field as a Qt widget. Its only child, a `QLineEdit`, is the edit box and always covers it.
 /// Keys, mouse, focus, clipboard, input methods and drag and drop reach the control as they reach a person's
 /// field: each event goes to the form first (as a signal whose reference arguments a directly connected slot
-/// may change), then the control sifts, repairs and validates. Every property of the control is a
-/// `Q_PROPERTY` of the same name; a refused value throws `quillmar::PropertyError` as the control does.
+/// may change), then the control sifts, repairs and validates. Return, Enter and Escape are no characters of
+/// the field: the form's KeyDown and KeyPress see them and may cancel them, but they are never sifted, and
+/// go on to the dialog as from a `QLineEdit` (its default button, closing it). Every property of the control
+/// is a `Q_PROPERTY` of the same name; a refused value throws `quillmar::PropertyError` as the control does.
 /// The enumerated properties have the control's enumeration types, so that Qt shows their enumerator names
 /// (`vldInteger`) and takes them as text (`setProperty("MustBeType", "vldInteger")`).
 /// In a `.ui` file the field's rules travel as one text, `rules`; the edit box's properties travel one by
@@ -360,7 +362,9 @@ signals:
     void Change();
     /// The focus is about to leave the field for another widget of the form, before the field's own final
     /// validation. A slot that sets Cancel keeps the focus in the field, and the field's focus exit does not
-    /// run (the container's validate-before-leaving).
+    /// run (the container's validate-before-leaving). Focus that only passed through the field, on its way
+    /// back to another field that refused to be left, is no leave: neither this nor the final validation
+    /// runs.
     void BeforeLeaving(bool& Cancel);
 
 protected:
