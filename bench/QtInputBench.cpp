@@ -2,7 +2,7 @@
 // script (four characters typed, four backspaces, 32 times) goes into each, offscreen, in the same run.
 // Prints the microseconds per key of each (the least of its repetitions) and the field's ratio to the plain
 // line edit.
-#include "host/qt/QuillmarEdit.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QApplication>
 #include <QIntValidator>

@@ -2,9 +2,9 @@
 // the two lists and the font as nested stores.
 #include "control/Quillmar.h"
 
-#include "control/ListEncoding.h"
+#include "base/ListEncoding.h"
 
-#include "host/standalone/MemoryPropertyStore.h"
+#include "base/MemoryPropertyStore.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +15,7 @@
 namespace quillmar {
 namespace {
 
-using standalone::MemoryPropertyStore;
+using quillmar::MemoryPropertyStore;
 
 constexpr uint32_t kSystemWindowColour = 0x80000005;
 constexpr uint32_t kSystemWindowTextColour = 0x80000008;

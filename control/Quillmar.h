@@ -1,12 +1,12 @@
 #pragma once
 
-#include "control/Enums.h"
-#include "control/PropertyError.h"
-#include "control/QuillmarEvents.h"
-#include "control/Settings.h"
-#include "control/Variant.h"
+#include "base/Enums.h"
+#include "base/PropertyError.h"
+#include "base/PropertyStore.h"
+#include "base/Settings.h"
+#include "base/Variant.h"
 #include "host/Host.h"
-#include "host/PropertyStore.h"
+#include "host/QuillmarEvents.h"
 #include "input/Refusal.h"
 
 #include <cstdint>

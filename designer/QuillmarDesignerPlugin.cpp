@@ -1,7 +1,7 @@
 #include "designer/QuillmarDesignerPlugin.h"
 
 #include "designer/QuillmarTaskMenu.h"
-#include "host/qt/QuillmarEdit.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QPainter>
 #include <QPixmap>
@@ -57,7 +57,7 @@ QString QuillmarEditPlugin::whatsThis() const {
 }
 
 QString QuillmarEditPlugin::includeFile() const {
-    return QStringLiteral("host/qt/QuillmarEdit.h");
+    return QStringLiteral("qt/QuillmarEdit.h");
 }
 
 QIcon QuillmarEditPlugin::icon() const {
@@ -88,7 +88,7 @@ QString QuillmarEditPlugin::domXml() const {
   <customwidget>
    <class>quillmar::qt::QuillmarEdit</class>
    <extends>QWidget</extends>
-   <header>host/qt/QuillmarEdit.h</header>
+   <header>qt/QuillmarEdit.h</header>
   </customwidget>
  </customwidgets>
 </ui>

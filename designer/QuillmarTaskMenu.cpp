@@ -1,8 +1,8 @@
 #include "designer/QuillmarTaskMenu.h"
 
-#include "host/qt/QuillmarEdit.h"
 #include "pages/FieldPages.h"
 #include "pages/PropertyPageFrame.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QAction>
 #include <QMetaProperty>

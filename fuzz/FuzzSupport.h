@@ -3,7 +3,7 @@
 // What every fuzz target shares: turning bytes into UTF-16 texts and small choices, the three locales, and
 // a check that stops the run with a readable line when an invariant breaks.
 
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,10 @@
 
 // Saving a control's properties and comparing two saves, for the targets that check save-and-load.
 
+#include "base/MemoryPropertyStore.h"
+#include "base/Utf8.h"
 #include "control/Quillmar.h"
 #include "fuzz/FuzzSupport.h"
-#include "host/standalone/MemoryPropertyStore.h"
 #include "host/standalone/StandaloneHost.h"
 
 #include <cstdio>
@@ -18,23 +19,23 @@ struct NamedHost : standalone::StandaloneHost {
 };
 
 /// The control's properties as it writes them.
-inline standalone::MemoryPropertyStore Saved(const Quillmar& control) {
-    standalone::MemoryPropertyStore store;
+inline quillmar::MemoryPropertyStore Saved(const Quillmar& control) {
+    quillmar::MemoryPropertyStore store;
     control.WriteProperties(store);
     return store;
 }
 
 /// Stops the run unless the two saves hold the same bytes, printing the entries that differ.
-inline void RequireSameSave(const standalone::MemoryPropertyStore& first,
-    const standalone::MemoryPropertyStore& second, const char* what) {
+inline void RequireSameSave(const quillmar::MemoryPropertyStore& first,
+    const quillmar::MemoryPropertyStore& second, const char* what) {
     if (first.ToBytes() == second.ToBytes()) return;
-    const auto print = [](const char* side, const standalone::MemoryPropertyStore& store,
-                           const standalone::MemoryPropertyStore& other) {
+    const auto print = [](const char* side, const quillmar::MemoryPropertyStore& store,
+                           const quillmar::MemoryPropertyStore& other) {
         for (const auto& [key, value] : store.Entries()) {
             const Variant* counterpart = other.Find(key);
             if (counterpart && *counterpart == value) continue;
             std::fprintf(
-                stderr, "  %s %s = %s\n", side, standalone::ToUtf8(key).c_str(), value.Describe().c_str());
+                stderr, "  %s %s = %s\n", side, quillmar::ToUtf8(key).c_str(), value.Describe().c_str());
         }
     };
     print("first ", first, second);

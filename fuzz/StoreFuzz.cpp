@@ -10,7 +10,7 @@
 namespace quillmar::fuzz {
 namespace {
 
-using standalone::MemoryPropertyStore;
+using quillmar::MemoryPropertyStore;
 
 bool HoldsNaN(const Variant& value) {
     if (value.kind() == Variant::Kind::Array) {

@@ -21,7 +21,7 @@
 namespace quillmar::fuzz {
 namespace {
 
-using standalone::MemoryPropertyStore;
+using quillmar::MemoryPropertyStore;
 using standalone::StandaloneHost;
 
 constexpr int kMaxSteps = 64;

@@ -1,6 +1,6 @@
 #include "pages/ActionList.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 
 #include <limits>
 

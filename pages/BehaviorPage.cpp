@@ -1,7 +1,7 @@
 #include "pages/BehaviorPage.h"
 
-#include "control/Enums.h"
-#include "control/PropertyError.h"
+#include "base/Enums.h"
+#include "base/PropertyError.h"
 #include "host/Host.h"
 #include "pages/PageChecks.h"
 #include "pages/PageWidgets.h"

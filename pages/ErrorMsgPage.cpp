@@ -1,6 +1,6 @@
 #include "pages/ErrorMsgPage.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "pages/PageChecks.h"
 #include "pages/PageWidgets.h"
 

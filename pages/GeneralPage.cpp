@@ -1,7 +1,7 @@
 #include "pages/GeneralPage.h"
 
-#include "control/Enums.h"
-#include "control/PropertyError.h"
+#include "base/Enums.h"
+#include "base/PropertyError.h"
 #include "host/Host.h"
 #include "pages/PageChecks.h"
 #include "validation/Conversions.h"
@@ -22,8 +22,8 @@ namespace {
 const QString kDefaultValueTitle = QStringLiteral("Property Page: DefaultValue");
 
 // What the three embedded fields share: the page's font, an empty text and an empty forbidden list.
-std::vector<standalone::PropertyEntry> EmbeddedEntries(std::initializer_list<standalone::PropertyEntry> own) {
-    std::vector<standalone::PropertyEntry> entries {
+std::vector<quillmar::PropertyEntry> EmbeddedEntries(std::initializer_list<quillmar::PropertyEntry> own) {
+    std::vector<quillmar::PropertyEntry> entries {
         { u"FontName", u"MS Sans Serif" },
         { u"FontSize", 8.25f },
         { u"Text", u"" },

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/Variant.h"
+#include "base/Variant.h"
 #include "pages/PropertyPage.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "pages/NumDTPage.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "pages/PageChecks.h"
 #include "pages/PageWidgets.h"
 #include "validation/Conversions.h"
@@ -21,7 +21,7 @@
 namespace quillmar::pages {
 namespace {
 
-using standalone::PropertyEntry;
+using quillmar::PropertyEntry;
 
 // The stored entries of a count field: an integer from 0 to 32 that puts back the closest allowed value,
 // the previous one or 0 without asking.

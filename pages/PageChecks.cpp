@@ -1,6 +1,6 @@
 #include "pages/PageChecks.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/Conversions.h"
 
 namespace quillmar::pages {

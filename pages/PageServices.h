@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/LocaleInfo.h"
 #include "host/Host.h"
-#include "host/LocaleInfo.h"
 
 #include <QString>
 

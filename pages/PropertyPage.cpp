@@ -1,6 +1,6 @@
 #include "pages/PropertyPage.h"
 
-#include "control/ListEncoding.h"
+#include "base/ListEncoding.h"
 
 #include <QLocale>
 
@@ -97,12 +97,12 @@ Answer PropertyPage::Ask(const QString& text, const QString& title, int icon) {
 }
 
 qt::QuillmarEdit* PropertyPage::MakeEmbeddedField(
-    const QString& name, const std::vector<standalone::PropertyEntry>& entries) {
+    const QString& name, const std::vector<quillmar::PropertyEntry>& entries) {
     auto* field = new qt::QuillmarEdit(this);
     field->setObjectName(name);
     field->SetLocaleName(m_services.localeName);
-    standalone::MemoryPropertyStore store;
-    for (const standalone::PropertyEntry& entry : entries)
+    quillmar::MemoryPropertyStore store;
+    for (const quillmar::PropertyEntry& entry : entries)
         store.WriteProperty(entry.key, entry.value, Variant());
     field->control().ReadProperties(store);
     Alerts& alerts = m_services.alerts;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "control/PropertyError.h"
-#include "host/qt/QuillmarEdit.h"
-#include "host/standalone/MemoryPropertyStore.h"
+#include "base/MemoryPropertyStore.h"
+#include "base/PropertyError.h"
 #include "pages/PageServices.h"
 #include "pages/SelectedControls.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QPointer>
 #include <QString>
@@ -91,7 +91,7 @@ protected:
     /// services, and before the focus leaves it an enabled field validates itself: a failed validation keeps
     /// the focus there, so that one bad entry gives one message.
     [[nodiscard]] qt::QuillmarEdit* MakeEmbeddedField(
-        const QString& name, const std::vector<standalone::PropertyEntry>& entries);
+        const QString& name, const std::vector<quillmar::PropertyEntry>& entries);
 
 private:
     QString m_caption;

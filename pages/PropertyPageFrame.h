@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/qt/QtAlerts.h"
 #include "pages/PageServices.h"
 #include "pages/PropertyPage.h"
 #include "pages/SelectedControls.h"
+#include "qt/QtAlerts.h"
 
 #include <QDialog>
 #include <QList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/qt/QuillmarEdit.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QList>
 #include <QPointer>

@@ -1,8 +1,8 @@
 // quillmar-page-screenshots: opens the property pages on one field of a form file, as a form designer would,
 // and saves a picture of each page. The README's pictures of the pages are made with it.
-#include "control/FormFile.h"
-#include "host/qt/QuillmarEdit.h"
+#include "formfile/FormFile.h"
 #include "pages/FieldPages.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QApplication>
 #include <QRegularExpression>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "control/Settings.h"
-#include "control/Variant.h"
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
+#include "base/Settings.h"
+#include "base/Variant.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "validation/ConstraintNames.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 
 namespace quillmar {
 

@@ -1,6 +1,6 @@
 #include "validation/Conversions.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/DateTime.h"
 
 #include <charconv>

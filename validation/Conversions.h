@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/Variant.h"
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
+#include "base/Variant.h"
 #include "validation/Numbers.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/Settings.h"
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
+#include "base/Settings.h"
 
 #include <cstdint>
 #include <string>

@@ -2,7 +2,7 @@
 
 // The one grammar of numeric texts, shared by the parser that keeps every digit (`ParseNumber`) and the
 // one that keeps them in a fixed buffer (`ScanNumber`).
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
 #include "validation/Numbers.h"
 
 #include <algorithm>

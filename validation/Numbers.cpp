@@ -2,7 +2,7 @@
 
 #include "validation/NumberGrammar.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "validation/NumericText.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/Conversions.h"
 #include "validation/Numbers.h"
 

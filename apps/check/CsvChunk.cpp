@@ -1,7 +1,7 @@
 #include "apps/check/CsvChunk.h"
 
 #include "apps/check/RecordSplit.h"
-#include "apps/check/Utf8.h"
+#include "base/Utf8.h"
 
 #include <csv.h>
 #include <memory>

@@ -1,6 +1,7 @@
 #include "apps/check/FormFields.h"
 
-#include "control/FormFile.h"
+#include "base/Utf8.h"
+#include "formfile/FormFile.h"
 #include "host/standalone/StandaloneHost.h"
 
 #include <deque>
@@ -29,7 +30,7 @@ FormFields LoadFormFields(const std::filesystem::path& form, const LocaleInfo& l
     }
     for (size_t i = 0; i < controls.size(); ++i) {
         const Quillmar& control = controls[i].control;
-        result.fields.push_back({ standalone::ToUtf8(loaded.document->controls[i].name),
+        result.fields.push_back({ quillmar::ToUtf8(loaded.document->controls[i].name),
             PreparedRules(control.settings(), locale, control.MaxLength()) });
     }
     return result;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/LocaleInfo.h"
+#include "base/LocaleInfo.h"
 #include "validation/PreparedRules.h"
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "apps/check/Report.h"
 
-#include "apps/check/Utf8.h"
+#include "base/Utf8.h"
 #include "validation/ConstraintNames.h"
 #include "validation/Messages.h"
 

@@ -1,6 +1,6 @@
 #include "apps/check/TableSource.h"
 
-#include "apps/check/Utf8.h"
+#include "base/Utf8.h"
 #include "validation/DateTime.h"
 #include "validation/Numbers.h"
 

@@ -75,8 +75,8 @@ class PropertiesCommand : public QUndoCommand {
 public:
     struct Change {
         int id;
-        standalone::MemoryPropertyStore before;
-        standalone::MemoryPropertyStore after;
+        quillmar::MemoryPropertyStore before;
+        quillmar::MemoryPropertyStore after;
     };
     PropertiesCommand(DesignSurface& surface, std::vector<Change> changes);
     void redo() override;

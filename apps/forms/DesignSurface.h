@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/FormFile.h"
-#include "host/qt/QuillmarEdit.h"
+#include "formfile/FormFile.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QLabel>
 #include <QLine>

@@ -527,7 +527,7 @@ void DesignWindow::RecordPageApply() {
     for (auto& [id, before] : m_beforeApply) {
         qt::QuillmarEdit* field = m_surface->Field(id);
         if (!field) continue;
-        standalone::MemoryPropertyStore after;
+        quillmar::MemoryPropertyStore after;
         field->control().WriteProperties(after);
         if (after == before) continue;
         changes.push_back({ id, before, after });

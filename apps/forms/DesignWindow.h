@@ -123,7 +123,7 @@ private:
     QString m_localeName;
     bool m_changedOutsideStack = false;
     QPointer<pages::PropertyPageFrame> m_frame;
-    std::map<int, standalone::MemoryPropertyStore> m_beforeApply;
+    std::map<int, quillmar::MemoryPropertyStore> m_beforeApply;
     QPointer<FormWindow> m_runWindow;
     Alerts* m_alerts = nullptr;
     const pages::Clock* m_clock = nullptr;

@@ -1,7 +1,7 @@
 #include "apps/forms/FieldClipboard.h"
 
 #include "apps/forms/FieldNames.h"
-#include "host/qt/QtConversions.h"
+#include "qt/QtConversions.h"
 
 #include <QMimeData>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/FormFile.h"
+#include "formfile/FormFile.h"
 
 #include <QRect>
 #include <QSize>

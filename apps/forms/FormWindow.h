@@ -1,8 +1,8 @@
 #pragma once
 
 #include "apps/forms/RecordStore.h"
-#include "control/FormFile.h"
-#include "host/qt/QuillmarEdit.h"
+#include "formfile/FormFile.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QMessageBox>
 #include <QPushButton>

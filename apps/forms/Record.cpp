@@ -1,6 +1,6 @@
 #include "apps/forms/Record.h"
 
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/DateTime.h"
 #include "validation/Numbers.h"
 

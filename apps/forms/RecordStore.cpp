@@ -1,6 +1,6 @@
 #include "apps/forms/RecordStore.h"
 
-#include "host/qt/QtConversions.h"
+#include "qt/QtConversions.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/QuillmarEvents.h"
 #include "host/Host.h"
+#include "host/QuillmarEvents.h"
 
 #include <optional>
 #include <string>

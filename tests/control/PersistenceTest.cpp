@@ -1,5 +1,5 @@
+#include "base/MemoryPropertyStore.h"
 #include "control/Quillmar.h"
-#include "host/standalone/MemoryPropertyStore.h"
 #include "host/standalone/StandaloneHost.h"
 
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 namespace quillmar {
 namespace {
 
-using standalone::MemoryPropertyStore;
-using standalone::PropertyEntry;
+using quillmar::MemoryPropertyStore;
+using quillmar::PropertyEntry;
 using Entries = std::vector<PropertyEntry>;
 
 // A control on a form being designed, so that the two lists can be read back through their readers.

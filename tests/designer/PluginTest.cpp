@@ -43,7 +43,7 @@ TEST_F(DesignerPlugin, WidgetBoxEntryDescribesTheField) {
     QDesignerCustomWidgetInterface* entry = Field();
     ASSERT_NE(entry, nullptr) << loader.errorString().toStdString();
     EXPECT_EQ(entry->group(), QStringLiteral("Quillmar"));
-    EXPECT_EQ(entry->includeFile(), QStringLiteral("host/qt/QuillmarEdit.h"));
+    EXPECT_EQ(entry->includeFile(), QStringLiteral("qt/QuillmarEdit.h"));
     EXPECT_FALSE(entry->isContainer());
     EXPECT_FALSE(entry->icon().isNull());
     const QString xml = entry->domXml();

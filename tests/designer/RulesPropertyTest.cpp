@@ -1,5 +1,5 @@
-#include "host/qt/QuillmarEdit.h"
-#include "host/standalone/MemoryPropertyStore.h"
+#include "base/MemoryPropertyStore.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QApplication>
 #include <QMetaEnum>
@@ -13,7 +13,7 @@
 namespace quillmar::qt {
 namespace {
 
-using standalone::MemoryPropertyStore;
+using quillmar::MemoryPropertyStore;
 
 class RulesProperty : public ::testing::Test {
 protected:

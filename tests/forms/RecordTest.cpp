@@ -1,6 +1,6 @@
 #include "apps/forms/Record.h"
 #include "apps/forms/SubmitSummary.h"
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/DateTime.h"
 
 #include <gtest/gtest.h>

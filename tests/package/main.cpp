@@ -1,7 +1,7 @@
 // A field made from the installed package checks a text by its rules, and its page frame is at hand.
-#include "host/qt/QuillmarEdit.h"
 #include "pages/FieldPages.h"
 #include "pages/PropertyPageFrame.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QApplication>
 #include <QMetaEnum>

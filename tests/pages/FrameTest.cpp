@@ -124,7 +124,7 @@ TEST_F(FieldPages, ConfiguredFieldsSurviveSavingAndLoading) {
         ASSERT_FALSE(frame.isVisible()) << "the pages refused";
         EXPECT_TRUE(alerts.messages.empty());
 
-        standalone::MemoryPropertyStore saved, again;
+        quillmar::MemoryPropertyStore saved, again;
         field->control().WriteProperties(saved);
         qt::QuillmarEdit* loaded = AddControl(name);
         loaded->control().ReadProperties(saved);

@@ -1,5 +1,5 @@
 #include "pages/PageChecks.h"
-#include "control/Enums.h"
+#include "base/Enums.h"
 
 #include <gtest/gtest.h>
 

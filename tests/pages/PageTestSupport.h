@@ -1,9 +1,9 @@
 #pragma once
 
-#include "control/Enums.h"
-#include "host/qt/QuillmarEdit.h"
+#include "base/Enums.h"
 #include "host/standalone/StandaloneHost.h"
 #include "pages/PropertyPageFrame.h"
+#include "qt/QuillmarEdit.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,8 +1,8 @@
-#include "host/qt/QuillmarEdit.h"
-#include "host/qt/EditHistory.h"
-#include "host/qt/FieldHints.h"
-#include "host/qt/QtConversions.h"
+#include "qt/QuillmarEdit.h"
 #include "host/standalone/StandaloneHost.h"
+#include "qt/EditHistory.h"
+#include "qt/FieldHints.h"
+#include "qt/QtConversions.h"
 
 #include <QAccessible>
 #include <QAction>

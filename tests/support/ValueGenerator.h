@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/Enums.h"
-#include "control/Variant.h"
+#include "base/Enums.h"
+#include "base/Variant.h"
 
 #include <bit>
 #include <cmath>

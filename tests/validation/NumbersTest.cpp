@@ -1,5 +1,5 @@
 #include "validation/Numbers.h"
-#include "control/Enums.h"
+#include "base/Enums.h"
 #include "validation/Conversions.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,164 @@
+// The prepared checker against the interactive one: generated texts of every type, under a decimal point and
+// a decimal comma, give the bits a field's CheckInput gives while it holds the same text.
+#include "validation/PreparedRules.h"
+#include "base/Utf8.h"
+#include "formfile/FormFile.h"
+#include "host/standalone/StandaloneHost.h"
+#include "support/ValueGenerator.h"
+#include "validation/Conversions.h"
+#include "validation/Rules.h"
+
+#include <deque>
+#include <gtest/gtest.h>
+
+namespace quillmar {
+namespace {
+
+// Units that make texts interesting for the checks: digits and the characters of numbers, dates and times,
+// both separators, spaces locales group with, letters whose case maps specially or to another length, a
+// surrogate pair and lone surrogates.
+constexpr char16_t kAlphabet[] = { u'0', u'1', u'2', u'5', u'9', u'-', u'+', u'e', u'E', u'.', u',', u':',
+    u' ', u'/', u'a', u'A', u'z', u'Z', u'\t', 0x00A0, 0x202F, 0x00E9, 0x00C9, 0x00DF, 0x0130, 0x01C5, 0x03A3,
+    0xFB00, 0xD83D, 0xDE00, 0x00FF, 0 };
+
+std::u16string Mutate(std::u16string text, std::mt19937_64& random) {
+    const size_t edits = random() % 4;
+    for (size_t e = 0; e < edits; ++e) {
+        const char16_t unit = kAlphabet[random() % (std::size(kAlphabet) - 1)];
+        const size_t at = text.empty() ? 0 : random() % (text.size() + 1);
+        switch (random() % 3) {
+        case 0:
+            text.insert(at, 1, unit);
+            break;
+        case 1:
+            if (at < text.size()) text.erase(at, 1);
+            break;
+        default:
+            if (at < text.size()) text[at] = unit;
+        }
+    }
+    // Now and then a number with more digits than the allocation-free path keeps.
+    if (random() % 50 == 0) text.insert(0, 70, u'9');
+    return text;
+}
+
+std::u16string RandomText(std::mt19937_64& random) {
+    std::u16string text;
+    const size_t length = random() % 12;
+    for (size_t i = 0; i < length; ++i)
+        text += kAlphabet[random() % (std::size(kAlphabet) - 1)];
+    return text;
+}
+
+// A text a person might type into a field of the type: a generated value's own text, mutated.
+std::u16string GenerateText(int32_t type, const LocaleInfo& locale, std::mt19937_64& random) {
+    if (!IsNumericType(type) && !IsDateTimeType(type)) return RandomText(random);
+    return Mutate(TextOf(testing::GenerateValue(type, random), locale), random);
+}
+
+constexpr int kTextsPerField = 4000;
+
+class PreparedRulesAgreement : public ::testing::TestWithParam<const char*> { };
+
+TEST_P(PreparedRulesAgreement, EveryFieldOfTheExampleFormGivesCheckInputsBits) {
+    const LocaleInfo locale = LocaleInfo::FromName(GetParam());
+    const FormResult form = LoadFormFile(QUILLMAR_EXAMPLES_DIR "/orders.qform.json");
+    ASSERT_TRUE(form.document) << form.error;
+    struct Field {
+        explicit Field(const LocaleInfo& locale) { host.locale.Set(locale); }
+        standalone::StandaloneHost host;
+        Quillmar control { host.Services() };
+    };
+    std::deque<Field> fields;
+    ASSERT_FALSE(BuildFormControls(*form.document, "orders",
+        [&](const FormControl&) -> Quillmar& { return fields.emplace_back(locale).control; }));
+    std::mt19937_64 random(20240611);
+    for (Field& field : fields) {
+        // Without sifting the field keeps whatever text it is given, as when data is imported into it.
+        field.control.SetInputSifting(vldNone);
+        const PreparedRules rules(field.control.settings(), locale, field.control.MaxLength());
+        const int32_t type = field.control.settings().MustBeType;
+        for (int i = 0; i < kTextsPerField; ++i) {
+            const std::u16string text = GenerateText(type, locale, random);
+            field.host.editBox.SetText(text);
+            ASSERT_EQ(field.host.editBox.Text(), text);
+            ASSERT_EQ(rules.CheckInput(text), field.control.CheckInput())
+                << "type " << type << ", text " << quillmar::ToUtf8(text);
+        }
+    }
+}
+
+// Settings the example form does not hold: every character and case rule, forbidden values of each kind,
+// the exponent form, limits given as text.
+std::vector<Settings> HandMadeSettings() {
+    std::vector<Settings> all;
+    Settings text;
+    text.MustBeType = vldString;
+    text.ValidCharactersSet = u"abcdefghijklmnopqrstuvwxyz \u00E9";
+    text.ValidCharactersSet += char16_t { 0xD83D };
+    text.ExtraExcludedCharacters = u"z";
+    text.ExtraIncludedCharacters = u"-z\u00C9";
+    text.NoDigits = true;
+    text.MustBeLowerCase = true;
+    text.MustNotBeValues = { {}, u"aa", 12.5, u"" };
+    all.push_back(text);
+    text = Settings {};
+    text.MustBeType = vldUnspecified;
+    text.OnlyLetters = true;
+    text.MustBeUpperCase = true;
+    text.MustBeProperCase = true;
+    text.CustomMask = u"[!0-9]*?";
+    all.push_back(text);
+    for (const int32_t type : { vldByte, vldInteger, vldLong, vldSingle, vldDouble, vldCurrency }) {
+        Settings number;
+        number.MustBeType = static_cast<MustBeTypeConstants>(type);
+        number.AllowScientificFormat = type == vldSingle || type == vldDouble;
+        number.ThousandSeparator = type == vldCurrency || type == vldLong ? vldTSAllowed : vldTSForbidden;
+        number.MustBeNegative = type == vldDouble;
+        number.MustNotBeZero = true;
+        number.MaxNumberOfDecimals = 2;
+        number.MinValue = u"-1000";
+        number.MaxValue = 250.0;
+        number.MustNotBeValues = { {}, u"13", 7, u"abc" };
+        all.push_back(number);
+    }
+    Settings date;
+    date.MustBeType = vldDate;
+    date.MinValue = u"1/1/2000";
+    date.MaxValue = Date { 73050 };
+    date.MustNotBeValues = { {}, Date { 45000 }, u"12:00" };
+    all.push_back(date);
+    return all;
+}
+
+TEST_P(PreparedRulesAgreement, HandMadeSettingsGiveEvaluateRulesBits) {
+    const LocaleInfo locale = LocaleInfo::FromName(GetParam());
+    std::mt19937_64 random(7);
+    for (const Settings& settings : HandMadeSettings()) {
+        for (const int32_t maxLength : { 0, 5 }) {
+            const PreparedRules rules(settings, locale, maxLength);
+            for (int i = 0; i < kTextsPerField / 2; ++i) {
+                const std::u16string text = GenerateText(settings.MustBeType, locale, random);
+                ASSERT_EQ(rules.Evaluate(text), EvaluateRules(text, settings, locale, maxLength))
+                    << "type " << settings.MustBeType << ", text " << quillmar::ToUtf8(text);
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE"));
+
+TEST(CheckColumn, AnUnspecifiedFieldTakesEveryTextAsCheckInputDoes) {
+    Settings settings;
+    settings.RequiredField = true;
+    const PreparedRules rules(settings, LocaleInfo::FromName("en_US"), 0);
+    const std::u16string_view texts[] = { u"", u"x" };
+    int32_t bits[2] = { -1, -1 };
+    CheckColumn(rules, texts, bits);
+    EXPECT_EQ(bits[0], 0);
+    EXPECT_EQ(bits[1], 0);
+    EXPECT_EQ(rules.Evaluate(u""), vldCCRequiredField);
+}
+
+} // namespace
+} // namespace quillmar
