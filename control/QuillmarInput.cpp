@@ -2,12 +2,9 @@
 // sifted, changes repaired or undone, snapshots taken and the focus exit validated.
 #include "control/Quillmar.h"
 
+#include "input/ChangeRepair.h"
 #include "input/KeySifting.h"
 #include "input/PasteText.h"
-#include "input/Shapes.h"
-#include "validation/Numbers.h"
-#include "validation/Pattern.h"
-#include "validation/TextCase.h"
 
 namespace quillmar {
 namespace {
@@ -18,10 +15,6 @@ thread_local int32_t focusHoldWindow = 0;
 
 constexpr int16_t kCtrlMask = 2;
 constexpr int16_t kBackspace = 8;
-
-bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
 
 } // namespace
 
@@ -126,62 +119,28 @@ void Quillmar::OnChange() {
 
 void Quillmar::RepairChange() {
     EditBox& box = m_host.editBox;
-    std::u16string text = box.Text();
-    if (text.empty()) return;
-    const LocaleInfo locale = Locale();
-    // The case is mapped only for a rule that is on: the mapping is the dearest part of a typed key.
-    const auto force = [&](bool rule, std::u16string (*mapped)(std::u16string_view)) {
-        if (!rule) return;
-        std::u16string forced = mapped(text);
-        if (forced == text) return;
-        GuardedWrite(forced, box.SelStart(), box.SelLength());
-        text = std::move(forced);
-    };
-    force(m_settings.MustBeUpperCase, UpperCase);
-    force(m_settings.MustBeLowerCase, LowerCase);
-    force(m_settings.MustBeProperCase, ProperCase);
-
-    if (m_state.NumericMode) {
-        const std::u16string thousands = ThousandsSeparator(m_settings.ThousandSeparator, locale);
-        const size_t first = text.find_first_not_of(u' ');
-        const size_t last = text.find_last_not_of(u' ');
-        if (thousands != u" " && (first != 0 || last != text.size() - 1)) {
-            text = first == std::u16string::npos ? std::u16string() : text.substr(first, last - first + 1);
-            GuardedWrite(text, static_cast<int32_t>(text.size()), 0);
+    // An emptied field is left as it is, and its last settled text stays what a refused change restores.
+    if (box.Text().empty()) return;
+    const ChangeRepair repair = RepairChangedText(box.Text(), m_settings, m_state, Locale());
+    for (const RepairEdit& edit : repair.edits) {
+        int32_t selStart = box.SelStart();
+        int32_t selLength = box.SelLength();
+        if (edit.selection == RepairSelection::CaretAtEnd) {
+            selStart = static_cast<int32_t>(edit.text.size());
+            selLength = 0;
+        } else if (edit.selection == RepairSelection::AfterLeadingMinus) {
+            ++selStart;
         }
-        // Also when trimming left nothing: the field then holds the minus alone, ready for the digits.
-        if (m_settings.MustBeNegative && (text.empty() || text[0] != u'-')) {
-            const int32_t selStart = box.SelStart();
-            const int32_t selLength = box.SelLength();
-            text.insert(text.begin(), u'-');
-            GuardedWrite(text, selStart + 1, selLength);
-        }
-        const char16_t decimal = locale.decimalSeparator;
-        const size_t point = text.find(decimal);
-        const int decimals = m_settings.MaxNumberOfDecimals;
-        if (point != std::u16string::npos && decimals >= 1) {
-            size_t end = point + 1;
-            while (end < text.size() && IsDigit(text[end]))
-                ++end;
-            if (end - point - 1 > static_cast<size_t>(decimals)) {
-                if (m_settings.AllowScientificFormat && text.find_first_of(u"eE") != std::u16string::npos) {
-                    if (!m_state.ProgrammaticWrite) RestoreSnapshot(Refusal::TooManyDecimals);
-                    return;
-                }
-                text.erase(point + 1 + static_cast<size_t>(decimals),
-                    end - point - 1 - static_cast<size_t>(decimals));
-                GuardedWrite(text, box.SelStart(), box.SelLength());
-                m_lastRefusal = Refusal::TooManyDecimals;
-            }
-        }
+        GuardedWrite(edit.text, selStart, selLength);
     }
     // The final validation's own writes (the understood form, a corrective action) are repaired above but
     // never refused: the field would otherwise spring back to the text it just reported and corrected.
-    if (m_state.ProgrammaticWrite) return;
-    if (const Refusal refusal = WholeTextRefusal(text, m_state, m_settings, locale); refusal == Refusal::None)
-        TakeSnapshot();
-    else
-        RestoreSnapshot(refusal);
+    if (repair.refused) {
+        if (!m_state.ProgrammaticWrite) RestoreSnapshot(repair.refusal);
+        return;
+    }
+    if (repair.refusal != Refusal::None) m_lastRefusal = repair.refusal;
+    if (!m_state.ProgrammaticWrite) TakeSnapshot();
 }
 
 // Pastes and drops: numbers, dates and times copied from elsewhere are made to read as typed here before
