@@ -93,19 +93,6 @@ void GeneralPage::BuildFields() {
         button->setFocusPolicy(Qt::TabFocus);
         button->setAutoDefault(false);
     }
-
-    // The oracle that tells whether a list item is a value of the type: silent, never sifting, and kept out
-    // of sight, since the author has nothing to do with it.
-    m_txtTest = MakeEmbeddedField(QStringLiteral("txtTest"),
-        EmbeddedEntries({
-            { u"Beeping", false },
-            { u"Actions", StoredActions(32, 8, 16) },
-            { u"ShowErrorMessage", false },
-            { u"ErrorMessageMode", int32_t { vldAutoBasic } },
-            { u"InputSifting", int32_t { vldNone } },
-            { u"Enabled", false },
-        }));
-    m_txtTest->hide();
 }
 
 void GeneralPage::BuildLayout() {
@@ -305,16 +292,14 @@ bool GeneralPage::CheckCollisions(int32_t type) {
 
     // A limit of the type's own class bounds the default; one that cannot bound it is skipped. A default
     // that does not convert while such a limit exists refuses without a word.
-    bool collide = false;
-    for (const bool isMax : { true, false }) {
-        const Variant& limit = isMax ? first.MaxValue() : first.MinValue();
-        if (limit.IsEmpty() || limit.IsEmptyString() || !IsLimitCompatible(limit, type, locale)) continue;
-        const auto bound = ConvertByKind(limit, kind, locale);
-        const auto value = ConvertByKind(defaultText, kind, locale);
-        if (!bound || !value) return false;
-        if (isMax ? *value > *bound : *value < *bound) collide = true;
-    }
-    if (collide) {
+    const auto bounding = [&](const Variant& limit) {
+        return limit.IsEmpty() || limit.IsEmptyString() || !IsLimitCompatible(limit, type, locale) ? nullptr
+                                                                                                   : &limit;
+    };
+    const RangePosition position
+        = PositionInRange(defaultText, bounding(first.MinValue()), bounding(first.MaxValue()), kind, locale);
+    if (position == RangePosition::Unreadable) return false;
+    if (position != RangePosition::Inside) {
         Beep();
         ShowMessage(QStringLiteral("DefaultValue is in a collision with Min/Max range."), kDefaultValueTitle,
             IconExclamation);
@@ -340,7 +325,7 @@ bool GeneralPage::CheckCollisions(int32_t type) {
         }
     }
 
-    if (!AllItemsFit(type)) {
+    if (!MisfitItems(type).empty()) {
         const Answer answer
             = Ask(QStringLiteral("Some of the items in the MustNotBeValues list are incompatible "
                                  "with the current settings.\r\nWould you like them to be "
@@ -352,26 +337,18 @@ bool GeneralPage::CheckCollisions(int32_t type) {
     return true;
 }
 
-bool GeneralPage::AllItemsFit(int32_t type) {
-    if (m_cboMustNotBe->count() == 0) return true;
-    m_txtTest->SetMustBeType(type);
-    if (type == vldString) return true;
-    for (int i = 0; i < m_cboMustNotBe->count(); ++i) {
-        m_txtTest->SetText(m_cboMustNotBe->itemText(i));
-        if (!m_txtTest->IsValid()) return false;
-    }
-    return true;
+std::vector<size_t> GeneralPage::MisfitItems(int32_t type) {
+    std::vector<std::u16string> items;
+    for (int i = 0; i < m_cboMustNotBe->count(); ++i)
+        items.push_back(qt::FromQString(m_cboMustNotBe->itemText(i)));
+    return ItemsNotOfType(items, type, Services().Locale());
 }
 
 void GeneralPage::RemoveIncompatibleItems(int32_t type) {
-    if (m_cboMustNotBe->count() == 0) return;
-    m_txtTest->SetMustBeType(type);
-    if (type == vldString) return;
     // The caption keeps the count it showed until the next load, add or remove.
-    for (int i = m_cboMustNotBe->count() - 1; i >= 0; --i) {
-        m_txtTest->SetText(m_cboMustNotBe->itemText(i));
-        if (!m_txtTest->IsValid()) m_cboMustNotBe->removeItem(i);
-    }
+    const std::vector<size_t> misfits = MisfitItems(type);
+    for (auto i = misfits.rbegin(); i != misfits.rend(); ++i)
+        m_cboMustNotBe->removeItem(static_cast<int>(*i));
 }
 
 } // namespace quillmar::pages

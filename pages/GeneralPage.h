@@ -4,6 +4,7 @@
 #include "pages/PropertyPage.h"
 
 #include <functional>
+#include <vector>
 
 class QCheckBox;
 class QComboBox;
@@ -55,7 +56,8 @@ private:
     /// True when the default value and the list may be written for the type; shows why not otherwise.
     [[nodiscard]] bool CheckCollisions(int32_t type);
     /// True when the hidden field accepts every list item as a value of the type.
-    [[nodiscard]] bool AllItemsFit(int32_t type);
+    /// The positions of the forbidden-list items that are no value of the type.
+    [[nodiscard]] std::vector<size_t> MisfitItems(int32_t type);
     void RemoveIncompatibleItems(int32_t type);
     /// Writes one property to every selected field (or to the first only); a refused value is skipped.
     void WriteEach(const std::function<void(Quillmar&)>& write, bool firstOnly = false);
@@ -72,7 +74,6 @@ private:
     QPushButton* m_cmdAddNew = nullptr;
     QComboBox* m_cboMustNotBe = nullptr;
     QPushButton* m_cmdRemove = nullptr;
-    qt::QuillmarEdit* m_txtTest = nullptr;
     bool m_applying = false;
 };
 

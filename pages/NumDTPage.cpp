@@ -227,15 +227,13 @@ bool NumDTPage::CollisionCheck() {
     const LocaleInfo locale = Services().Locale();
     const Variant minText(TextOfField(m_txtMinValue));
     const Variant maxText(TextOfField(m_txtMaxValue));
-    const bool hasMin = !minText.AsString().empty();
-    const bool hasMax = !maxText.AsString().empty();
+    const Variant* min = minText.AsString().empty() ? nullptr : &minText;
+    const Variant* max = maxText.AsString().empty() ? nullptr : &maxText;
     // A limit or default that does not convert refuses without a word.
-    if (hasMin && hasMax) {
-        const std::optional<double> min = ConvertByKind(minText, kind, locale);
-        if (!min) return false;
-        const std::optional<double> max = ConvertByKind(maxText, kind, locale);
-        if (!max) return false;
-        if (*min > *max) {
+    if (min && max) {
+        const RangePosition order = PositionInRange(*min, nullptr, max, kind, locale);
+        if (order == RangePosition::Unreadable) return false;
+        if (order == RangePosition::AboveMax) {
             RefuseRange(QStringLiteral("MaxValue must be >= than MinValue."),
                 QStringLiteral("Property Page: Min/MaxValue"), m_txtMaxValue);
             return false;
@@ -244,25 +242,19 @@ bool NumDTPage::CollisionCheck() {
     // The default is the one the selected field holds now; an edit not yet applied elsewhere is not seen.
     const Variant& defaultValue = control.DefaultValue();
     if (TextOf(defaultValue, locale).empty()) return true;
-    if (hasMax) {
-        const std::optional<double> max = ConvertByKind(maxText, kind, locale);
-        const std::optional<double> value = ConvertByKind(defaultValue, kind, locale);
-        if (!max || !value) return false;
-        if (*value > *max) {
-            RefuseRange(QStringLiteral("MaxValue is in a collision with the DefaultValue."),
-                QStringLiteral("Property Page: MaxValue"), m_txtMaxValue);
-            return false;
-        }
-    }
-    if (hasMin) {
-        const std::optional<double> min = ConvertByKind(minText, kind, locale);
-        const std::optional<double> value = ConvertByKind(defaultValue, kind, locale);
-        if (!min || !value) return false;
-        if (*value < *min) {
-            RefuseRange(QStringLiteral("MinValue is in a collision with the DefaultValue."),
-                QStringLiteral("Property Page: MinValue"), m_txtMinValue);
-            return false;
-        }
+    switch (PositionInRange(defaultValue, min, max, kind, locale)) {
+    case RangePosition::Unreadable:
+        return false;
+    case RangePosition::AboveMax:
+        RefuseRange(QStringLiteral("MaxValue is in a collision with the DefaultValue."),
+            QStringLiteral("Property Page: MaxValue"), m_txtMaxValue);
+        return false;
+    case RangePosition::BelowMin:
+        RefuseRange(QStringLiteral("MinValue is in a collision with the DefaultValue."),
+            QStringLiteral("Property Page: MinValue"), m_txtMinValue);
+        return false;
+    case RangePosition::Inside:
+        break;
     }
     return true;
 }

@@ -1,7 +1,9 @@
 #include "pages/PageChecks.h"
 
 #include "base/Enums.h"
+#include "base/Settings.h"
 #include "validation/Conversions.h"
+#include "validation/Rules.h"
 
 namespace quillmar::pages {
 
@@ -107,6 +109,31 @@ bool SiftingEnabled(int32_t type) noexcept {
 
 MessageFieldEnables MessageFieldsEnabled(int32_t type, bool showErrorMessage, bool custom) noexcept {
     return { showErrorMessage, showErrorMessage && custom, type != vldUnspecified };
+}
+
+RangePosition PositionInRange(
+    const Variant& value, const Variant* min, const Variant* max, ValueKind kind, const LocaleInfo& locale) {
+    for (const bool isMax : { true, false }) {
+        const Variant* limit = isMax ? max : min;
+        if (!limit) continue;
+        const std::optional<double> bound = ConvertByKind(*limit, kind, locale);
+        const std::optional<double> converted = ConvertByKind(value, kind, locale);
+        if (!bound || !converted) return RangePosition::Unreadable;
+        if (isMax && *converted > *bound) return RangePosition::AboveMax;
+        if (!isMax && *converted < *bound) return RangePosition::BelowMin;
+    }
+    return RangePosition::Inside;
+}
+
+std::vector<size_t> ItemsNotOfType(
+    const std::vector<std::u16string>& items, int32_t type, const LocaleInfo& locale) {
+    std::vector<size_t> misfits;
+    if (type == vldUnspecified || type == vldString) return misfits;
+    Settings settings;
+    settings.MustBeType = static_cast<MustBeTypeConstants>(type);
+    for (size_t i = 0; i < items.size(); ++i)
+        if (EvaluateRules(items[i], settings, locale, 0) != 0) misfits.push_back(i);
+    return misfits;
 }
 
 } // namespace quillmar::pages

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmar::pages {
 
@@ -21,6 +22,29 @@ enum class ValueKind { Number, Date };
 /// value that passes the date conversion; nullopt when it does not (Empty and the empty text included).
 [[nodiscard]] std::optional<double> ConvertByKind(
     const Variant& value, ValueKind kind, const LocaleInfo& locale);
+
+/// Where a value lies against the limits that bound it.
+enum class RangePosition {
+    Inside,
+    /// Above the maximum (which is compared first).
+    AboveMax,
+    /// Below the minimum.
+    BelowMin,
+    /// The value, or a limit it is compared with, does not convert by kind.
+    Unreadable,
+};
+
+/// Where `value` lies against `max` and then `min`, each converted by kind (`ConvertByKind`); a null limit
+/// bounds nothing. The one comparison both pages make: a default value against the limits, and (with no
+/// minimum) a minimum against a maximum, which lies `AboveMax` when the two exclude each other.
+[[nodiscard]] RangePosition PositionInRange(
+    const Variant& value, const Variant* min, const Variant* max, ValueKind kind, const LocaleInfo& locale);
+
+/// The 0-based positions of the forbidden-list items that are no value of a field of the type: those in
+/// which the rule checker, under the type's default rules, finds a broken rule. Every item fits a text type
+/// and `vldUnspecified`.
+[[nodiscard]] std::vector<size_t> ItemsNotOfType(
+    const std::vector<std::u16string>& items, int32_t type, const LocaleInfo& locale);
 
 /// What a limit's text holds: nothing usable, a number, a date, or a time (a date text with ":").
 enum class LimitClass { None, Number, Date, Time };

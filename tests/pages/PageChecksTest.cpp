@@ -47,6 +47,38 @@ TEST(PageChecks, FindsTheDefaultInTheForbiddenList) {
         EXPECT_EQ(FindDefaultInList(list, defaultValue, type, us), index) << "type " << type;
 }
 
+// The default against the limits, the maximum first; an unreadable value or limit stops the comparison.
+TEST(PageChecks, PlacesAValueAgainstItsLimits) {
+    const Variant one(u"1"), ten(u"10"), hundred(u"100"), word(u"abc"), noon(u"12:00");
+    const struct {
+        const Variant* value;
+        const Variant* min;
+        const Variant* max;
+        ValueKind kind;
+        RangePosition expected;
+    } rows[] = {
+        { &ten, &one, &hundred, ValueKind::Number, RangePosition::Inside },
+        { &hundred, &one, &ten, ValueKind::Number, RangePosition::AboveMax }, // beyond both: the maximum
+        { &one, &ten, &hundred, ValueKind::Number, RangePosition::BelowMin },
+        { &one, nullptr, nullptr, ValueKind::Number, RangePosition::Inside },
+        { &word, &one, nullptr, ValueKind::Number, RangePosition::Unreadable },
+        { &ten, &word, nullptr, ValueKind::Number, RangePosition::Unreadable },
+        { &noon, nullptr, &ten, ValueKind::Number, RangePosition::Unreadable },
+        { &ten, nullptr, &one, ValueKind::Number, RangePosition::AboveMax }, // a minimum above the maximum
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(PositionInRange(*row.value, row.min, row.max, row.kind, us), row.expected);
+}
+
+TEST(PageChecks, FindsTheListItemsThatAreNoValueOfTheType) {
+    const std::vector<std::u16string> items { u"12", u"abc", u"1.5", u"1/1/2000", u"" };
+    EXPECT_EQ(ItemsNotOfType(items, vldInteger, us), (std::vector<size_t> { 1, 2, 3 }));
+    EXPECT_EQ(ItemsNotOfType(items, vldDouble, us), (std::vector<size_t> { 1, 3 }));
+    EXPECT_EQ(ItemsNotOfType(items, vldDate, us), (std::vector<size_t> { 0, 1, 2 }));
+    EXPECT_TRUE(ItemsNotOfType(items, vldString, us).empty());
+    EXPECT_TRUE(ItemsNotOfType(items, vldUnspecified, us).empty());
+}
+
 TEST(PageChecks, TheListCaptionCountsItsItems) {
     EXPECT_EQ(ForbiddenListCaption(0), u"MustNotBe&Values");
     EXPECT_EQ(ForbiddenListCaption(1), u"MustNotBe&Values (1 item)");
