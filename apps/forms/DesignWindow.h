@@ -109,6 +109,7 @@ public:
     [[nodiscard]] pages::PropertyPageFrame* PropertyFrame() const { return m_pages->Frame(); }
     /// The open run-mode window, or nullptr.
     [[nodiscard]] FormWindow* RunWindow() const { return m_runWindow; }
+    /// The window's commands, as its menus, toolbox and context menu show them.
     [[nodiscard]] const DesignActions& Actions() const { return m_actions; }
 
     /// The locale of the fields and the pages ("en_US"; empty for the system's).
