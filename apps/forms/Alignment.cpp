@@ -1,7 +1,5 @@
 #include "apps/forms/Alignment.h"
 
-#include <cstdlib>
-
 namespace quillmar::forms {
 
 QList<QRect> Aligned(QList<QRect> rects, const QRect& reference, Alignment alignment) {
@@ -31,14 +29,6 @@ QList<QRect> Aligned(QList<QRect> rects, const QRect& reference, Alignment align
         }
     }
     return rects;
-}
-
-std::optional<int> SnapOffset(int edge, const QList<int>& targets, int reach) {
-    std::optional<int> best;
-    for (int target : targets)
-        if (std::abs(target - edge) <= reach && (!best || std::abs(target - edge) < std::abs(*best)))
-            best = target - edge;
-    return best;
 }
 
 } // namespace quillmar::forms

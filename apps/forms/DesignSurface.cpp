@@ -1,8 +1,10 @@
 #include "apps/forms/DesignSurface.h"
 
-#include "apps/forms/Alignment.h"
+#include "apps/forms/DesignGeometry.h"
+#include "apps/forms/FieldLabel.h"
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormFont.h"
+#include "apps/forms/SelectionOverlay.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -12,84 +14,17 @@
 #include <QRubberBand>
 
 #include <algorithm>
-#include <cstdlib>
 #include <optional>
 #include <utility>
 
 namespace quillmar::forms {
 namespace {
 
-constexpr int kLabelWidth = 104; // as the form shows it when it runs
-constexpr int kLabelGap = 8;
-constexpr int kHandle = 6;
 constexpr int kGrid = 8;
 constexpr QSize kNewFieldSize { 160, 21 };
-constexpr QSize kMinimumSize { 16, 12 };
 constexpr int kNewFieldLeft = 120;
 constexpr int kRowGap = 7;
-constexpr int kSnapReach = 4; // how near an edge must come to another field's to meet it
-constexpr int kFormEdge = 5; // how near the form's right or bottom edge a press takes hold of it
 constexpr QSize kLeastForm { 120, 60 };
-
-// The nearer of two offsets, or the one there is.
-std::optional<int> Nearer(std::optional<int> a, std::optional<int> b) {
-    if (!a || !b) return a ? a : b;
-    return std::abs(*b) < std::abs(*a) ? b : a;
-}
-
-// The handles of a field, clockwise from the top-left corner.
-QList<QRect> Handles(const QRect& r) {
-    const QPoint points[]
-        = { r.topLeft(), { r.center().x(), r.top() }, r.topRight(), { r.right(), r.center().y() },
-              r.bottomRight(), { r.center().x(), r.bottom() }, r.bottomLeft(), { r.left(), r.center().y() } };
-    QList<QRect> handles;
-    for (const QPoint& p : points)
-        handles << QRect(p.x() - kHandle / 2, p.y() - kHandle / 2, kHandle, kHandle);
-    return handles;
-}
-
-// Draws the selection above the fields; the surface itself takes every mouse event.
-class SelectionOverlay final : public QWidget {
-public:
-    explicit SelectionOverlay(DesignSurface* surface)
-        : QWidget(surface)
-        , m_surface(surface) {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        const QList<int> selected = m_surface->Selection();
-        const QColor accent = palette().color(QPalette::Highlight);
-        const int primary = m_surface->Primary();
-        for (int id : selected) {
-            const QRect r = m_surface->GeometryOf(id).adjusted(-1, -1, 0, 0);
-            painter.setPen(QPen(accent, 1, Qt::DashLine));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRect(r);
-            painter.setPen(accent);
-            painter.setBrush(id == primary ? QBrush(accent) : QBrush(Qt::white));
-            for (const QRect& handle : Handles(r))
-                painter.drawRect(handle);
-        }
-        // Where a dragged field's edge meets the same edge of another.
-        painter.setPen(QPen(accent, 1));
-        for (const QLine& guide : m_surface->Guides())
-            painter.drawLine(guide);
-        // The form's own grips: the middle of its right and bottom edges and its corner.
-        painter.setPen(palette().color(QPalette::Dark));
-        painter.setBrush(palette().color(QPalette::Base));
-        const int w = width();
-        const int h = height();
-        for (const QPoint& p : { QPoint(w - kHandle, h / 2 - kHandle / 2),
-                 QPoint(w / 2 - kHandle / 2, h - kHandle), QPoint(w - kHandle, h - kHandle) })
-            painter.drawRect(QRect(p, QSize(kHandle - 1, kHandle - 1)));
-    }
-
-private:
-    DesignSurface* m_surface;
-};
 
 } // namespace
 
@@ -145,21 +80,11 @@ QSize DesignSurface::LeastFormSize() const {
     return least.boundedTo(QSize(kMaxFormExtent, kMaxFormExtent));
 }
 
-Qt::Edges DesignSurface::FormEdgesAt(const QPoint& point) const {
-    Qt::Edges edges;
-    if (!rect().contains(point)) return edges;
-    if (point.x() >= width() - kFormEdge) edges |= Qt::RightEdge;
-    if (point.y() >= height() - kFormEdge) edges |= Qt::BottomEdge;
-    return edges;
-}
-
 void DesignSurface::UpdateCursor(const QPoint& at) {
     if (m_placing) return; // the designer shows the placing cross
-    static const Qt::CursorShape shapes[]
-        = { Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor };
-    const Qt::Edges edges = FormEdgesAt(at);
+    const Qt::Edges edges = FormEdgesAt(size(), at);
     if (const int handle = HandleAt(at); handle >= 0)
-        setCursor(shapes[handle % 4]);
+        setCursor(HandleCursor(handle));
     else if (edges == (Qt::RightEdge | Qt::BottomEdge))
         setCursor(Qt::SizeFDiagCursor);
     else if (edges)
@@ -195,9 +120,8 @@ qt::QuillmarEdit* DesignSurface::MakeEdit(const QString& name) {
 }
 
 void DesignSurface::PlaceLabel(Entry& entry) {
-    const QRect g = entry.geometry;
     entry.label->setText(entry.labelText + QLatin1Char(':'));
-    entry.label->setGeometry(g.left() - kLabelWidth - kLabelGap, g.top(), kLabelWidth, g.height());
+    entry.label->setGeometry(LabelGeometry(entry.geometry));
 }
 
 qt::QuillmarEdit* DesignSurface::AddEntry(const PlacedField& placed) {
@@ -414,18 +338,11 @@ int DesignSurface::FieldAt(const QPoint& point) const {
 int DesignSurface::HandleAt(const QPoint& point) const {
     const QList<int> selected = Selection();
     if (selected.size() != 1) return -1;
-    const QList<QRect> handles = Handles(GeometryOf(selected.front()).adjusted(-1, -1, 0, 0));
-    for (int i = 0; i < handles.size(); ++i)
-        if (handles[i].adjusted(-2, -2, 2, 2).contains(point)) return i;
-    return -1;
+    return forms::HandleAt(GeometryOf(selected.front()), point);
 }
 
 QRect DesignSurface::Clamped(QRect geometry) const {
-    geometry.setWidth(std::clamp(geometry.width(), kMinimumSize.width(), width()));
-    geometry.setHeight(std::clamp(geometry.height(), kMinimumSize.height(), height()));
-    geometry.moveLeft(std::clamp(geometry.left(), 0, width() - geometry.width()));
-    geometry.moveTop(std::clamp(geometry.top(), 0, height() - geometry.height()));
-    return geometry;
+    return ClampedToForm(geometry, size());
 }
 
 void DesignSurface::paintEvent(QPaintEvent*) {
@@ -446,7 +363,7 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
     if (const int handle = HandleAt(at); handle >= 0 && !ctrl) {
         m_drag = Drag::Resize;
         m_handle = handle;
-    } else if (const Qt::Edges edges = FormEdgesAt(at); edges && !m_placing) {
+    } else if (const Qt::Edges edges = FormEdgesAt(size(), at); edges && !m_placing) {
         m_drag = Drag::Form;
         m_formEdges = edges;
         m_formStart = size();
@@ -481,27 +398,15 @@ void DesignSurface::mousePressEvent(QMouseEvent* event) {
         m_dragStart << GeometryOf(id);
 }
 
-DesignSurface::FieldEdges DesignSurface::OtherEdges() const {
-    FieldEdges edges;
+FieldEdges DesignSurface::OtherEdges() const {
+    QList<QRect> others;
     for (const Entry& entry : m_entries)
-        if (!m_dragIds.contains(entry.id)) {
-            edges.lefts << entry.geometry.left();
-            edges.rights << entry.geometry.right();
-            edges.tops << entry.geometry.top();
-            edges.bottoms << entry.geometry.bottom();
-        }
-    return edges;
+        if (!m_dragIds.contains(entry.id)) others << entry.geometry;
+    return EdgesOf(others);
 }
 
 void DesignSurface::ShowGuides(const QRect& dragged) {
-    const FieldEdges others = OtherEdges();
-    m_guides.clear();
-    for (const auto& [edge, targets] :
-        { std::pair { dragged.left(), &others.lefts }, std::pair { dragged.right(), &others.rights } })
-        if (targets->contains(edge)) m_guides << QLine(edge, 0, edge, height() - 1);
-    for (const auto& [edge, targets] :
-        { std::pair { dragged.top(), &others.tops }, std::pair { dragged.bottom(), &others.bottoms } })
-        if (targets->contains(edge)) m_guides << QLine(0, edge, width() - 1, edge);
+    m_guides = GuidesFor(dragged, OtherEdges(), size());
     m_overlay->update();
 }
 
@@ -528,43 +433,16 @@ void DesignSurface::mouseMoveEvent(QMouseEvent* event) {
             block = block.united(r);
         QRect moved = Clamped(block.translated(delta));
         // An edge near the same edge of another field meets it; Alt places the block freely.
-        if (snap) {
-            const FieldEdges others = OtherEdges();
-            if (const auto dx = Nearer(SnapOffset(moved.left(), others.lefts, kSnapReach),
-                    SnapOffset(moved.right(), others.rights, kSnapReach)))
-                moved.translate(*dx, 0);
-            if (const auto dy = Nearer(SnapOffset(moved.top(), others.tops, kSnapReach),
-                    SnapOffset(moved.bottom(), others.bottoms, kSnapReach)))
-                moved.translate(0, *dy);
-            moved = Clamped(moved);
-        }
+        if (snap) moved = Clamped(moved.translated(SnapShift(moved, OtherEdges())));
         const QPoint shift = moved.topLeft() - block.topLeft();
         for (int i = 0; i < m_dragIds.size(); ++i)
             SetGeometryOf(m_dragIds[i], m_dragStart[i].translated(shift));
         ShowGuides(moved);
     } else if (m_drag == Drag::Resize && m_dragIds.size() == 1) {
-        QRect r = m_dragStart.front();
-        const bool top = m_handle <= 2 && m_handle >= 0;
-        const bool right = m_handle >= 2 && m_handle <= 4;
-        const bool bottom = m_handle >= 4 && m_handle <= 6;
-        const bool left = m_handle == 0 || m_handle >= 6;
-        QPoint d = delta;
-        if (snap) {
-            // The edges the handle moves meet the same edges of another field nearby.
-            const FieldEdges others = OtherEdges();
-            const auto snapped = [](int moved, const QList<int>& targets) {
-                return moved + SnapOffset(moved, targets, kSnapReach).value_or(0);
-            };
-            if (left) d.setX(snapped(r.left() + d.x(), others.lefts) - r.left());
-            if (right) d.setX(snapped(r.right() + d.x(), others.rights) - r.right());
-            if (top) d.setY(snapped(r.top() + d.y(), others.tops) - r.top());
-            if (bottom) d.setY(snapped(r.bottom() + d.y(), others.bottoms) - r.bottom());
-        }
-        if (top) r.setTop(std::min(r.top() + d.y(), r.bottom() - kMinimumSize.height()));
-        if (right) r.setRight(std::max(r.right() + d.x(), r.left() + kMinimumSize.width()));
-        if (bottom) r.setBottom(std::max(r.bottom() + d.y(), r.top() + kMinimumSize.height()));
-        if (left) r.setLeft(std::min(r.left() + d.x(), r.right() - kMinimumSize.width()));
-        SetGeometryOf(m_dragIds.front(), r.intersected(rect()));
+        // Alt places freely: no edges to meet.
+        SetGeometryOf(m_dragIds.front(),
+            ResizedByHandle(
+                m_dragStart.front(), m_handle, delta, snap ? OtherEdges() : FieldEdges {}, size()));
         ShowGuides(GeometryOf(m_dragIds.front()));
     } else if (m_drag == Drag::None) {
         UpdateCursor(at);

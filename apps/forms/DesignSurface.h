@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/forms/DesignGeometry.h"
 #include "formfile/FormFile.h"
 #include "qt/QuillmarEdit.h"
 
@@ -139,9 +140,6 @@ private:
     enum class Drag { None, Move, Resize, Band, Form };
 
     class QuietScope;
-    struct FieldEdges {
-        QList<int> lefts, rights, tops, bottoms;
-    };
     /// The edges of the fields not being dragged.
     [[nodiscard]] FieldEdges OtherEdges() const;
     void ShowGuides(const QRect& dragged);
@@ -152,8 +150,6 @@ private:
     void PlaceLabel(Entry& entry);
     [[nodiscard]] int FieldAt(const QPoint& point) const;
     [[nodiscard]] int HandleAt(const QPoint& point) const;
-    /// The form's edges a press at `point` takes hold of: `Qt::RightEdge`, `Qt::BottomEdge` or both.
-    [[nodiscard]] Qt::Edges FormEdgesAt(const QPoint& point) const;
     /// The least size that keeps every field and its label on the form.
     [[nodiscard]] QSize LeastFormSize() const;
     void UpdateCursor(const QPoint& at);

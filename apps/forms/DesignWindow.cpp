@@ -5,52 +5,23 @@
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormWindow.h"
 #include "apps/forms/Record.h"
-#include "host/standalone/StandaloneHost.h"
-#include "pages/FieldPages.h"
+#include "apps/forms/ShownPath.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
-#include <QCloseEvent>
-#include <QDir>
 #include <QDockWidget>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QToolBar>
 
-#include <deque>
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
 namespace quillmar::forms {
-namespace {
-
-constexpr char kFilter[] = "Quillmar forms (*.qform.json);;JSON files (*.json);;All files (*)";
-
-QString Shown(const QString& path) {
-    return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-}
-
-// Loads every field into a control of its own that no one sees, so that a form whose fields refuse a value
-// is refused before anything of it is shown.
-std::optional<std::string> TryLoad(const FormDocument& document, const std::string& source) {
-    std::deque<std::unique_ptr<standalone::StandaloneHost>> hosts;
-    std::deque<std::unique_ptr<Quillmar>> controls;
-    return BuildFormControls(document, source, [&](const FormControl& field) -> Quillmar& {
-        auto& host = *hosts.emplace_back(std::make_unique<standalone::StandaloneHost>("en_US"));
-        host.container.name = field.name;
-        host.container.userMode = false;
-        return *controls.emplace_back(std::make_unique<Quillmar>(host.Services()));
-    });
-}
-
-} // namespace
 
 DesignWindow::DesignWindow(QWidget* parent)
     : QMainWindow(parent) {
@@ -60,6 +31,7 @@ DesignWindow::DesignWindow(QWidget* parent)
     scroll->setWidget(m_surface);
     scroll->setBackgroundRole(QPalette::Dark);
     setCentralWidget(scroll);
+    m_pages = new DesignPages(*m_surface, *m_undo, this);
     m_panel = new FieldPanel(*m_surface);
     auto* dock = new QDockWidget(tr("Fields"), this);
     dock->setObjectName(QStringLiteral("FieldsDock"));
@@ -85,132 +57,113 @@ QAction* DesignWindow::AddAction(
     return action;
 }
 
-QAction* DesignWindow::Action(const QString& objectName) const {
-    return findChild<QAction*>(objectName);
-}
-
 void DesignWindow::BuildActions() {
+    DesignActions& a = m_actions;
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addAction(AddAction(QStringLiteral("actionNew"), tr("&New"), QKeySequence::New, {}));
-    connect(Action(QStringLiteral("actionNew")), &QAction::triggered, this, [this] {
+    a.newForm = AddAction(QStringLiteral("actionNew"), tr("&New"), QKeySequence::New, [this] {
         if (MaySetAside()) NewForm();
     });
-    auto* open = AddAction(QStringLiteral("actionOpen"), tr("&Open..."), QKeySequence::Open, {});
-    connect(open, &QAction::triggered, this, [this] {
-        if (!MaySetAside()) return;
-        const QString path = m_fileNameHandler
-            ? m_fileNameHandler(false)
-            : QFileDialog::getOpenFileName(this, tr("Open Form"), QFileInfo(m_path).path(), tr(kFilter));
-        if (!path.isEmpty()) OpenForm(path);
-    });
-    file->addAction(open);
-    file->addAction(AddAction(QStringLiteral("actionSave"), tr("&Save"), QKeySequence::Save, {}));
-    connect(Action(QStringLiteral("actionSave")), &QAction::triggered, this, [this] { Save(); });
-    file->addAction(AddAction(QStringLiteral("actionSaveAs"), tr("Save &As..."), QKeySequence::SaveAs, {}));
-    connect(Action(QStringLiteral("actionSaveAs")), &QAction::triggered, this, [this] { SaveAs(); });
+    a.open
+        = AddAction(QStringLiteral("actionOpen"), tr("&Open..."), QKeySequence::Open, [this] { AskOpen(); });
+    a.save = AddAction(QStringLiteral("actionSave"), tr("&Save"), QKeySequence::Save, [this] { Save(); });
+    a.saveAs = AddAction(
+        QStringLiteral("actionSaveAs"), tr("Save &As..."), QKeySequence::SaveAs, [this] { SaveAs(); });
+    a.close = AddAction(QStringLiteral("actionClose"), tr("&Close"), QKeySequence::Close);
+    connect(a.close, &QAction::triggered, this, &QWidget::close);
+    file->addActions({ a.newForm, a.open, a.save, a.saveAs });
     file->addSeparator();
-    file->addAction(AddAction(QStringLiteral("actionClose"), tr("&Close"), QKeySequence::Close, {}));
-    connect(Action(QStringLiteral("actionClose")), &QAction::triggered, this, &QWidget::close);
+    file->addAction(a.close);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    QAction* undo = m_undo->createUndoAction(this, tr("&Undo"));
-    undo->setObjectName(QStringLiteral("actionUndo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction* redo = m_undo->createRedoAction(this, tr("&Redo"));
-    redo->setObjectName(QStringLiteral("actionRedo"));
-    redo->setShortcuts(QKeySequence::Redo);
-    edit->addAction(undo);
-    edit->addAction(redo);
+    a.undo = m_undo->createUndoAction(this, tr("&Undo"));
+    a.undo->setObjectName(QStringLiteral("actionUndo"));
+    a.undo->setShortcut(QKeySequence::Undo);
+    a.redo = m_undo->createRedoAction(this, tr("&Redo"));
+    a.redo->setObjectName(QStringLiteral("actionRedo"));
+    a.redo->setShortcuts(QKeySequence::Redo);
+    edit->addActions({ a.undo, a.redo });
     edit->addSeparator();
     // These keys belong to the surface: in the side panel's boxes they edit text.
-    QAction* remove = AddAction(
+    a.remove = AddAction(
         QStringLiteral("actionDelete"), tr("&Delete"), QKeySequence::Delete, [this] { DeleteSelection(); });
-    QAction* all
-        = AddAction(QStringLiteral("actionSelectAll"), tr("Select &All"), QKeySequence::SelectAll, {});
-    connect(all, &QAction::triggered, this, [this] { m_surface->Select(m_surface->Ids()); });
-    QAction* cut
-        = AddAction(QStringLiteral("actionCut"), tr("Cu&t"), QKeySequence::Cut, [this] { CutSelection(); });
-    QAction* copy = AddAction(
+    a.selectAll = AddAction(QStringLiteral("actionSelectAll"), tr("Select &All"), QKeySequence::SelectAll,
+        [this] { m_surface->Select(m_surface->Ids()); });
+    a.cut = AddAction(QStringLiteral("actionCut"), tr("Cu&t"), QKeySequence::Cut, [this] { CutSelection(); });
+    a.copy = AddAction(
         QStringLiteral("actionCopy"), tr("&Copy"), QKeySequence::Copy, [this] { CopySelection(); });
-    QAction* paste
+    a.paste
         = AddAction(QStringLiteral("actionPaste"), tr("&Paste"), QKeySequence::Paste, [this] { Paste(); });
-    for (QAction* action : { cut, copy, paste, remove, all }) {
+    for (QAction* action : { a.cut, a.copy, a.paste, a.remove, a.selectAll }) {
         action->setShortcutContext(Qt::WidgetShortcut);
         m_surface->addAction(action);
         edit->addAction(action);
     }
     edit->addSeparator();
-    edit->addAction(AddAction(QStringLiteral("actionProperties"), tr("Propert&ies..."),
-        QKeySequence(Qt::CTRL | Qt::Key_P), [this] { OpenProperties(); }));
+    a.properties = AddAction(QStringLiteral("actionProperties"), tr("Propert&ies..."),
+        QKeySequence(Qt::CTRL | Qt::Key_P), [this] { OpenProperties(); });
+    edit->addAction(a.properties);
     edit->addSeparator();
-    QAction* earlier = AddAction(QStringLiteral("actionEarlier"), tr("Earlier in Tab &Order"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Up), {});
-    connect(earlier, &QAction::triggered, this, [this] { MoveInTabOrder(-1); });
-    QAction* later = AddAction(QStringLiteral("actionLater"), tr("&Later in Tab Order"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Down), {});
-    connect(later, &QAction::triggered, this, [this] { MoveInTabOrder(1); });
-    edit->addAction(earlier);
-    edit->addAction(later);
+    a.earlier = AddAction(QStringLiteral("actionEarlier"), tr("Earlier in Tab &Order"),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Up), [this] { MoveInTabOrder(-1); });
+    a.later = AddAction(QStringLiteral("actionLater"), tr("&Later in Tab Order"),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Down), [this] { MoveInTabOrder(1); });
+    edit->addActions({ a.earlier, a.later });
 
     QMenu* insert = menuBar()->addMenu(tr("&Insert"));
-    QAction* place
-        = AddAction(QStringLiteral("actionPlaceField"), tr("&Field"), QKeySequence(Qt::CTRL | Qt::Key_I), {});
-    connect(place, &QAction::triggered, this, [this] { PlaceField(); });
-    insert->addAction(place);
-    m_placeTool = new QAction(tr("Field"), this);
-    m_placeTool->setObjectName(QStringLiteral("actionPlaceTool"));
-    m_placeTool->setCheckable(true);
-    m_placeTool->setToolTip(tr("Click on the form where the new field goes"));
-    connect(m_placeTool, &QAction::toggled, this, [this](bool armed) {
+    a.placeField = AddAction(QStringLiteral("actionPlaceField"), tr("&Field"),
+        QKeySequence(Qt::CTRL | Qt::Key_I), [this] { PlaceField(); });
+    insert->addAction(a.placeField);
+    a.placeTool = AddAction(QStringLiteral("actionPlaceTool"), tr("Field"), {});
+    a.placeTool->setCheckable(true);
+    a.placeTool->setToolTip(tr("Click on the form where the new field goes"));
+    connect(a.placeTool, &QAction::toggled, this, [this](bool armed) {
         m_surface->ArmPlacing(armed);
         m_surface->setCursor(armed ? Qt::CrossCursor : Qt::ArrowCursor);
     });
 
     QMenu* format = menuBar()->addMenu(tr("For&mat"));
     const struct {
+        QAction* DesignActions::*member;
         const char* name;
         QString menuText;
         Alignment alignment;
     } alignments[] = {
-        { "actionAlignLefts", tr("Align &Lefts"), Alignment::Lefts },
-        { "actionAlignRights", tr("Align &Rights"), Alignment::Rights },
-        { "actionAlignTops", tr("Align &Tops"), Alignment::Tops },
-        { "actionAlignBottoms", tr("Align &Bottoms"), Alignment::Bottoms },
-        { "actionSameWidth", tr("Make Same &Width"), Alignment::SameWidth },
-        { "actionSameHeight", tr("Make Same &Height"), Alignment::SameHeight },
-        { "actionSameSize", tr("Make Same &Size"), Alignment::SameSize },
+        { &DesignActions::alignLefts, "actionAlignLefts", tr("Align &Lefts"), Alignment::Lefts },
+        { &DesignActions::alignRights, "actionAlignRights", tr("Align &Rights"), Alignment::Rights },
+        { &DesignActions::alignTops, "actionAlignTops", tr("Align &Tops"), Alignment::Tops },
+        { &DesignActions::alignBottoms, "actionAlignBottoms", tr("Align &Bottoms"), Alignment::Bottoms },
+        { &DesignActions::sameWidth, "actionSameWidth", tr("Make Same &Width"), Alignment::SameWidth },
+        { &DesignActions::sameHeight, "actionSameHeight", tr("Make Same &Height"), Alignment::SameHeight },
+        { &DesignActions::sameSize, "actionSameSize", tr("Make Same &Size"), Alignment::SameSize },
     };
-    for (const auto& [name, menuText, alignment] : alignments) {
+    for (const auto& [member, name, menuText, alignment] : alignments) {
         if (alignment == Alignment::SameWidth) format->addSeparator();
         const QString stepText = QString(menuText).remove(QLatin1Char('&'));
-        format->addAction(AddAction(QString::fromLatin1(name), menuText, {},
-            [this, alignment, stepText] { AlignSelection(alignment, stepText); }));
+        a.*member = AddAction(QString::fromLatin1(name), menuText, {},
+            [this, alignment, stepText] { AlignSelection(alignment, stepText); });
+        format->addAction(a.*member);
     }
 
     QMenu* form = menuBar()->addMenu(tr("F&orm"));
     auto* modes = new QActionGroup(this);
-    QAction* design = AddAction(QStringLiteral("actionDesign"), tr("&Design"),
-        QKeySequence(Qt::SHIFT | Qt::Key_F5), [this] { Design(); });
-    QAction* run
-        = AddAction(QStringLiteral("actionRun"), tr("&Run"), QKeySequence(Qt::Key_F5), [this] { Run(); });
-    for (QAction* action : { design, run }) {
+    a.design = AddAction(QStringLiteral("actionDesign"), tr("&Design"), QKeySequence(Qt::SHIFT | Qt::Key_F5),
+        [this] { Design(); });
+    a.run = AddAction(QStringLiteral("actionRun"), tr("&Run"), QKeySequence(Qt::Key_F5), [this] { Run(); });
+    for (QAction* action : { a.design, a.run }) {
         action->setCheckable(true);
         modes->addAction(action);
         form->addAction(action);
     }
-    design->setChecked(true);
+    a.design->setChecked(true);
 
     QToolBar* tools = addToolBar(tr("Toolbox"));
     tools->setObjectName(QStringLiteral("Toolbox"));
     tools->setMovable(false);
-    tools->addAction(design);
-    tools->addAction(run);
+    tools->addActions({ a.design, a.run });
     tools->addSeparator();
-    tools->addAction(m_placeTool);
-    tools->addAction(Action(QStringLiteral("actionProperties")));
+    tools->addActions({ a.placeTool, a.properties });
     tools->addSeparator();
-    tools->addAction(undo);
-    tools->addAction(redo);
+    tools->addActions({ a.undo, a.redo });
 }
 
 void DesignWindow::Connect() {
@@ -233,7 +186,7 @@ void DesignWindow::Connect() {
         m_undo->push(new FormSizeCommand(*m_surface, before, after));
     });
     connect(m_surface, &DesignSurface::PlaceRequested, this, [this](const QPoint& at) {
-        m_placeTool->setChecked(false);
+        m_actions.placeTool->setChecked(false);
         PlaceField(at);
     });
     connect(m_surface, &DesignSurface::DeleteRequested, this, &DesignWindow::DeleteSelection);
@@ -244,9 +197,8 @@ void DesignWindow::Connect() {
     });
     connect(m_surface, &DesignSurface::ContextMenuRequested, this, [this](const QPoint& at) {
         QMenu menu(this);
-        for (const char* name : { "actionProperties", "actionCut", "actionCopy", "actionPaste",
-                 "actionDelete", "actionEarlier", "actionLater", "actionSelectAll" })
-            menu.addAction(Action(QString::fromLatin1(name)));
+        const DesignActions& a = m_actions;
+        menu.addActions({ a.properties, a.cut, a.copy, a.paste, a.remove, a.earlier, a.later, a.selectAll });
         menu.exec(at);
     });
     connect(m_panel, &FieldPanel::NameEdited, this, &DesignWindow::EditName);
@@ -263,6 +215,11 @@ void DesignWindow::Connect() {
             new FormSettingsCommand([this](const FormSettings& form) { SetForm(form); }, m_form, after));
     });
     connect(m_panel, &FieldPanel::TabOrderMove, this, &DesignWindow::MoveInTabOrder);
+    // What the pages changed is recorded as a step of its own, so it no longer counts as unrecorded.
+    connect(m_pages, &DesignPages::Recording, this, [this] {
+        m_changedOutsideStack = false;
+        UpdateTitle();
+    });
 }
 
 QMessageBox::StandardButton DesignWindow::Ask(
@@ -275,114 +232,13 @@ QMessageBox::StandardButton DesignWindow::Ask(
 void DesignWindow::SetLocaleName(const QString& name) {
     m_localeName = name;
     m_surface->SetLocaleName(name);
+    m_pages->SetLocaleName(name);
     for (int id : m_surface->Ids())
         m_surface->Field(id)->SetLocaleName(name);
 }
 
 void DesignWindow::SetPageServices(Alerts& alerts, const pages::Clock& clock) {
-    m_alerts = &alerts;
-    m_clock = &clock;
-}
-
-void DesignWindow::NewForm() {
-    FormDocument document;
-    document.title = qt::FromQString(tr("New form"));
-    document.width = 480;
-    document.height = 320;
-    ShowForm(document, QString());
-}
-
-bool DesignWindow::OpenForm(const QString& path) {
-    const std::string source = Shown(path).toStdString();
-    FormResult form = LoadFormFile(path.toStdString());
-    if (form.document)
-        if (auto refused = TryLoad(*form.document, source)) form = { std::nullopt, *refused };
-    if (!form.document) {
-        Ask(QMessageBox::Warning, tr("Open Form"),
-            FormWindow::CannotOpenText(QString::fromStdString(form.error)), QMessageBox::Ok);
-        return false;
-    }
-    ShowForm(*form.document, path);
-    return true;
-}
-
-void DesignWindow::ShowForm(const FormDocument& document, const QString& path) {
-    m_undo->clear();
-    m_surface->Reset(document.width, document.height);
-    const std::string source = Shown(path).toStdString();
-    for (size_t i = 0; i < document.controls.size(); ++i)
-        (void)m_surface->InsertField(PlacedField { 0, int(i), document.controls[i] }, source);
-    m_form = { qt::ToQString(document.title), document.showRefusalTips, document.showInlineState };
-    m_path = path;
-    m_changedOutsideStack = false;
-    m_undo->setClean();
-    UpdateTitle();
-    UpdateActions();
-    m_panel->Refresh(m_form);
-    m_surface->setFocus();
-}
-
-FormDocument DesignWindow::Document() const {
-    FormDocument document;
-    document.title = qt::FromQString(m_form.title);
-    document.width = m_surface->width();
-    document.height = m_surface->height();
-    document.showRefusalTips = m_form.showRefusalTips;
-    document.showInlineState = m_form.showInlineState;
-    for (PlacedField& placed : m_surface->Snapshots())
-        document.controls.push_back(std::move(placed.field));
-    return document;
-}
-
-bool DesignWindow::IsModified() const {
-    return !m_undo->isClean() || m_changedOutsideStack;
-}
-
-bool DesignWindow::Save() {
-    return m_path.isEmpty() ? SaveAs() : SaveTo(m_path);
-}
-
-bool DesignWindow::SaveAs() {
-    QString path = m_fileNameHandler
-        ? m_fileNameHandler(true)
-        : QFileDialog::getSaveFileName(this, tr("Save Form As"), m_path, tr(kFilter));
-    if (path.isEmpty()) return false;
-    if (!path.endsWith(QStringLiteral(".json"))) path += QStringLiteral(".qform.json");
-    return SaveTo(path);
-}
-
-bool DesignWindow::SaveTo(const QString& path) {
-    const QString error = SaveForm(path, Document(), m_beforeCommit);
-    if (!error.isEmpty()) {
-        Ask(QMessageBox::Critical, tr("Save Form"),
-            tr("%1\n\nThe file on disk is as it was, and the form is still open here.").arg(error),
-            QMessageBox::Ok);
-        return false;
-    }
-    m_path = path;
-    m_changedOutsideStack = false;
-    m_undo->setClean();
-    UpdateTitle();
-    return true;
-}
-
-bool DesignWindow::MaySetAside() {
-    if (!IsModified()) return true;
-    const QString name = m_path.isEmpty() ? tr("the new form") : QFileInfo(m_path).fileName();
-    switch (Ask(QMessageBox::Question, tr("Unsaved Changes"), tr("Save the changes to %1?").arg(name),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel)) {
-    case QMessageBox::Save:
-        return Save();
-    case QMessageBox::Discard:
-        return true;
-    default:
-        return false;
-    }
-}
-
-void DesignWindow::closeEvent(QCloseEvent* event) {
-    if (m_runWindow && !m_runWindow->close()) return event->ignore();
-    event->setAccepted(MaySetAside());
+    m_pages->SetServices(alerts, clock);
 }
 
 int DesignWindow::PlaceField(std::optional<QPoint> at) {
@@ -495,52 +351,12 @@ void DesignWindow::MoveInTabOrder(int delta) {
 }
 
 void DesignWindow::OpenProperties() {
-    const QList<int> selection = m_surface->Selection();
-    if (selection.isEmpty()) return;
-    if (m_frame) return m_frame->raise();
-    m_frame = m_alerts ? new pages::PropertyPageFrame(*m_alerts, *m_clock, this)
-                       : new pages::PropertyPageFrame(this);
-    m_frame->SetLocaleName(m_localeName);
-    pages::AddFieldPages(*m_frame);
-    QList<qt::QuillmarEdit*> fields;
-    for (int id : selection)
-        fields << m_surface->Field(id);
-    m_frame->SetSelectedControls(fields);
-    m_frame->setWindowTitle(fields.size() == 1 ? tr("Properties of %1").arg(fields.front()->objectName())
-                                               : tr("Properties of %1 fields").arg(fields.size()));
-    m_beforeApply.clear();
-    for (int id : selection)
-        m_surface->Field(id)->control().WriteProperties(m_beforeApply[id]);
-    // The frame's own handlers apply first (they were connected first); what they wrote is one undo step.
-    connect(m_frame->ApplyButton(), &QPushButton::clicked, this, &DesignWindow::RecordPageApply);
-    connect(m_frame->OkButton(), &QPushButton::clicked, this, &DesignWindow::RecordPageApply);
-    connect(m_frame, &QDialog::finished, this, [this] {
-        RecordPageApply();
-        m_frame->deleteLater();
-        m_frame = nullptr;
-    });
-    m_frame->open();
-}
-
-void DesignWindow::RecordPageApply() {
-    std::vector<PropertiesCommand::Change> changes;
-    for (auto& [id, before] : m_beforeApply) {
-        qt::QuillmarEdit* field = m_surface->Field(id);
-        if (!field) continue;
-        quillmar::MemoryPropertyStore after;
-        field->control().WriteProperties(after);
-        if (after == before) continue;
-        changes.push_back({ id, before, after });
-        before = after;
-    }
-    m_changedOutsideStack = false;
-    if (!changes.empty()) m_undo->push(new PropertiesCommand(*m_surface, std::move(changes)));
-    UpdateTitle();
+    m_pages->Open();
 }
 
 void DesignWindow::Run() {
     const FormDocument document = Document();
-    const QString source = m_path.isEmpty() ? tr("the new form") : Shown(m_path);
+    const QString source = m_path.isEmpty() ? tr("the new form") : ShownPath(m_path);
     if (const auto fault = CheckFormDocument(document, source.toStdString())) {
         Ask(QMessageBox::Warning, tr("Run Form"), QString::fromStdString(*fault), QMessageBox::Ok);
         return Design();
@@ -564,17 +380,17 @@ void DesignWindow::Run() {
     if (const auto problem = m_runWindow->CheckDatabase())
         Ask(QMessageBox::Warning, tr("Run Form"),
             tr("Records of this form cannot be stored in %1:\n%2.")
-                .arg(Shown(QString::fromStdString(database.string())), *problem),
+                .arg(ShownPath(QString::fromStdString(database.string())), *problem),
             QMessageBox::Ok);
     // Queued: a widget tells it is destroyed before the pointer to it reads null.
     connect(
         m_runWindow, &QObject::destroyed, this,
         [this] {
-            Action(QStringLiteral("actionDesign"))->setChecked(true);
+            m_actions.design->setChecked(true);
             UpdateActions();
         },
         Qt::QueuedConnection);
-    Action(QStringLiteral("actionRun"))->setChecked(true);
+    m_actions.run->setChecked(true);
     m_runWindow->show();
     m_runWindow->activateWindow();
     UpdateActions();
@@ -583,8 +399,8 @@ void DesignWindow::Run() {
 void DesignWindow::Design() {
     if (m_runWindow && m_runWindow->close()) UpdateActions();
     const bool running = m_runWindow && m_runWindow->isVisible();
-    Action(QStringLiteral("actionDesign"))->setChecked(!running);
-    Action(QStringLiteral("actionRun"))->setChecked(running);
+    m_actions.design->setChecked(!running);
+    m_actions.run->setChecked(running);
 }
 
 void DesignWindow::UpdateTitle() {
@@ -599,19 +415,18 @@ void DesignWindow::UpdateActions() {
     const qsizetype selected = m_surface->Selection().size();
     centralWidget()->setEnabled(designing);
     m_panel->setEnabled(designing);
-    for (const char* name : { "actionDelete", "actionProperties", "actionCut", "actionCopy" })
-        Action(QString::fromLatin1(name))->setEnabled(designing && selected > 0);
+    const DesignActions& a = m_actions;
+    for (QAction* action : { a.remove, a.properties, a.cut, a.copy })
+        action->setEnabled(designing && selected > 0);
     const QMimeData* clipboard = QApplication::clipboard()->mimeData();
-    Action(QStringLiteral("actionPaste"))
-        ->setEnabled(designing && clipboard && clipboard->hasFormat(QString::fromLatin1(kFieldsMimeType)));
-    for (const char* name : { "actionEarlier", "actionLater" })
-        Action(QString::fromLatin1(name))->setEnabled(designing && selected == 1);
-    for (const char* name : { "actionAlignLefts", "actionAlignRights", "actionAlignTops",
-             "actionAlignBottoms", "actionSameWidth", "actionSameHeight", "actionSameSize" })
-        Action(QString::fromLatin1(name))->setEnabled(designing && selected > 1);
-    for (const char* name : { "actionPlaceField", "actionSelectAll" })
-        Action(QString::fromLatin1(name))->setEnabled(designing);
-    m_placeTool->setEnabled(designing);
+    a.paste->setEnabled(designing && clipboard && clipboard->hasFormat(QString::fromLatin1(kFieldsMimeType)));
+    for (QAction* action : { a.earlier, a.later })
+        action->setEnabled(designing && selected == 1);
+    for (QAction* action :
+        { a.alignLefts, a.alignRights, a.alignTops, a.alignBottoms, a.sameWidth, a.sameHeight, a.sameSize })
+        action->setEnabled(designing && selected > 1);
+    for (QAction* action : { a.placeField, a.selectAll, a.placeTool })
+        action->setEnabled(designing);
 }
 
 } // namespace quillmar::forms

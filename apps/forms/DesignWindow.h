@@ -2,6 +2,7 @@
 
 #include "apps/forms/Alignment.h"
 #include "apps/forms/DesignCommands.h"
+#include "apps/forms/DesignPages.h"
 #include "apps/forms/DesignSurface.h"
 #include "apps/forms/FieldPanel.h"
 #include "apps/forms/FormSave.h"
@@ -15,9 +16,41 @@
 #include <QUndoStack>
 
 #include <functional>
-#include <map>
 
 namespace quillmar::forms {
+
+/// The commands of the designer's menus, toolbox and context menu, each made once with the window.
+struct DesignActions {
+    QAction* newForm = nullptr;
+    QAction* open = nullptr;
+    QAction* save = nullptr;
+    QAction* saveAs = nullptr;
+    QAction* close = nullptr;
+    QAction* undo = nullptr;
+    QAction* redo = nullptr;
+    QAction* remove = nullptr;
+    QAction* selectAll = nullptr;
+    QAction* cut = nullptr;
+    QAction* copy = nullptr;
+    QAction* paste = nullptr;
+    QAction* properties = nullptr;
+    QAction* earlier = nullptr;
+    QAction* later = nullptr;
+    /// Insert > Field: a new field below the last one.
+    QAction* placeField = nullptr;
+    /// The toolbox's field tool: checked, the next click on the empty form places a field there.
+    QAction* placeTool = nullptr;
+    QAction* alignLefts = nullptr;
+    QAction* alignRights = nullptr;
+    QAction* alignTops = nullptr;
+    QAction* alignBottoms = nullptr;
+    QAction* sameWidth = nullptr;
+    QAction* sameHeight = nullptr;
+    QAction* sameSize = nullptr;
+    /// Design and Run, one of them checked: whether the form is being designed or runs.
+    QAction* design = nullptr;
+    QAction* run = nullptr;
+};
 
 /// quillmar-forms in design mode: a form's client area (`DesignSurface`) with its fields in design mode,
 /// a toolbox and menus to place fields, the side panel (`FieldPanel`) for names, labels, tool tips, the
@@ -73,10 +106,11 @@ public:
     [[nodiscard]] FieldPanel* Panel() const { return m_panel; }
     [[nodiscard]] QUndoStack* UndoStack() const { return m_undo; }
     /// The open property-page frame, or nullptr.
-    [[nodiscard]] pages::PropertyPageFrame* PropertyFrame() const { return m_frame; }
+    [[nodiscard]] pages::PropertyPageFrame* PropertyFrame() const { return m_pages->Frame(); }
     /// The open run-mode window, or nullptr.
     [[nodiscard]] FormWindow* RunWindow() const { return m_runWindow; }
-    [[nodiscard]] QAction* Action(const QString& objectName) const;
+    /// The window's commands, as its menus, toolbox and context menu show them.
+    [[nodiscard]] const DesignActions& Actions() const { return m_actions; }
 
     /// The locale of the fields and the pages ("en_US"; empty for the system's).
     void SetLocaleName(const QString& name);
@@ -101,14 +135,14 @@ private:
     void BuildActions();
     void Connect();
     QAction* AddAction(const QString& name, const QString& text, const QKeySequence& keys,
-        const std::function<void()>& slot);
+        const std::function<void()>& slot = {});
     QMessageBox::StandardButton Ask(QMessageBox::Icon icon, const QString& title, const QString& text,
         QMessageBox::StandardButtons buttons);
     /// True when the shown form may be replaced: saved, not modified, or its changes discarded.
     bool MaySetAside();
+    /// Asks for a form file to open (after `MaySetAside`) and opens it.
+    void AskOpen();
     void ShowForm(const FormDocument& document, const QString& path);
-    void RecordPageApply();
-    void SnapshotProperties();
     void EditName(int id, const QString& name);
     void RemoveSelection(FieldsCommand::Kind kind);
     void SetForm(const FormSettings& form);
@@ -122,15 +156,12 @@ private:
     FormSettings m_form;
     QString m_localeName;
     bool m_changedOutsideStack = false;
-    QPointer<pages::PropertyPageFrame> m_frame;
-    std::map<int, quillmar::MemoryPropertyStore> m_beforeApply;
+    DesignPages* m_pages = nullptr;
     QPointer<FormWindow> m_runWindow;
-    Alerts* m_alerts = nullptr;
-    const pages::Clock* m_clock = nullptr;
     MessageHandler m_messageHandler;
     FileNameHandler m_fileNameHandler;
     BeforeCommitHook m_beforeCommit;
-    QAction* m_placeTool = nullptr;
+    DesignActions m_actions;
 };
 
 } // namespace quillmar::forms

@@ -1,12 +1,13 @@
 #include "apps/forms/FormWindow.h"
 
+#include "apps/forms/FieldLabel.h"
 #include "apps/forms/FormFont.h"
+#include "apps/forms/ShownPath.h"
 #include "apps/forms/SubmitSummary.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,16 +22,9 @@
 namespace quillmar::forms {
 namespace {
 
-constexpr int kLabelWidth = 104;
-constexpr int kLabelGap = 8;
-
-QString Shown(const QString& path) {
-    return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-}
-
 // A form not saved yet is named in words ("the new form"), not as a file.
 QString ShownForm(const QString& path) {
-    return QFileInfo::exists(path) ? Shown(path) : path;
+    return QFileInfo::exists(path) ? ShownPath(path) : path;
 }
 
 QString TableOf(const FormDocument& document, const QString& formPath) {
@@ -77,7 +71,7 @@ FormWindow::FormWindow(
     layout->addLayout(buttons);
     layout->addWidget(m_status);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    ShowStatus(tr("Records go to %1 \u00b7 Form: %2").arg(Shown(m_databasePath), ShownForm(m_formPath)));
+    ShowStatus(tr("Records go to %1 \u00b7 Form: %2").arg(ShownPath(m_databasePath), ShownForm(m_formPath)));
 }
 
 void FormWindow::BuildFields() {
@@ -86,7 +80,7 @@ void FormWindow::BuildFields() {
         auto* label = new QLabel(qt::ToQString(control.label) + QLatin1Char(':'), m_area);
         label->setFont(QApplication::font());
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        label->setGeometry(control.left - kLabelWidth - kLabelGap, control.top, kLabelWidth, control.height);
+        label->setGeometry(LabelGeometry(QRect(control.left, control.top, control.width, control.height)));
         auto* field = new qt::QuillmarEdit(m_area);
         field->setObjectName(qt::ToQString(control.name));
         field->setGeometry(control.left, control.top, control.width, control.height);
@@ -151,7 +145,7 @@ std::unique_ptr<FormWindow> FormWindow::Open(const QString& formPath, const QStr
     if (const auto error = window->Load(source)) return refuse(*error);
     if (const auto problem = window->CheckDatabase())
         return refuse(
-            tr("Records cannot be stored in %1: %2").arg(Shown(databasePath), *problem).toStdString());
+            tr("Records cannot be stored in %1: %2").arg(ShownPath(databasePath), *problem).toStdString());
     return window;
 }
 
@@ -163,7 +157,7 @@ std::optional<QString> FormWindow::CheckDatabase() {
     auto problem = RecordStore(m_databasePath, m_table, Columns()).Problem();
     if (problem)
         ShowStatus(tr("Records cannot be stored in %1: %2 \u00b7 Form: %3")
-                       .arg(Shown(m_databasePath), *problem, ShownForm(m_formPath)));
+                       .arg(ShownPath(m_databasePath), *problem, ShownForm(m_formPath)));
     return problem;
 }
 
@@ -251,14 +245,14 @@ FormWindow::SubmitOutcome FormWindow::Submit() {
     if (!result.stored) {
         ShowMessage(MessageKind::Warning, tr("Record not stored"),
             tr("The record could not be stored in %1:\n%2.\n\nEverything you typed is still in the form.")
-                .arg(Shown(m_databasePath), result.reason));
+                .arg(ShownPath(m_databasePath), result.reason));
         return SubmitOutcome::NotStored;
     }
 
     NewRecord();
     const QString records = result.count == 1 ? tr("1 record") : tr("%1 records").arg(result.count);
     ShowStatus(tr("Record stored: %1 holds %2 \u00b7 Form: %3")
-                   .arg(Shown(m_databasePath), records, ShownForm(m_formPath)));
+                   .arg(ShownPath(m_databasePath), records, ShownForm(m_formPath)));
     return SubmitOutcome::Stored;
 }
 

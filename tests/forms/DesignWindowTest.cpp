@@ -123,11 +123,10 @@ protected:
 TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     // Three fields: the toolbox's tool and a click on the form, the Insert menu's key, the menu item.
     auto* toolbox = window->findChild<QToolBar*>(QStringLiteral("Toolbox"));
-    QTest::mouseClick(
-        toolbox->widgetForAction(window->Action(QStringLiteral("actionPlaceTool"))), Qt::LeftButton);
+    QTest::mouseClick(toolbox->widgetForAction(window->Actions().placeTool), Qt::LeftButton);
     QTest::mouseClick(Surface(), Qt::LeftButton, {}, QPoint(200, 40));
     Key(Qt::Key_I, Qt::ControlModifier);
-    window->Action(QStringLiteral("actionPlaceField"))->trigger();
+    window->Actions().placeField->trigger();
     ASSERT_EQ(Names(), (QStringList { "Quillmar1", "Quillmar2", "Quillmar3" }));
     EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quillmar1"))).topLeft(), QPoint(200, 40));
     for (const char* name : { "Quillmar1", "Quillmar2", "Quillmar3" }) {
@@ -407,7 +406,7 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
     EXPECT_EQ(Surface()->Primary(), Surface()->IdOf(Field("Discount")));
     Click("Discount", Qt::ControlModifier);
     EXPECT_EQ(Surface()->Primary(), Surface()->IdOf(Field("Quantity")));
-    window->Action(QStringLiteral("actionAlignTops"))->trigger();
+    window->Actions().alignTops->trigger();
     EXPECT_EQ(geometry("UnitPrice"), price.translated(0, quantity.top() - price.top()));
     EXPECT_EQ(geometry("Quantity"), quantity);
     EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Align Tops"));
@@ -436,7 +435,7 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
 
     Click("UnitPrice");
     Click("Discount", Qt::ControlModifier);
-    window->Action(QStringLiteral("actionSameWidth"))->trigger();
+    window->Actions().sameWidth->trigger();
     EXPECT_EQ(geometry("UnitPrice"),
         QRect(price.topLeft(), QSize(Surface()->width() - price.left(), price.height())));
 }
