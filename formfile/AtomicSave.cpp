@@ -84,7 +84,11 @@ private:
     while (!contents.empty()) {
         const ssize_t written = ::write(descriptor, contents.data(), contents.size());
         if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
+        if (written < 0) return false;
+        if (written == 0) {
+            errno = EIO; // a regular file that takes nothing and says nothing
+            return false;
+        }
         contents.remove_prefix(static_cast<size_t>(written));
     }
     return true;
