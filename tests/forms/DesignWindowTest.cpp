@@ -22,6 +22,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -300,8 +301,9 @@ TEST_F(DesignMode, AFailedSaveKeepsTheOldFile) {
     ASSERT_TRUE(window->SaveTo(savePath));
     const QByteArray old = Bytes(savePath);
     window->PlaceField();
-    // The rename fails: the save is cancelled between writing and renaming.
-    window->SetBeforeCommitHook([](QSaveFile& file) { file.cancelWriting(); });
+    // The rename fails: the temporary file is taken away between writing and renaming.
+    window->SetBeforeCommitHook(
+        [](const std::filesystem::path& temporary) { std::filesystem::remove(temporary); });
     EXPECT_FALSE(window->SaveTo(savePath));
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_TRUE(boxes[0].startsWith(QStringLiteral("Save Form|") + QDir::toNativeSeparators(savePath)
@@ -309,11 +311,11 @@ TEST_F(DesignMode, AFailedSaveKeepsTheOldFile) {
         << boxes[0].toStdString();
     EXPECT_TRUE(window->isWindowModified());
     EXPECT_EQ(Bytes(savePath), old);
-    // The program stops once the whole new text is in the temporary file in the folder (Linux keeps it
-    // unnamed until it is put in place).
+    // The program stops once the whole new text is in the temporary file in the folder; the temporary file
+    // does not stay behind.
     const qint64 size = qint64(FormToJson(window->Document()).size());
-    window->SetBeforeCommitHook([&](QSaveFile& file) {
-        EXPECT_EQ(file.size(), size);
+    window->SetBeforeCommitHook([&](const std::filesystem::path& temporary) {
+        EXPECT_EQ(QFileInfo(QString::fromStdString(temporary.string())).size(), size);
         EXPECT_EQ(Bytes(savePath), old);
         throw std::runtime_error("interrupted");
     });

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "control/Quillmar.h"
+#include "formfile/FormDocument.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillmar {
+
+/// Makes (or finds) the control of one field; the caller owns hosts and controls.
+using FormControlFactory = std::function<Quillmar&(const FormControl&)>;
+/// Gives the control of one field.
+using FormControlSource = std::function<const Quillmar&(const FormControl&)>;
+
+/// Loads a form's controls: for each field in order, asks `makeControl` for its control and runs
+/// `ReadProperties` on it with the field's entries. When a writer refuses a stored value (a "MustBeType" of
+/// 42 throws 380), stops and returns one error line naming `sourceName`, the field and the entry; the
+/// caller then discards the whole form. Returns nullopt when every control loaded.
+[[nodiscard]] std::optional<std::string> BuildFormControls(
+    const FormDocument& document, std::string_view sourceName, const FormControlFactory& makeControl);
+
+/// Replaces each field's properties by what its control (from `controlOf`) writes now with
+/// `WriteProperties`, in document order. Names, labels and geometry stay as they are.
+void CollectFormControls(FormDocument& document, const FormControlSource& controlOf);
+
+} // namespace quillmar

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "base/MemoryPropertyStore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quillmar {
+
+/// One field of a form: the name its control is known by (the extender name), the label shown beside it,
+/// its place and size in pixels, its properties as `WriteProperties` wrote them, and the tool tip it shows
+/// (the extender's ToolTipText; empty for none).
+struct FormControl {
+    std::u16string name;
+    std::u16string label;
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+    quillmar::MemoryPropertyStore properties;
+    std::u16string toolTip;
+    friend bool operator==(const FormControl&, const FormControl&) = default;
+};
+
+/// The largest form size, field size and distance of a field from the form's corner, in pixels.
+inline constexpr int32_t kMaxFormExtent = 10000;
+/// The most fields a form holds.
+inline constexpr size_t kMaxFormFields = 1000;
+
+/// A form: its title, its client size in pixels, its fields in tab order, and the hints every field of it
+/// gives while it is filled in.
+struct FormDocument {
+    std::u16string title;
+    int32_t width = 0;
+    int32_t height = 0;
+    std::vector<FormControl> controls;
+    /// A short tip at the caret naming the rule that refused a key or a paste.
+    bool showRefusalTips = false;
+    /// A frame colour and an icon in a field whose text breaks one of its rules.
+    bool showInlineState = false;
+    friend bool operator==(const FormDocument&, const FormDocument&) = default;
+};
+
+} // namespace quillmar
