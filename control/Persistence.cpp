@@ -5,6 +5,7 @@
 #include "base/ListEncoding.h"
 
 #include "base/MemoryPropertyStore.h"
+#include "control/PropertyTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,12 +18,8 @@ namespace {
 
 using quillmar::MemoryPropertyStore;
 
-constexpr uint32_t kSystemWindowColour = 0x80000005;
-constexpr uint32_t kSystemWindowTextColour = 0x80000008;
 constexpr float kStoredFontSize = 8.25f;
 constexpr char16_t kStoredFontName[] = u"MS Sans Serif";
-// The default the text is written against: a text of exactly this loads back as the control's name.
-constexpr char16_t kTextWriteDefault[] = u"Text1";
 // The highest index a list entry can declare: its count is stored as a 16-bit integer.
 constexpr size_t kMaxListUpperBound = std::numeric_limits<int16_t>::max();
 
@@ -124,6 +121,164 @@ FontDesc DecodeFont(const Variant& stored, const FontDesc& fallback) {
     font.underline = ReadBoolean(*nested, u"Underline", fallback.underline);
     font.strikethru = ReadBoolean(*nested, u"Strikethru", fallback.strikethru);
     return font;
+}
+
+// The value an entry is written against, in the kind the entry is written in; the font's default, the
+// container's ambient font, is the caller's.
+Variant WriteDefaultOf(const StoredProperty& property) {
+    switch (property.kind) {
+    case PropertyKind::Boolean:
+        return property.writeDefault != 0;
+    case PropertyKind::Integer:
+        return static_cast<int16_t>(property.writeDefault);
+    case PropertyKind::Long:
+        return static_cast<int32_t>(property.writeDefault);
+    case PropertyKind::Colour:
+        return ColourValue(static_cast<uint32_t>(property.writeDefault));
+    case PropertyKind::FontSize:
+        return static_cast<float>(property.writeDefault);
+    case PropertyKind::Text:
+    case PropertyKind::Character:
+    case PropertyKind::Value:
+        return property.writeDefaultText;
+    case PropertyKind::Picture:
+        return ByteArray();
+    case PropertyKind::Font:
+    case PropertyKind::ValueList:
+    case PropertyKind::ActionList:
+        break;
+    }
+    return Variant();
+}
+
+// The value of a property as it is stored: the rules as the control holds them, the edit box's properties
+// as the box holds them now.
+Variant StoredValue(const Quillmar& control, PropertyId id) {
+    const Settings& s = control.settings();
+    switch (id) {
+    case PropertyId::MustBePositive:
+        return s.MustBePositive;
+    case PropertyId::MustBeNegative:
+        return s.MustBeNegative;
+    case PropertyId::Beeping:
+        return s.Beeping;
+    case PropertyId::MustBeUpperCase:
+        return s.MustBeUpperCase;
+    case PropertyId::MustBeLowerCase:
+        return s.MustBeLowerCase;
+    case PropertyId::NoDigits:
+        return s.NoDigits;
+    case PropertyId::OnlyLetters:
+        return s.OnlyLetters;
+    case PropertyId::AllowScientificFormat:
+        return s.AllowScientificFormat;
+    case PropertyId::MaxLength:
+        return control.MaxLength();
+    case PropertyId::FinalValidationActive:
+        return s.FinalValidationActive;
+    case PropertyId::ValidCharactersSet:
+        return s.ValidCharactersSet;
+    case PropertyId::Font:
+        return EncodeFont(control.Font());
+    case PropertyId::Text:
+        return control.Text();
+    case PropertyId::OnlyLettersWithSpace:
+        return s.OnlyLettersWithSpace;
+    case PropertyId::ExtraExcludedCharacters:
+        return s.ExtraExcludedCharacters;
+    case PropertyId::ExtraIncludedCharacters:
+        return s.ExtraIncludedCharacters;
+    case PropertyId::RequiredField:
+        return s.RequiredField;
+    case PropertyId::ThousandSeparator:
+        return int16_t { s.ThousandSeparator };
+    case PropertyId::MaxNumberOfDecimals:
+        return s.MaxNumberOfDecimals;
+    case PropertyId::CustomMask:
+        return s.CustomMask;
+    case PropertyId::DefaultValue:
+        return s.DefaultValue;
+    case PropertyId::MinValue:
+        return s.MinValue;
+    case PropertyId::MaxValue:
+        return s.MaxValue;
+    case PropertyId::MustNotBeZero:
+        return s.MustNotBeZero;
+    case PropertyId::MustNotBeValues:
+        return EncodeList(s.MustNotBeValues);
+    case PropertyId::Actions:
+        return EncodeList(s.Actions);
+    case PropertyId::ShowErrorMessage:
+        return s.ShowErrorMessage;
+    case PropertyId::ValidationMode:
+        return int16_t { s.ValidationMode };
+    case PropertyId::MustBeProperCase:
+        return s.MustBeProperCase;
+    case PropertyId::MessageBoxTitle:
+        return s.MessageBoxTitle;
+    case PropertyId::ErrorMessageMode:
+        return int16_t { s.ErrorMessageMode };
+    case PropertyId::MustBeType:
+        return int32_t { s.MustBeType };
+    case PropertyId::OnErrorSelectEntireField:
+        return s.OnErrorSelectEntireField;
+    case PropertyId::InputSifting:
+        return int16_t { s.InputSifting };
+    case PropertyId::MaxRelativeAccuracy:
+        return s.MaxRelativeAccuracy;
+    case PropertyId::MessageBoxIcon:
+        return int16_t { s.MessageBoxIcon };
+    case PropertyId::ErrorMessage:
+        return s.ErrorMessage;
+    case PropertyId::Enabled:
+        return control.Enabled();
+    case PropertyId::SelLength:
+        return control.SelLength();
+    case PropertyId::SelStart:
+        return control.SelStart();
+    case PropertyId::ShowAsUnderstood:
+        return s.ShowAsUnderstood;
+    case PropertyId::Alignment:
+        return control.Alignment();
+    case PropertyId::Appearance:
+        return control.Appearance();
+    case PropertyId::BackColor:
+        return ColourValue(control.BackColor());
+    case PropertyId::ForeColor:
+        return ColourValue(control.ForeColor());
+    case PropertyId::BorderStyle:
+        return control.BorderStyle();
+    case PropertyId::Locked:
+        return control.Locked();
+    case PropertyId::PasswordChar:
+        return control.PasswordChar();
+    case PropertyId::RightToLeft:
+        return control.RightToLeft();
+    case PropertyId::MousePointer:
+        return control.MousePointer();
+    case PropertyId::MouseIcon: {
+        // An icon without bytes counts as none: both are the empty byte array, the entry's default.
+        const PictureRef icon = control.MouseIcon();
+        return icon ? icon->data : ByteArray();
+    }
+    case PropertyId::FontBold:
+        return control.FontBold();
+    case PropertyId::FontUnderline:
+        return control.FontUnderline();
+    case PropertyId::FontStrikethru:
+        return control.FontStrikethru();
+    case PropertyId::FontSize:
+        return control.FontSize();
+    case PropertyId::FontName:
+        return control.FontName();
+    case PropertyId::FontItalic:
+        return control.FontItalic();
+    case PropertyId::OLEDragMode:
+        return control.OLEDragMode();
+    case PropertyId::OLEDropMode:
+        return control.OLEDropMode();
+    }
+    return Variant();
 }
 
 } // namespace
@@ -248,76 +403,10 @@ void Quillmar::ReadProperties(const PropertyStore& store) {
 }
 
 void Quillmar::WriteProperties(PropertyStore& store) const {
-    const EditBox& box = m_host.editBox;
-    const Settings& s = m_settings;
-    const FontDesc font = box.Font();
-    const auto write = [&store](std::u16string_view key, const Variant& value, const Variant& writeDefault) {
-        store.WriteProperty(key, value, writeDefault);
-    };
-
-    write(u"MustBePositive", s.MustBePositive, false);
-    write(u"MustBeNegative", s.MustBeNegative, false);
-    write(u"Beeping", s.Beeping, true);
-    write(u"MustBeUpperCase", s.MustBeUpperCase, false);
-    write(u"MustBeLowerCase", s.MustBeLowerCase, false);
-    write(u"NoDigits", s.NoDigits, false);
-    write(u"OnlyLetters", s.OnlyLetters, false);
-    write(u"AllowScientificFormat", s.AllowScientificFormat, false);
-    write(u"MaxLength", box.MaxLength(), int32_t { 0 });
-    write(u"FinalValidationActive", s.FinalValidationActive, true);
-    write(u"ValidCharactersSet", s.ValidCharactersSet, u"");
-    write(u"Font", EncodeFont(font), EncodeFont(m_host.container.AmbientFont()));
-    // The text is written here, not at its place in the reading order, which comes after every rule.
-    write(u"Text", box.Text(), kTextWriteDefault);
-    write(u"OnlyLettersWithSpace", s.OnlyLettersWithSpace, false);
-    write(u"ExtraExcludedCharacters", s.ExtraExcludedCharacters, u"");
-    write(u"ExtraIncludedCharacters", s.ExtraIncludedCharacters, u"");
-    write(u"RequiredField", s.RequiredField, false);
-    write(u"ThousandSeparator", int16_t { s.ThousandSeparator }, int16_t { 0 });
-    write(u"MaxNumberOfDecimals", s.MaxNumberOfDecimals, int16_t { 0 });
-    write(u"CustomMask", s.CustomMask, u"");
-    write(u"DefaultValue", s.DefaultValue, u"");
-    write(u"MinValue", s.MinValue, u"");
-    write(u"MaxValue", s.MaxValue, u"");
-    write(u"MustNotBeZero", s.MustNotBeZero, false);
-    write(u"MustNotBeValues", EncodeList(s.MustNotBeValues), Variant());
-    write(u"Actions", EncodeList(s.Actions), Variant());
-    write(u"ShowErrorMessage", s.ShowErrorMessage, true);
-    write(u"ValidationMode", int16_t { s.ValidationMode }, int16_t { vldAutomatic });
-    write(u"MustBeProperCase", s.MustBeProperCase, false);
-    write(u"MessageBoxTitle", s.MessageBoxTitle, u"Invalid Entry");
-    write(u"ErrorMessageMode", int16_t { s.ErrorMessageMode }, int16_t { vldAutoAdvanced });
-    write(u"MustBeType", int32_t { s.MustBeType }, int32_t { vldUnspecified });
-    write(u"OnErrorSelectEntireField", s.OnErrorSelectEntireField, false);
-    write(u"InputSifting", int16_t { s.InputSifting }, int16_t { vldStrong });
-    write(u"MaxRelativeAccuracy", s.MaxRelativeAccuracy, int16_t { 0 });
-    write(u"MessageBoxIcon", int16_t { s.MessageBoxIcon }, int16_t { vldMBIExclamation });
-    write(u"ErrorMessage", s.ErrorMessage, u"");
-    write(u"Enabled", m_enabled, true);
-    write(u"SelLength", box.SelLength(), int32_t { 0 });
-    write(u"SelStart", box.SelStart(), int32_t { 0 });
-    write(u"ShowAsUnderstood", s.ShowAsUnderstood, true);
-    write(u"Alignment", box.Alignment(), int16_t { 0 });
-    write(u"Appearance", box.Appearance(), int16_t { vld3D });
-    write(u"BackColor", ColourValue(box.BackColor()), ColourValue(kSystemWindowColour));
-    write(u"ForeColor", ColourValue(box.ForeColor()), ColourValue(kSystemWindowTextColour));
-    write(u"BorderStyle", box.BorderStyle(), int16_t { vldFixedSingle });
-    write(u"Locked", box.Locked(), false);
-    write(u"PasswordChar", box.PasswordChar(), u"");
-    write(u"RightToLeft", box.RightToLeft(), false);
-    write(u"MousePointer", box.MousePointer(), int16_t { 0 });
-    // No icon is an empty byte array written against the same default, so the entry is left out; an icon
-    // without bytes counts as none.
-    const PictureRef icon = box.MouseIcon();
-    write(u"MouseIcon", icon ? Variant(icon->data) : Variant(ByteArray()), ByteArray());
-    write(u"FontBold", font.bold, false);
-    write(u"FontUnderline", font.underline, false);
-    write(u"FontStrikethru", font.strikethru, false);
-    write(u"FontSize", font.size, 0.0f);
-    write(u"FontName", font.name, u"");
-    write(u"FontItalic", font.italic, false);
-    write(u"OLEDragMode", box.OLEDragMode(), int16_t { 0 });
-    write(u"OLEDropMode", box.OLEDropMode(), int16_t { 0 });
+    const ByteArray ambientFont = EncodeFont(m_host.container.AmbientFont());
+    for (const StoredProperty& property : kStoredProperties)
+        store.WriteProperty(property.key, StoredValue(*this, property.id),
+            property.kind == PropertyKind::Font ? Variant(ambientFont) : WriteDefaultOf(property));
 }
 
 } // namespace quillmar

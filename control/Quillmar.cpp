@@ -1,5 +1,7 @@
 #include "control/Quillmar.h"
 
+#include "control/PropertyTable.h"
+
 #include "validation/Conversions.h"
 #include "validation/NumericAnalysis.h"
 #include "validation/Rules.h"
@@ -10,8 +12,9 @@
 namespace quillmar {
 namespace {
 
-void CheckRange(int32_t value, int32_t low, int32_t high) {
-    if (value < low || value > high) throw PropertyError(PropertyError::InvalidPropertyValue);
+// Refuses a value outside the range the property's table row gives.
+void CheckRange(int32_t value, PropertyId id) {
+    if (!InRange(PropertyFacts(id), value)) throw PropertyError(PropertyError::InvalidPropertyValue);
 }
 
 } // namespace
@@ -98,7 +101,7 @@ void Quillmar::ClearLimitsOfOtherClass(int wantedClass) {
 // Properties held by the control.
 
 void Quillmar::SetThousandSeparator(int32_t value) {
-    CheckRange(value, 0, 1);
+    CheckRange(value, PropertyId::ThousandSeparator);
     m_settings.ThousandSeparator = static_cast<ThousandSeparatorConstants>(value);
     Notify(u"ThousandSeparator");
 }
@@ -206,7 +209,7 @@ void Quillmar::SetRequiredField(bool value) {
 void Quillmar::SetMaxNumberOfDecimals(int32_t value) {
     // Stored before the check, unlike MaxRelativeAccuracy: a refused count stays in place, unannounced.
     m_settings.MaxNumberOfDecimals = static_cast<int16_t>(std::clamp<int32_t>(value, 0, INT16_MAX));
-    if (m_settings.MaxNumberOfDecimals > 32) throw PropertyError(PropertyError::InvalidPropertyValue);
+    CheckRange(m_settings.MaxNumberOfDecimals, PropertyId::MaxNumberOfDecimals);
     Notify(u"MaxNumberOfDecimals");
 }
 
@@ -299,7 +302,7 @@ void Quillmar::SetShowErrorMessage(bool value) {
 }
 
 void Quillmar::SetValidationMode(int32_t value) {
-    CheckRange(value, 0, 1);
+    CheckRange(value, PropertyId::ValidationMode);
     m_settings.ValidationMode = static_cast<ValidationModeConstants>(value);
     Notify(u"ValidationMode");
 }
@@ -310,13 +313,13 @@ void Quillmar::SetMessageBoxTitle(std::u16string_view value) {
 }
 
 void Quillmar::SetErrorMessageMode(int32_t value) {
-    CheckRange(value, 1, 3);
+    CheckRange(value, PropertyId::ErrorMessageMode);
     m_settings.ErrorMessageMode = static_cast<ErrorMessageModeConstants>(value);
     Notify(u"ErrorMessageMode");
 }
 
 void Quillmar::SetMustBeType(int32_t value) {
-    CheckRange(value, vldUnspecified, vldTime);
+    CheckRange(value, PropertyId::MustBeType);
     ClearTypeFlags();
     switch (value) {
     case vldByte:
@@ -367,19 +370,19 @@ void Quillmar::SetOnErrorSelectEntireField(bool value) {
 }
 
 void Quillmar::SetInputSifting(int32_t value) {
-    CheckRange(value, 0, 2);
+    CheckRange(value, PropertyId::InputSifting);
     m_settings.InputSifting = static_cast<InputSiftingConstants>(value);
     Notify(u"InputSifting");
 }
 
 void Quillmar::SetMaxRelativeAccuracy(int32_t value) {
-    if (value > 32) throw PropertyError(PropertyError::InvalidPropertyValue);
+    CheckRange(std::max(value, 0), PropertyId::MaxRelativeAccuracy);
     m_settings.MaxRelativeAccuracy = static_cast<int16_t>(std::max(value, 0));
     Notify(u"MaxRelativeAccuracy");
 }
 
 void Quillmar::SetMessageBoxIcon(int32_t value) {
-    CheckRange(value, vldMBINone, vldMBIQuestion);
+    CheckRange(value, PropertyId::MessageBoxIcon);
     m_settings.MessageBoxIcon = static_cast<MsgBoxIcons>(value);
     Notify(u"MessageBoxIcon");
 }

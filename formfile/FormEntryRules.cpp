@@ -1,10 +1,11 @@
-// The entries a form file may hold for a field: each property the control writes, in the kind it writes it
-// and with the values its writer (or the edit box) accepts.
+// The entries a form file may hold for a field: each property the control stores, in the kind it writes it
+// and with the values its writer (or the edit box) accepts, as the table of stored properties gives them.
 #include "formfile/FormEntryRules.h"
 
 #include "base/Enums.h"
 #include "base/Settings.h"
 #include "base/Utf8.h"
+#include "control/PropertyTable.h"
 #include "formfile/FormText.h"
 #include "validation/Conversions.h"
 
@@ -25,86 +26,17 @@ using quillmar::FromUtf8;
 using quillmar::KindName;
 using quillmar::MemoryPropertyStore;
 
-// What an entry may hold: the kind the control writes it in and the values its writer (or the edit box)
-// accepts.
-enum class Holds {
-    Boolean,
-    Text,
-    Character, // a text of at most one character
-    Integer, // a 16-bit integer within [min, max], or `also`
-    Long, // a 32-bit integer within [min, max]
-    Colour, // a 32-bit integer, any bit pattern
-    FontSize, // a single above 0 and at most max points
-    Value, // any single value: Empty, a text, a number, a date
-    Font, // bytes holding a property store
-    Picture, // any bytes
-    ValueList, // bytes holding the store of a list of single values
-    ActionList, // bytes holding the store of a list of three action flag words
-};
-
-struct EntryRule {
-    std::u16string_view key;
-    Holds holds;
-    int32_t min = 0;
-    int32_t max = 0;
-    int32_t also = 0; // one more accepted value, outside [min, max]; equal to min when there is none
-};
-
-constexpr int32_t kInt32Max = std::numeric_limits<int32_t>::max();
-
-// Every entry `WriteProperties` writes, with the values the control's writers and the edit box accept.
-constexpr EntryRule kEntryRules[] = {
-    { u"MustBePositive", Holds::Boolean }, { u"MustBeNegative", Holds::Boolean },
-    { u"Beeping", Holds::Boolean }, { u"MustBeUpperCase", Holds::Boolean },
-    { u"MustBeLowerCase", Holds::Boolean }, { u"NoDigits", Holds::Boolean },
-    { u"OnlyLetters", Holds::Boolean }, { u"AllowScientificFormat", Holds::Boolean },
-    { u"MaxLength", Holds::Long, 0, kInt32Max }, { u"FinalValidationActive", Holds::Boolean },
-    { u"ValidCharactersSet", Holds::Text }, { u"Font", Holds::Font }, { u"Text", Holds::Text },
-    { u"OnlyLettersWithSpace", Holds::Boolean }, { u"ExtraExcludedCharacters", Holds::Text },
-    { u"ExtraIncludedCharacters", Holds::Text }, { u"RequiredField", Holds::Boolean },
-    { u"ThousandSeparator", Holds::Integer, vldTSForbidden, vldTSAllowed },
-    { u"MaxNumberOfDecimals", Holds::Integer, 0, 32 }, { u"CustomMask", Holds::Text },
-    { u"DefaultValue", Holds::Value }, { u"MinValue", Holds::Value }, { u"MaxValue", Holds::Value },
-    { u"MustNotBeZero", Holds::Boolean }, { u"MustNotBeValues", Holds::ValueList },
-    { u"Actions", Holds::ActionList }, { u"ShowErrorMessage", Holds::Boolean },
-    { u"ValidationMode", Holds::Integer, vldAutomatic, vldSemiAutomatic },
-    { u"MustBeProperCase", Holds::Boolean }, { u"MessageBoxTitle", Holds::Text },
-    { u"ErrorMessageMode", Holds::Integer, vldAutoBasic, vldCustom, vldAutoBasic },
-    { u"MustBeType", Holds::Long, vldUnspecified, vldTime }, { u"OnErrorSelectEntireField", Holds::Boolean },
-    { u"InputSifting", Holds::Integer, vldNone, vldStrong },
-    { u"MaxRelativeAccuracy", Holds::Integer, 0, 32 },
-    { u"MessageBoxIcon", Holds::Integer, vldMBINone, vldMBIQuestion }, { u"ErrorMessage", Holds::Text },
-    { u"Enabled", Holds::Boolean }, { u"SelLength", Holds::Long, 0, kInt32Max },
-    { u"SelStart", Holds::Long, 0, kInt32Max }, { u"ShowAsUnderstood", Holds::Boolean },
-    { u"Alignment", Holds::Integer, 0, 2 }, // left, right, centre
-    { u"Appearance", Holds::Integer, vldFlat, vld3D }, { u"BackColor", Holds::Colour },
-    { u"ForeColor", Holds::Colour }, { u"BorderStyle", Holds::Integer, vldNoBorder, vldFixedSingle },
-    { u"Locked", Holds::Boolean }, { u"PasswordChar", Holds::Character }, { u"RightToLeft", Holds::Boolean },
-    { u"MousePointer", Holds::Integer, 0, 15, 99 }, // the standard pointers, and 99 for the field's icon
-    { u"MouseIcon", Holds::Picture }, { u"FontBold", Holds::Boolean }, { u"FontUnderline", Holds::Boolean },
-    { u"FontStrikethru", Holds::Boolean }, { u"FontSize", Holds::FontSize, 0, 2048 },
-    { u"FontName", Holds::Text }, { u"FontItalic", Holds::Boolean },
-    { u"OLEDragMode", Holds::Integer, 0, 1 }, // manual, automatic
-    { u"OLEDropMode", Holds::Integer, 0, 2 }, // none, manual, automatic
-};
-
-const EntryRule* RuleOf(std::u16string_view key) {
-    for (const EntryRule& rule : kEntryRules)
-        if (rule.key == key) return &rule;
-    return nullptr;
-}
-
 std::string KindFault(Variant::Kind expected, Variant::Kind got) {
     return "expected a value of type " + std::string(KindName(expected)) + ", got type "
         + std::string(KindName(got));
 }
 
-std::optional<std::string> RangeFault(const EntryRule& rule, int64_t value) {
-    if ((value >= rule.min && value <= rule.max) || (rule.also != rule.min && value == rule.also))
-        return std::nullopt;
-    std::string range = rule.max == kInt32Max ? std::to_string(rule.min) + " or more"
-                                              : std::to_string(rule.min) + " to " + std::to_string(rule.max);
-    if (rule.also != rule.min) range += " or " + std::to_string(rule.also);
+std::optional<std::string> RangeFault(const StoredProperty& rule, int64_t value) {
+    if (InRange(rule, value)) return std::nullopt;
+    std::string range = rule.max == kNoUpperBound
+        ? std::to_string(rule.min) + " or more"
+        : std::to_string(rule.min) + " to " + std::to_string(rule.max);
+    if (rule.also) range += " or " + std::to_string(*rule.also);
     return "expected " + range + ", got " + std::to_string(value);
 }
 
@@ -215,50 +147,50 @@ std::string ShownValue(const Variant& value, const LocaleInfo& locale) {
 } // namespace
 
 std::optional<std::string> EntryFault(std::u16string_view key, const Variant& value) {
-    const EntryRule* rule = RuleOf(key);
+    const StoredProperty* rule = FindStoredProperty(key);
     if (!rule) return "not a property of the field";
     const Variant::Kind kind = value.kind();
     const auto expect = [kind](Variant::Kind expected) -> std::optional<std::string> {
         if (kind == expected) return std::nullopt;
         return KindFault(expected, kind);
     };
-    switch (rule->holds) {
-    case Holds::Boolean:
+    switch (rule->kind) {
+    case PropertyKind::Boolean:
         return expect(Variant::Kind::Boolean);
-    case Holds::Text:
+    case PropertyKind::Text:
         return expect(Variant::Kind::String);
-    case Holds::Character:
+    case PropertyKind::Character:
         if (auto fault = expect(Variant::Kind::String)) return fault;
         if (value.AsString().size() > 1)
             return "expected at most one character, got " + Quoted(value.AsString());
         return std::nullopt;
-    case Holds::Integer:
+    case PropertyKind::Integer:
         if (auto fault = expect(Variant::Kind::Integer)) return fault;
         return RangeFault(*rule, value.AsInteger());
-    case Holds::Long:
+    case PropertyKind::Long:
         if (auto fault = expect(Variant::Kind::Long)) return fault;
         return RangeFault(*rule, value.AsLong());
-    case Holds::Colour:
+    case PropertyKind::Colour:
         return expect(Variant::Kind::Long);
-    case Holds::FontSize: {
+    case PropertyKind::FontSize: {
         if (auto fault = expect(Variant::Kind::Single)) return fault;
         const float size = value.AsSingle();
         if (std::isfinite(size) && size > 0 && size <= static_cast<float>(rule->max)) return std::nullopt;
         return "expected a point size above 0 and at most " + std::to_string(rule->max) + ", got "
             + Shown(Json(SingleAsDouble(size)));
     }
-    case Holds::Value:
+    case PropertyKind::Value:
         if (IsSingleValue(kind)) return std::nullopt;
         return "expected a single value, got type " + std::string(KindName(kind));
-    case Holds::Font:
+    case PropertyKind::Font:
         if (auto fault = expect(Variant::Kind::Bytes)) return fault;
         return FontFault(value);
-    case Holds::Picture:
+    case PropertyKind::Picture:
         return expect(Variant::Kind::Bytes);
-    case Holds::ValueList:
-    case Holds::ActionList:
+    case PropertyKind::ValueList:
+    case PropertyKind::ActionList:
         if (auto fault = expect(Variant::Kind::Bytes)) return fault;
-        return ListFault(value, rule->holds == Holds::ActionList);
+        return ListFault(value, rule->kind == PropertyKind::ActionList);
     }
     return std::nullopt;
 }

@@ -3,13 +3,12 @@
 
 #include "base/MemoryPropertyStore.h"
 #include "base/Utf8.h"
+#include "control/PropertyTable.h"
 #include "formfile/FormEntryRules.h"
 #include "formfile/FormFile.h"
 
 #include <QDebug>
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace quillmar::qt {
@@ -17,48 +16,11 @@ namespace {
 
 using quillmar::MemoryPropertyStore;
 
-// The entries of the properties the control holds itself; every other entry belongs to the edit box, the
-// text or the enabled state, which travel as properties of their own.
-constexpr std::array<std::u16string_view, 35> kRuleEntries = {
-    u"MustBePositive",
-    u"MustBeNegative",
-    u"Beeping",
-    u"MustBeUpperCase",
-    u"MustBeLowerCase",
-    u"NoDigits",
-    u"OnlyLetters",
-    u"AllowScientificFormat",
-    u"FinalValidationActive",
-    u"ValidCharactersSet",
-    u"OnlyLettersWithSpace",
-    u"ExtraExcludedCharacters",
-    u"ExtraIncludedCharacters",
-    u"RequiredField",
-    u"ThousandSeparator",
-    u"MaxNumberOfDecimals",
-    u"CustomMask",
-    u"DefaultValue",
-    u"MinValue",
-    u"MaxValue",
-    u"MustNotBeZero",
-    u"MustNotBeValues",
-    u"Actions",
-    u"ShowErrorMessage",
-    u"ValidationMode",
-    u"MustBeProperCase",
-    u"MessageBoxTitle",
-    u"ErrorMessageMode",
-    u"MustBeType",
-    u"OnErrorSelectEntireField",
-    u"InputSifting",
-    u"MaxRelativeAccuracy",
-    u"MessageBoxIcon",
-    u"ErrorMessage",
-    u"ShowAsUnderstood",
-};
-
+// The entries of the rules the control holds itself; every other entry belongs to the edit box, the text or
+// the enabled state, which travel as properties of their own.
 bool IsRuleEntry(std::u16string_view key) {
-    return std::find(kRuleEntries.begin(), kRuleEntries.end(), key) != kRuleEntries.end();
+    const StoredProperty* property = FindStoredProperty(key);
+    return property && property->rule;
 }
 
 // Everything the control writes, with the text always present: a text equal to the write default would
