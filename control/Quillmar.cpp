@@ -1,6 +1,7 @@
 #include "control/Quillmar.h"
 
 #include "control/PropertyTable.h"
+#include "control/RangeValue.h"
 
 #include "validation/Conversions.h"
 #include "validation/NumericAnalysis.h"
@@ -219,40 +220,23 @@ void Quillmar::SetCustomMask(std::u16string_view value) {
 }
 
 void Quillmar::SetDefaultValue(const Variant& value) {
-    if (value.IsEmpty() || value.IsEmptyString()) {
-        m_settings.DefaultValue = std::u16string();
-    } else if (!m_state.NumericMode && !m_state.TypeIsDate && !m_state.TypeIsTime) {
-        m_settings.DefaultValue = value;
-    } else if (m_state.NumericMode) {
-        const auto number = NumberOf(value, Locale());
-        if (!number) return;
-        m_settings.DefaultValue = value.IsString() ? Variant(number->value) : value;
-    } else {
-        const LocaleInfo locale = Locale();
-        const auto days = DateTimeOf(value, locale);
-        if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass)) return;
-        m_settings.DefaultValue = Date { *days };
-    }
+    auto coerced = CoerceRangeValue(value, m_state, Locale());
+    if (!coerced) return;
+    m_settings.DefaultValue = std::move(*coerced);
     Notify(u"DefaultValue");
 }
 
 void Quillmar::SetLimit(Variant& limit, const Variant& value, std::u16string_view name) {
     const LocaleInfo locale = Locale();
-    if (value.IsEmpty() || value.IsEmptyString()) {
-        limit = std::u16string();
+    const bool textField = !m_state.NumericMode && !m_state.TypeIsDate && !m_state.TypeIsTime;
+    if (textField && !value.IsEmpty() && !value.IsEmptyString()) {
+        // A text field has no limits: a number or a date-time is announced but not stored, anything else is
+        // ignored.
+        if (!NumberOf(value, locale) && !DateTimeOf(value, locale)) return;
     } else {
-        const auto number = NumberOf(value, locale);
-        const auto days = DateTimeOf(value, locale);
-        if (!number && !days) return;
-        if (m_state.NumericMode) {
-            if (!number) return;
-            limit = value.IsString() ? Variant(number->value) : value;
-        }
-        if (m_state.TypeIsDate || m_state.TypeIsTime) {
-            if (!days || ClassifyDateTime(value, locale) != (m_state.TypeIsDate ? DateClass : TimeClass))
-                return;
-            limit = Date { *days };
-        }
+        auto coerced = CoerceRangeValue(value, m_state, locale);
+        if (!coerced) return;
+        limit = std::move(*coerced);
     }
     Notify(name);
 }
