@@ -1,5 +1,5 @@
-// Saving and loading the control's properties: the entries, their defaults, their order and the encoding of
-// the two lists and the font as nested stores.
+// Saving and loading the control's properties: writing follows the table of stored properties, reading its
+// own order through the writers; the two lists and the font are encoded as nested stores.
 #include "control/Quillmar.h"
 
 #include "base/ListEncoding.h"

@@ -76,7 +76,8 @@ public:
     /// through the writers for `MustBeType`, "Text", `Enabled` and `MouseIcon`, into the edit box for its own
     /// properties. A stored `MustBeType` outside 0 to 9 throws 380 from its writer, as any writer would.
     void ReadProperties(const PropertyStore& store);
-    /// Writes every entry against its default, the edit box's properties as the box holds them now.
+    /// Writes every stored property, in the order of `kStoredProperties`, against its write default (the font
+    /// against the container's ambient font), the edit box's properties as the box holds them now.
     void WriteProperties(PropertyStore& store) const;
 
     // Methods.
