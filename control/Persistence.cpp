@@ -128,22 +128,22 @@ FontDesc DecodeFont(const Variant& stored, const FontDesc& fallback) {
 Variant WriteDefaultOf(const StoredProperty& property) {
     switch (property.kind) {
     case PropertyKind::Boolean:
-        return property.writeDefault != 0;
+        return property.writeDefault.number != 0;
     case PropertyKind::Integer:
-        return static_cast<int16_t>(property.writeDefault);
+        return static_cast<int16_t>(property.writeDefault.number);
     case PropertyKind::Long:
-        return static_cast<int32_t>(property.writeDefault);
+        return static_cast<int32_t>(property.writeDefault.number);
     case PropertyKind::Colour:
-        return ColourValue(static_cast<uint32_t>(property.writeDefault));
-    case PropertyKind::FontSize:
-        return static_cast<float>(property.writeDefault);
-    case PropertyKind::Text:
+        return ColourValue(static_cast<uint32_t>(property.writeDefault.number));
+    case PropertyKind::PointSize:
+        return static_cast<float>(property.writeDefault.number);
+    case PropertyKind::String:
     case PropertyKind::Character:
     case PropertyKind::Value:
-        return property.writeDefaultText;
+        return property.writeDefault.text;
     case PropertyKind::Picture:
         return ByteArray();
-    case PropertyKind::Font:
+    case PropertyKind::FontStore:
     case PropertyKind::ValueList:
     case PropertyKind::ActionList:
         break;
@@ -406,7 +406,7 @@ void Quillmar::WriteProperties(PropertyStore& store) const {
     const ByteArray ambientFont = EncodeFont(m_host.container.AmbientFont());
     for (const StoredProperty& property : kStoredProperties)
         store.WriteProperty(property.key, StoredValue(*this, property.id),
-            property.kind == PropertyKind::Font ? Variant(ambientFont) : WriteDefaultOf(property));
+            property.kind == PropertyKind::FontStore ? Variant(ambientFont) : WriteDefaultOf(property));
 }
 
 } // namespace quillmar

@@ -81,7 +81,7 @@ enum class PropertyKind : uint8_t {
     /// A Boolean.
     Boolean,
     /// A String.
-    Text,
+    String,
     /// A String of at most one character.
     Character,
     /// A 16-bit Integer within the entry's range.
@@ -91,11 +91,11 @@ enum class PropertyKind : uint8_t {
     /// A Long holding a colour's 32 bits, any bit pattern.
     Colour,
     /// A Single point size above 0 and at most the entry's `max`.
-    FontSize,
+    PointSize,
     /// Any single value: Empty, a text, a number, a date.
     Value,
     /// Bytes holding the font as a property store; written against the container's ambient font.
-    Font,
+    FontStore,
     /// Any bytes; no picture is an empty byte array.
     Picture,
     /// Bytes holding the store of a list of single values; always written.
@@ -108,6 +108,18 @@ enum class PropertyKind : uint8_t {
 inline constexpr uint32_t kSystemWindowColour = 0x80000005;
 inline constexpr uint32_t kSystemWindowTextColour = 0x80000008;
 
+/// The value an entry is written against: a number for the Boolean (0 or 1), Integer, Long, Colour (its
+/// bits) and PointSize kinds, a text for the String, Character and Value kinds; unused by the other kinds.
+struct WriteDefault {
+    constexpr WriteDefault(int64_t value) noexcept
+        : number(value) { }
+    template <size_t N>
+    constexpr WriteDefault(const char16_t (&value)[N]) noexcept
+        : text(value, N - 1) { }
+    int64_t number = 0;
+    std::u16string_view text;
+};
+
 /// The facts of one stored property.
 struct StoredProperty {
     PropertyId id;
@@ -116,14 +128,11 @@ struct StoredProperty {
     PropertyKind kind;
     /// True for the rules the control holds itself (its `Settings`); the other entries belong to the edit
     /// box, the text or the enabled state.
-    bool rule = false;
-    /// The value an entry is written against (and left out when equal to) for the Boolean, Integer, Long and
-    /// Colour kinds (a colour by its bits) and the FontSize kind (in points).
-    int64_t writeDefault = 0;
-    /// The value an entry is written against for the Text, Character and Value kinds.
-    std::u16string_view writeDefaultText = u"";
-    /// The values the writer (or the edit box) accepts for the Integer and Long kinds: [min, max], and
-    /// `also`.
+    bool rule;
+    /// The value the entry is written against, and left out when it equals.
+    WriteDefault writeDefault;
+    /// The values the writer (or the edit box) accepts for the Integer, Long and PointSize kinds: [min, max]
+    /// and `also`.
     int32_t min = 0;
     int32_t max = 0;
     std::optional<int32_t> also = std::nullopt;
@@ -131,193 +140,87 @@ struct StoredProperty {
 
 inline constexpr int32_t kNoUpperBound = std::numeric_limits<int32_t>::max();
 
+// clang-format off
+// A row whose key is its id's name.
+#define QM_ROW(id, ...) StoredProperty { PropertyId::id, u"" #id, __VA_ARGS__ }
+
+namespace property_rows {
+using enum PropertyKind;
+
 /// Every stored property, in the order the control writes them. Reading takes its own order.
 inline constexpr StoredProperty kStoredProperties[] = {
-    { .id = PropertyId::MustBePositive,
-        .key = u"MustBePositive",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::MustBeNegative,
-        .key = u"MustBeNegative",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::Beeping,
-        .key = u"Beeping",
-        .kind = PropertyKind::Boolean,
-        .rule = true,
-        .writeDefault = true },
-    { .id = PropertyId::MustBeUpperCase,
-        .key = u"MustBeUpperCase",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::MustBeLowerCase,
-        .key = u"MustBeLowerCase",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::NoDigits, .key = u"NoDigits", .kind = PropertyKind::Boolean, .rule = true },
-    { .id = PropertyId::OnlyLetters, .key = u"OnlyLetters", .kind = PropertyKind::Boolean, .rule = true },
-    { .id = PropertyId::AllowScientificFormat,
-        .key = u"AllowScientificFormat",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::MaxLength, .key = u"MaxLength", .kind = PropertyKind::Long, .max = kNoUpperBound },
-    { .id = PropertyId::FinalValidationActive,
-        .key = u"FinalValidationActive",
-        .kind = PropertyKind::Boolean,
-        .rule = true,
-        .writeDefault = true },
-    { .id = PropertyId::ValidCharactersSet,
-        .key = u"ValidCharactersSet",
-        .kind = PropertyKind::Text,
-        .rule = true },
-    { .id = PropertyId::Font, .key = u"Font", .kind = PropertyKind::Font },
+    // id                            kind        rule   write default, min, max, also
+    QM_ROW(MustBePositive,           Boolean,    true,  false),
+    QM_ROW(MustBeNegative,           Boolean,    true,  false),
+    QM_ROW(Beeping,                  Boolean,    true,  true),
+    QM_ROW(MustBeUpperCase,          Boolean,    true,  false),
+    QM_ROW(MustBeLowerCase,          Boolean,    true,  false),
+    QM_ROW(NoDigits,                 Boolean,    true,  false),
+    QM_ROW(OnlyLetters,              Boolean,    true,  false),
+    QM_ROW(AllowScientificFormat,    Boolean,    true,  false),
+    QM_ROW(MaxLength,                Long,       false, 0,                  0, kNoUpperBound),
+    QM_ROW(FinalValidationActive,    Boolean,    true,  true),
+    QM_ROW(ValidCharactersSet,       String,     true,  u""),
+    QM_ROW(Font,                     FontStore,  false, 0),
     // A text of exactly "Text1" is left out, and so loads back as the control's name.
-    { .id = PropertyId::Text, .key = u"Text", .kind = PropertyKind::Text, .writeDefaultText = u"Text1" },
-    { .id = PropertyId::OnlyLettersWithSpace,
-        .key = u"OnlyLettersWithSpace",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::ExtraExcludedCharacters,
-        .key = u"ExtraExcludedCharacters",
-        .kind = PropertyKind::Text,
-        .rule = true },
-    { .id = PropertyId::ExtraIncludedCharacters,
-        .key = u"ExtraIncludedCharacters",
-        .kind = PropertyKind::Text,
-        .rule = true },
-    { .id = PropertyId::RequiredField, .key = u"RequiredField", .kind = PropertyKind::Boolean, .rule = true },
-    { .id = PropertyId::ThousandSeparator,
-        .key = u"ThousandSeparator",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .min = vldTSForbidden,
-        .max = vldTSAllowed },
-    { .id = PropertyId::MaxNumberOfDecimals,
-        .key = u"MaxNumberOfDecimals",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .max = 32 },
-    { .id = PropertyId::CustomMask, .key = u"CustomMask", .kind = PropertyKind::Text, .rule = true },
-    { .id = PropertyId::DefaultValue, .key = u"DefaultValue", .kind = PropertyKind::Value, .rule = true },
-    { .id = PropertyId::MinValue, .key = u"MinValue", .kind = PropertyKind::Value, .rule = true },
-    { .id = PropertyId::MaxValue, .key = u"MaxValue", .kind = PropertyKind::Value, .rule = true },
-    { .id = PropertyId::MustNotBeZero, .key = u"MustNotBeZero", .kind = PropertyKind::Boolean, .rule = true },
-    { .id = PropertyId::MustNotBeValues,
-        .key = u"MustNotBeValues",
-        .kind = PropertyKind::ValueList,
-        .rule = true },
-    { .id = PropertyId::Actions, .key = u"Actions", .kind = PropertyKind::ActionList, .rule = true },
-    { .id = PropertyId::ShowErrorMessage,
-        .key = u"ShowErrorMessage",
-        .kind = PropertyKind::Boolean,
-        .rule = true,
-        .writeDefault = true },
-    { .id = PropertyId::ValidationMode,
-        .key = u"ValidationMode",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .writeDefault = vldAutomatic,
-        .min = vldAutomatic,
-        .max = vldSemiAutomatic },
-    { .id = PropertyId::MustBeProperCase,
-        .key = u"MustBeProperCase",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::MessageBoxTitle,
-        .key = u"MessageBoxTitle",
-        .kind = PropertyKind::Text,
-        .rule = true,
-        .writeDefaultText = u"Invalid Entry" },
-    { .id = PropertyId::ErrorMessageMode,
-        .key = u"ErrorMessageMode",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .writeDefault = vldAutoAdvanced,
-        .min = vldAutoBasic,
-        .max = vldCustom },
-    { .id = PropertyId::MustBeType,
-        .key = u"MustBeType",
-        .kind = PropertyKind::Long,
-        .rule = true,
-        .writeDefault = vldUnspecified,
-        .min = vldUnspecified,
-        .max = vldTime },
-    { .id = PropertyId::OnErrorSelectEntireField,
-        .key = u"OnErrorSelectEntireField",
-        .kind = PropertyKind::Boolean,
-        .rule = true },
-    { .id = PropertyId::InputSifting,
-        .key = u"InputSifting",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .writeDefault = vldStrong,
-        .min = vldNone,
-        .max = vldStrong },
-    { .id = PropertyId::MaxRelativeAccuracy,
-        .key = u"MaxRelativeAccuracy",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .max = 32 },
-    { .id = PropertyId::MessageBoxIcon,
-        .key = u"MessageBoxIcon",
-        .kind = PropertyKind::Integer,
-        .rule = true,
-        .writeDefault = vldMBIExclamation,
-        .min = vldMBINone,
-        .max = vldMBIQuestion },
-    { .id = PropertyId::ErrorMessage, .key = u"ErrorMessage", .kind = PropertyKind::Text, .rule = true },
-    { .id = PropertyId::Enabled, .key = u"Enabled", .kind = PropertyKind::Boolean, .writeDefault = true },
-    { .id = PropertyId::SelLength, .key = u"SelLength", .kind = PropertyKind::Long, .max = kNoUpperBound },
-    { .id = PropertyId::SelStart, .key = u"SelStart", .kind = PropertyKind::Long, .max = kNoUpperBound },
-    { .id = PropertyId::ShowAsUnderstood,
-        .key = u"ShowAsUnderstood",
-        .kind = PropertyKind::Boolean,
-        .rule = true,
-        .writeDefault = true },
+    QM_ROW(Text,                     String,     false, u"Text1"),
+    QM_ROW(OnlyLettersWithSpace,     Boolean,    true,  false),
+    QM_ROW(ExtraExcludedCharacters,  String,     true,  u""),
+    QM_ROW(ExtraIncludedCharacters,  String,     true,  u""),
+    QM_ROW(RequiredField,            Boolean,    true,  false),
+    QM_ROW(ThousandSeparator,        Integer,    true,  0,                  vldTSForbidden, vldTSAllowed),
+    QM_ROW(MaxNumberOfDecimals,      Integer,    true,  0,                  0, 32),
+    QM_ROW(CustomMask,               String,     true,  u""),
+    QM_ROW(DefaultValue,             Value,      true,  u""),
+    QM_ROW(MinValue,                 Value,      true,  u""),
+    QM_ROW(MaxValue,                 Value,      true,  u""),
+    QM_ROW(MustNotBeZero,            Boolean,    true,  false),
+    QM_ROW(MustNotBeValues,          ValueList,  true,  0),
+    QM_ROW(Actions,                  ActionList, true,  0),
+    QM_ROW(ShowErrorMessage,         Boolean,    true,  true),
+    QM_ROW(ValidationMode,           Integer,    true,  vldAutomatic,       vldAutomatic, vldSemiAutomatic),
+    QM_ROW(MustBeProperCase,         Boolean,    true,  false),
+    QM_ROW(MessageBoxTitle,          String,     true,  u"Invalid Entry"),
+    QM_ROW(ErrorMessageMode,         Integer,    true,  vldAutoAdvanced,    vldAutoBasic, vldCustom),
+    QM_ROW(MustBeType,               Long,       true,  vldUnspecified,     vldUnspecified, vldTime),
+    QM_ROW(OnErrorSelectEntireField, Boolean,    true,  false),
+    QM_ROW(InputSifting,             Integer,    true,  vldStrong,          vldNone, vldStrong),
+    QM_ROW(MaxRelativeAccuracy,      Integer,    true,  0,                  0, 32),
+    QM_ROW(MessageBoxIcon,           Integer,    true,  vldMBIExclamation,  vldMBINone, vldMBIQuestion),
+    QM_ROW(ErrorMessage,             String,     true,  u""),
+    QM_ROW(Enabled,                  Boolean,    false, true),
+    QM_ROW(SelLength,                Long,       false, 0,                  0, kNoUpperBound),
+    QM_ROW(SelStart,                 Long,       false, 0,                  0, kNoUpperBound),
+    QM_ROW(ShowAsUnderstood,         Boolean,    true,  true),
     // Left, right, centre.
-    { .id = PropertyId::Alignment, .key = u"Alignment", .kind = PropertyKind::Integer, .max = 2 },
-    { .id = PropertyId::Appearance,
-        .key = u"Appearance",
-        .kind = PropertyKind::Integer,
-        .writeDefault = vld3D,
-        .min = vldFlat,
-        .max = vld3D },
-    { .id = PropertyId::BackColor,
-        .key = u"BackColor",
-        .kind = PropertyKind::Colour,
-        .writeDefault = kSystemWindowColour },
-    { .id = PropertyId::ForeColor,
-        .key = u"ForeColor",
-        .kind = PropertyKind::Colour,
-        .writeDefault = kSystemWindowTextColour },
-    { .id = PropertyId::BorderStyle,
-        .key = u"BorderStyle",
-        .kind = PropertyKind::Integer,
-        .writeDefault = vldFixedSingle,
-        .min = vldNoBorder,
-        .max = vldFixedSingle },
-    { .id = PropertyId::Locked, .key = u"Locked", .kind = PropertyKind::Boolean },
-    { .id = PropertyId::PasswordChar, .key = u"PasswordChar", .kind = PropertyKind::Character },
-    { .id = PropertyId::RightToLeft, .key = u"RightToLeft", .kind = PropertyKind::Boolean },
+    QM_ROW(Alignment,                Integer,    false, 0,                  0, 2),
+    QM_ROW(Appearance,               Integer,    false, vld3D,              vldFlat, vld3D),
+    QM_ROW(BackColor,                Colour,     false, kSystemWindowColour),
+    QM_ROW(ForeColor,                Colour,     false, kSystemWindowTextColour),
+    QM_ROW(BorderStyle,              Integer,    false, vldFixedSingle,     vldNoBorder, vldFixedSingle),
+    QM_ROW(Locked,                   Boolean,    false, false),
+    QM_ROW(PasswordChar,             Character,  false, u""),
+    QM_ROW(RightToLeft,              Boolean,    false, false),
     // The standard pointers, and 99 for the field's own icon.
-    { .id = PropertyId::MousePointer,
-        .key = u"MousePointer",
-        .kind = PropertyKind::Integer,
-        .max = 15,
-        .also = 99 },
-    { .id = PropertyId::MouseIcon, .key = u"MouseIcon", .kind = PropertyKind::Picture },
-    { .id = PropertyId::FontBold, .key = u"FontBold", .kind = PropertyKind::Boolean },
-    { .id = PropertyId::FontUnderline, .key = u"FontUnderline", .kind = PropertyKind::Boolean },
-    { .id = PropertyId::FontStrikethru, .key = u"FontStrikethru", .kind = PropertyKind::Boolean },
+    QM_ROW(MousePointer,             Integer,    false, 0,                  0, 15, 99),
+    QM_ROW(MouseIcon,                Picture,    false, 0),
+    QM_ROW(FontBold,                 Boolean,    false, false),
+    QM_ROW(FontUnderline,            Boolean,    false, false),
+    QM_ROW(FontStrikethru,           Boolean,    false, false),
     // Written against 0 points, which no font has, so the size is always written.
-    { .id = PropertyId::FontSize, .key = u"FontSize", .kind = PropertyKind::FontSize, .max = 2048 },
-    { .id = PropertyId::FontName, .key = u"FontName", .kind = PropertyKind::Text },
-    { .id = PropertyId::FontItalic, .key = u"FontItalic", .kind = PropertyKind::Boolean },
+    QM_ROW(FontSize,                 PointSize,  false, 0,                  0, 2048),
+    QM_ROW(FontName,                 String,     false, u""),
+    QM_ROW(FontItalic,               Boolean,    false, false),
     // Manual, automatic.
-    { .id = PropertyId::OLEDragMode, .key = u"OLEDragMode", .kind = PropertyKind::Integer, .max = 1 },
+    QM_ROW(OLEDragMode,              Integer,    false, 0,                  0, 1),
     // None, manual, automatic.
-    { .id = PropertyId::OLEDropMode, .key = u"OLEDropMode", .kind = PropertyKind::Integer, .max = 2 },
+    QM_ROW(OLEDropMode,              Integer,    false, 0,                  0, 2),
 };
+} // namespace property_rows
+using property_rows::kStoredProperties;
+
+#undef QM_ROW
+// clang-format on
 
 namespace detail {
 constexpr bool RowsFollowIds() {

@@ -157,7 +157,7 @@ std::optional<std::string> EntryFault(std::u16string_view key, const Variant& va
     switch (rule->kind) {
     case PropertyKind::Boolean:
         return expect(Variant::Kind::Boolean);
-    case PropertyKind::Text:
+    case PropertyKind::String:
         return expect(Variant::Kind::String);
     case PropertyKind::Character:
         if (auto fault = expect(Variant::Kind::String)) return fault;
@@ -172,7 +172,7 @@ std::optional<std::string> EntryFault(std::u16string_view key, const Variant& va
         return RangeFault(*rule, value.AsLong());
     case PropertyKind::Colour:
         return expect(Variant::Kind::Long);
-    case PropertyKind::FontSize: {
+    case PropertyKind::PointSize: {
         if (auto fault = expect(Variant::Kind::Single)) return fault;
         const float size = value.AsSingle();
         if (std::isfinite(size) && size > 0 && size <= static_cast<float>(rule->max)) return std::nullopt;
@@ -182,7 +182,7 @@ std::optional<std::string> EntryFault(std::u16string_view key, const Variant& va
     case PropertyKind::Value:
         if (IsSingleValue(kind)) return std::nullopt;
         return "expected a single value, got type " + std::string(KindName(kind));
-    case PropertyKind::Font:
+    case PropertyKind::FontStore:
         if (auto fault = expect(Variant::Kind::Bytes)) return fault;
         return FontFault(value);
     case PropertyKind::Picture:
