@@ -4,34 +4,15 @@
 #include "qt/QuillmarEdit.h"
 
 #include "qt/EditHistory.h"
-#include "qt/FieldHints.h"
-#include "qt/QtAlerts.h"
-#include "qt/QtKeys.h"
-#include "qt/UserEditLimits.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QDrag>
-#include <QFocusEvent>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
-#include <QKeySequence>
-#include <QLocale>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPointer>
-#include <QStyle>
-#include <QValidator>
+#include <QString>
 
-#include <algorithm>
-#include <atomic>
 #include <functional>
-#include <limits>
 #include <optional>
 
 namespace quillmar::qt {
+
+class UserEditLimits;
 
 /// A handle unique to each edit box of the process.
 [[nodiscard]] int32_t NextHandle();
@@ -45,179 +26,97 @@ class QtServices final : public Container,
                          public AboutBox,
                          public QuillmarEvents {
 public:
+    /// Makes the field's line edit, a child of `owner`, and connects its changes to the control and the undo
+    /// history.
     explicit QtServices(QuillmarEdit& owner);
 
     // Container.
-    void PropertyChanged(std::u16string_view name) override { emit m_owner.PropertyChanged(ToQString(name)); }
-    [[nodiscard]] bool UserMode() const override { return m_userMode; }
-    [[nodiscard]] FontDesc AmbientFont() const override {
-        return FromQFont(m_owner.parentWidget() ? m_owner.parentWidget()->font() : QApplication::font());
-    }
-    [[nodiscard]] std::optional<std::u16string> ExtenderName() const override {
-        return FromQString(m_owner.objectName());
-    }
-    [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override {
-        return FromQString(m_owner.toolTip());
-    }
-    [[nodiscard]] bool ExtenderVisible() const override { return m_owner.isVisible(); }
-    void SetFocus() override { m_edit->setFocus(Qt::OtherFocusReason); }
-    void SetWidth(int32_t width) override { Resize(width, m_owner.height()); }
-    void SetHeight(int32_t height) override { Resize(m_owner.width(), height); }
+    void PropertyChanged(std::u16string_view name) override;
+    [[nodiscard]] bool UserMode() const override;
+    [[nodiscard]] FontDesc AmbientFont() const override;
+    [[nodiscard]] std::optional<std::u16string> ExtenderName() const override;
+    [[nodiscard]] std::optional<std::u16string> ExtenderToolTipText() const override;
+    [[nodiscard]] bool ExtenderVisible() const override;
+    void SetFocus() override;
+    void SetWidth(int32_t width) override;
+    void SetHeight(int32_t height) override;
 
     // Edit box.
-    void SetEvents(EditBoxEvents* events) override { m_events = events; }
-    [[nodiscard]] std::u16string Text() const override { return FromQString(m_edit->text()); }
-    void SetText(std::u16string_view text) override {
-        if (m_restoring) return;
-        const Programmatic write(*m_limit);
-        // Inside an edit (the user's, or a final-validation write) the write is part of that edit's step; a
-        // final-validation write of its own is a step of its own; the program's text starts the history
-        // afresh.
-        if (m_history.InGroup()) return m_edit->setText(ToQString(text));
-        if (m_owner.m_control && m_owner.m_control->state().ProgrammaticWrite) {
-            const HistoryStep step(*this);
-            return m_edit->setText(ToQString(text));
-        }
-        m_edit->setText(ToQString(text));
-        m_history.Reset(State());
-    }
-    [[nodiscard]] int32_t SelStart() const override {
-        return m_edit->hasSelectedText() ? m_edit->selectionStart() : m_edit->cursorPosition();
-    }
-    void SetSelStart(int32_t start) override {
-        if (!m_restoring) m_edit->setCursorPosition(std::max(start, 0));
-    }
-    [[nodiscard]] int32_t SelLength() const override { return m_edit->selectionLength(); }
-    void SetSelLength(int32_t length) override {
-        if (m_restoring) return;
-        const int32_t start = SelStart();
-        m_edit->setSelection(
-            start, std::clamp<int32_t>(length, 0, static_cast<int32_t>(m_edit->text().size()) - start));
-    }
-    [[nodiscard]] std::u16string SelText() const override { return FromQString(m_edit->selectedText()); }
-    void SetSelText(std::u16string_view text) override {
-        if (m_restoring) return;
-        const Programmatic write(*m_limit);
-        const HistoryStep step(*this);
-        m_edit->insert(ToQString(text));
-    }
-    [[nodiscard]] int32_t MaxLength() const override { return static_cast<int32_t>(m_limit->limit); }
-    void SetMaxLength(int32_t length) override { m_limit->limit = std::max(length, 0); }
-    [[nodiscard]] int16_t Alignment() const override { return m_alignment; }
+    void SetEvents(EditBoxEvents* events) override;
+    [[nodiscard]] std::u16string Text() const override;
+    void SetText(std::u16string_view text) override;
+    [[nodiscard]] int32_t SelStart() const override;
+    void SetSelStart(int32_t start) override;
+    [[nodiscard]] int32_t SelLength() const override;
+    void SetSelLength(int32_t length) override;
+    [[nodiscard]] std::u16string SelText() const override;
+    void SetSelText(std::u16string_view text) override;
+    [[nodiscard]] int32_t MaxLength() const override;
+    void SetMaxLength(int32_t length) override;
+    [[nodiscard]] int16_t Alignment() const override;
     void SetAlignment(int16_t value) override;
-    [[nodiscard]] int16_t Appearance() const override { return m_appearance; }
-    void SetAppearance(int16_t value) override {
-        m_appearance = value;
-        ApplyFrame();
-    }
-    [[nodiscard]] int16_t BorderStyle() const override { return m_borderStyle; }
-    void SetBorderStyle(int16_t value) override {
-        m_borderStyle = value;
-        ApplyFrame();
-    }
-    [[nodiscard]] bool Locked() const override { return m_edit->isReadOnly(); }
-    void SetLocked(bool value) override { m_edit->setReadOnly(value); }
-    [[nodiscard]] std::u16string PasswordChar() const override { return m_passwordChar; }
+    [[nodiscard]] int16_t Appearance() const override;
+    void SetAppearance(int16_t value) override;
+    [[nodiscard]] int16_t BorderStyle() const override;
+    void SetBorderStyle(int16_t value) override;
+    [[nodiscard]] bool Locked() const override;
+    void SetLocked(bool value) override;
+    [[nodiscard]] std::u16string PasswordChar() const override;
     void SetPasswordChar(std::u16string_view value) override;
-    [[nodiscard]] bool RightToLeft() const override { return m_edit->layoutDirection() == Qt::RightToLeft; }
-    void SetRightToLeft(bool value) override {
-        m_edit->setLayoutDirection(value ? Qt::RightToLeft : Qt::LeftToRight);
-    }
-    [[nodiscard]] int16_t MousePointer() const override { return m_mousePointer; }
-    void SetMousePointer(int16_t value) override {
-        m_mousePointer = value;
-        ApplyCursor();
-    }
-    [[nodiscard]] PictureRef MouseIcon() const override { return m_mouseIcon; }
-    void SetMouseIcon(PictureRef value) override {
-        m_mouseIcon = std::move(value);
-        ApplyCursor();
-    }
-    [[nodiscard]] FontDesc Font() const override { return m_font; }
-    void SetFont(const FontDesc& font) override {
-        m_font = font;
-        m_edit->setFont(ToQFont(font));
-    }
-    [[nodiscard]] uint32_t BackColor() const override { return m_backColor; }
-    void SetBackColor(uint32_t value) override {
-        m_backColor = value;
-        ApplyColours();
-    }
-    [[nodiscard]] uint32_t ForeColor() const override { return m_foreColor; }
-    void SetForeColor(uint32_t value) override {
-        m_foreColor = value;
-        ApplyColours();
-    }
-    [[nodiscard]] int16_t OLEDragMode() const override { return m_oleDragMode; }
-    void SetOLEDragMode(int16_t value) override {
-        m_oleDragMode = value;
-        m_edit->setDragEnabled(value == 1);
-    }
-    [[nodiscard]] int16_t OLEDropMode() const override { return m_oleDropMode; }
-    void SetOLEDropMode(int16_t value) override {
-        m_oleDropMode = value;
-        m_edit->setAcceptDrops(value != 0);
-    }
-    [[nodiscard]] bool Enabled() const override { return m_edit->isEnabled(); }
-    void SetEnabled(bool value) override {
-        m_owner.setEnabled(value);
-        m_edit->setEnabled(value);
-    }
-    [[nodiscard]] bool HideSelection() const override { return true; }
-    [[nodiscard]] int32_t Handle() const override { return m_handle; }
-    void Refresh() override { m_edit->update(); }
-    [[nodiscard]] std::u16string ToolTipText() const override { return FromQString(m_edit->toolTip()); }
-    void SetToolTipText(std::u16string_view text) override { m_edit->setToolTip(ToQString(text)); }
-    void Move(int32_t left, int32_t top, int32_t width, int32_t height) override {
-        m_edit->setGeometry(
-            left, top, std::max(width, 0), std::max(height, m_edit->minimumSizeHint().height()));
-    }
-    [[nodiscard]] int32_t Width() const override { return m_edit->width(); }
-    [[nodiscard]] int32_t Height() const override { return m_edit->height(); }
+    [[nodiscard]] bool RightToLeft() const override;
+    void SetRightToLeft(bool value) override;
+    [[nodiscard]] int16_t MousePointer() const override;
+    void SetMousePointer(int16_t value) override;
+    [[nodiscard]] PictureRef MouseIcon() const override;
+    void SetMouseIcon(PictureRef value) override;
+    [[nodiscard]] FontDesc Font() const override;
+    void SetFont(const FontDesc& font) override;
+    [[nodiscard]] uint32_t BackColor() const override;
+    void SetBackColor(uint32_t value) override;
+    [[nodiscard]] uint32_t ForeColor() const override;
+    void SetForeColor(uint32_t value) override;
+    [[nodiscard]] int16_t OLEDragMode() const override;
+    void SetOLEDragMode(int16_t value) override;
+    [[nodiscard]] int16_t OLEDropMode() const override;
+    void SetOLEDropMode(int16_t value) override;
+    [[nodiscard]] bool Enabled() const override;
+    void SetEnabled(bool value) override;
+    [[nodiscard]] bool HideSelection() const override;
+    [[nodiscard]] int32_t Handle() const override;
+    void Refresh() override;
+    [[nodiscard]] std::u16string ToolTipText() const override;
+    void SetToolTipText(std::u16string_view text) override;
+    void Move(int32_t left, int32_t top, int32_t width, int32_t height) override;
+    [[nodiscard]] int32_t Width() const override;
+    [[nodiscard]] int32_t Height() const override;
     void OLEDrag() override;
 
     // Alerts, locale and about box.
-    void Beep() override {
-        if (!m_restoring) m_beep ? m_beep() : QApplication::beep();
-    }
+    void Beep() override;
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override;
     [[nodiscard]] Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
-    [[nodiscard]] LocaleInfo Locale() const override {
-        // Asked for on every key: the locale's facts are read again only when its name changes.
-        QString name = m_localeName.isEmpty() ? QLocale::system().name() : m_localeName;
-        if (!m_locale || name != m_localeRead) {
-            m_locale = LocaleInfo::FromName(name.toStdString());
-            m_localeRead = std::move(name);
-        }
-        return *m_locale;
-    }
+    /// The locale of the field's name, or of the system's when none is set; its facts are read again only
+    /// when the name changes.
+    [[nodiscard]] LocaleInfo Locale() const override;
     void Show() override;
 
     // The control's events, raised as the widget's signals.
-    void OLEStartDrag(DataObject& d, int32_t& e) override { emit m_owner.OLEStartDrag(d, e); }
-    void OLESetData(DataObject& d, int16_t& f) override { emit m_owner.OLESetData(d, f); }
-    void OLEGiveFeedback(int32_t& e, bool& c) override { emit m_owner.OLEGiveFeedback(e, c); }
+    void OLEStartDrag(DataObject& d, int32_t& e) override;
+    void OLESetData(DataObject& d, int16_t& f) override;
+    void OLEGiveFeedback(int32_t& e, bool& c) override;
     void OLEDragOver(
-        DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y, int16_t& st) override {
-        emit m_owner.OLEDragOver(d, e, b, s, x, y, st);
-    }
-    void OLEDragDrop(DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y) override {
-        emit m_owner.OLEDragDrop(d, e, b, s, x, y);
-    }
-    void OLECompleteDrag(int32_t& e) override { emit m_owner.OLECompleteDrag(e); }
-    void KeyDown(int16_t& k, int16_t& s) override { emit m_owner.KeyDown(k, s); }
-    void KeyPress(int16_t& k) override { emit m_owner.KeyPress(k); }
-    void KeyUp(int16_t& k, int16_t& s) override { emit m_owner.KeyUp(k, s); }
-    void MouseDown(int16_t& b, int16_t& s, float& x, float& y) override {
-        emit m_owner.MouseDown(b, s, x, y);
-    }
-    void MouseMove(int16_t& b, int16_t& s, float& x, float& y) override {
-        emit m_owner.MouseMove(b, s, x, y);
-    }
-    void MouseUp(int16_t& b, int16_t& s, float& x, float& y) override { emit m_owner.MouseUp(b, s, x, y); }
-    void Click() override { emit m_owner.Click(); }
-    void DblClick() override { emit m_owner.DblClick(); }
-    void Change() override { emit m_owner.Change(); }
+        DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y, int16_t& st) override;
+    void OLEDragDrop(DataObject& d, int32_t& e, int16_t& b, int16_t& s, float& x, float& y) override;
+    void OLECompleteDrag(int32_t& e) override;
+    void KeyDown(int16_t& k, int16_t& s) override;
+    void KeyPress(int16_t& k) override;
+    void KeyUp(int16_t& k, int16_t& s) override;
+    void MouseDown(int16_t& b, int16_t& s, float& x, float& y) override;
+    void MouseMove(int16_t& b, int16_t& s, float& x, float& y) override;
+    void MouseUp(int16_t& b, int16_t& s, float& x, float& y) override;
+    void Click() override;
+    void DblClick() override;
+    void Change() override;
 
     [[nodiscard]] EditBoxEvents* Events() const { return m_events; }
     [[nodiscard]] UserEditLimits& Limits() const { return *m_limit; }
@@ -232,11 +131,8 @@ public:
     /// one undo step.
     class HistoryStep {
     public:
-        explicit HistoryStep(QtServices& services)
-            : m_services(services) {
-            services.m_history.Begin(services.State());
-        }
-        ~HistoryStep() { m_services.m_history.End(m_services.State()); }
+        explicit HistoryStep(QtServices& services);
+        ~HistoryStep();
         HistoryStep(const HistoryStep&) = delete;
         HistoryStep& operator=(const HistoryStep&) = delete;
 
@@ -244,14 +140,12 @@ public:
         QtServices& m_services;
     };
 
-    [[nodiscard]] bool CanUndo() const { return !m_edit->isReadOnly() && m_history.CanUndo(); }
-    [[nodiscard]] bool CanRedo() const { return !m_edit->isReadOnly() && m_history.CanRedo(); }
-    void Undo() {
-        if (CanUndo()) Restore(m_history.Undo());
-    }
-    void Redo() {
-        if (CanRedo()) Restore(m_history.Redo());
-    }
+    /// Whether there is a step to undo (or redo); never in a locked field.
+    [[nodiscard]] bool CanUndo() const;
+    [[nodiscard]] bool CanRedo() const;
+    /// Puts back the state before the last step (or after the step last undone); nothing when there is none.
+    void Undo();
+    void Redo();
 
     QuillmarEdit& m_owner;
     QLineEdit* m_edit = nullptr;
@@ -266,12 +160,8 @@ public:
 private:
     // Marks the text writes that come from the control rather than from the user.
     struct Programmatic {
-        explicit Programmatic(UserEditLimits& limit)
-            : m_limit(limit)
-            , m_was(limit.programmatic) {
-            limit.programmatic = true;
-        }
-        ~Programmatic() { m_limit.programmatic = m_was; }
+        explicit Programmatic(UserEditLimits& limit);
+        ~Programmatic();
         Programmatic(const Programmatic&) = delete;
         Programmatic& operator=(const Programmatic&) = delete;
 
