@@ -13,7 +13,7 @@
 #include <QtDesigner/QExtensionManager>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-#include "designer/Application.h"
+#include "support/QtApplication.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,11 @@ namespace {
 
 class DesignerPlugin : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { designer_tests::EnsureApplication(); }
+    static void SetUpTestSuite() {
+        // Fields made by the plugin or from a form file follow the system's locale, which only the
+        // environment names.
+        support::StartQtApplication("designer_tests", "en_US.UTF-8");
+    }
 
     QDesignerCustomWidgetInterface* Field() {
         auto* collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QMetaEnum>
 
-#include "designer/Application.h"
+#include "support/QtApplication.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,11 @@ using quillmar::MemoryPropertyStore;
 
 class RulesProperty : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { designer_tests::EnsureApplication(); }
+    static void SetUpTestSuite() {
+        // Fields made by the plugin or from a form file follow the system's locale, which only the
+        // environment names.
+        support::StartQtApplication("designer_tests", "en_US.UTF-8");
+    }
 
     static MemoryPropertyStore Stored(const QuillmarEdit& field) {
         MemoryPropertyStore store;

@@ -1,4 +1,4 @@
-#include "designer/Application.h"
+#include "support/QtApplication.h"
 #include "ui_OrderForm.h"
 
 #include <QFile>
@@ -106,7 +106,11 @@ void ExpectTheFormOfTheFile(QWidget& form) {
 
 class UiForm : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { designer_tests::EnsureApplication(); }
+    static void SetUpTestSuite() {
+        // Fields made by the plugin or from a form file follow the system's locale, which only the
+        // environment names.
+        support::StartQtApplication("designer_tests", "en_US.UTF-8");
+    }
 };
 
 TEST_F(UiForm, QUiLoaderMakesTheFileFieldsThroughThePlugin) {

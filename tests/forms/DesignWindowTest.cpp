@@ -1,6 +1,7 @@
 #include "apps/forms/DesignWindow.h"
 #include "apps/forms/FieldNames.h"
 #include "host/standalone/StandaloneHost.h"
+#include "support/QtApplication.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -50,13 +51,7 @@ QByteArray Bytes(const QString& path) {
 // its pages' alerts recorded.
 class DesignMode : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "forms_tests";
-        static char* argv[] = { name, nullptr };
-        if (!QApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("forms_tests"); }
 
     std::unique_ptr<DesignWindow> Open(const QString& path = {}) {
         auto window = std::make_unique<DesignWindow>();

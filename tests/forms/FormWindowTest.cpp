@@ -1,4 +1,5 @@
 #include "apps/forms/FormWindow.h"
+#include "support/QtApplication.h"
 
 #include <QApplication>
 #include <QFile>
@@ -53,13 +54,7 @@ const std::pair<const char*, const char*> kOrder[] = {
 // The example form in run mode, its database in a folder of its own, every message box recorded.
 class RunMode : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "forms_tests";
-        static char* argv[] = { name, nullptr };
-        if (!QApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("forms_tests"); }
 
     void SetUp() override { Show(Example()); }
 

@@ -4,6 +4,7 @@
 #include "host/standalone/StandaloneHost.h"
 #include "pages/PropertyPageFrame.h"
 #include "qt/QuillmarEdit.h"
+#include "support/QtApplication.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -31,13 +32,7 @@ public:
 /// `alerts.answers`). Each test adds the pages it drives with `Add`.
 class PageTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "pages_tests";
-        static char* argv[] = { name, nullptr };
-        if (!QApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("pages_tests"); }
 
     PageTest() { frame.SetLocaleName(QStringLiteral("en_US")); }
 

@@ -3,6 +3,7 @@
 #include "qt/EditHistory.h"
 #include "qt/FieldHints.h"
 #include "qt/QtConversions.h"
+#include "support/QtApplication.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -55,13 +56,7 @@ struct Shown {
 // A form window with fields whose beeps and message boxes are recorded instead of sounded and shown.
 class Form : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "qt_tests";
-        static char* argv[] = { name, nullptr };
-        if (!QApplication::instance()) new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("qt_tests"); }
 
     QuillmarEdit* AddField(const char* name, int32_t type, InputSiftingConstants sifting) {
         auto* field = new QuillmarEdit(&window);
