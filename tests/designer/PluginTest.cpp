@@ -26,11 +26,7 @@ namespace {
 
 class DesignerPlugin : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        // Fields made by the plugin or from a form file follow the system's locale, which only the
-        // environment names.
-        support::StartQtApplication("designer_tests", "en_US.UTF-8");
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("designer_tests", "en_US.UTF-8"); }
 
     QDesignerCustomWidgetInterface* Field() {
         auto* collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());

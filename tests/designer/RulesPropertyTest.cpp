@@ -17,11 +17,7 @@ using quillmar::MemoryPropertyStore;
 
 class RulesProperty : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        // Fields made by the plugin or from a form file follow the system's locale, which only the
-        // environment names.
-        support::StartQtApplication("designer_tests", "en_US.UTF-8");
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("designer_tests", "en_US.UTF-8"); }
 
     static MemoryPropertyStore Stored(const QuillmarEdit& field) {
         MemoryPropertyStore store;

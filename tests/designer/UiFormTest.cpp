@@ -106,11 +106,7 @@ void ExpectTheFormOfTheFile(QWidget& form) {
 
 class UiForm : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        // Fields made by the plugin or from a form file follow the system's locale, which only the
-        // environment names.
-        support::StartQtApplication("designer_tests", "en_US.UTF-8");
-    }
+    static void SetUpTestSuite() { support::StartQtApplication("designer_tests", "en_US.UTF-8"); }
 };
 
 TEST_F(UiForm, QUiLoaderMakesTheFileFieldsThroughThePlugin) {
