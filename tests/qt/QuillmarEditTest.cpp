@@ -1,113 +1,28 @@
 #include "qt/QuillmarEdit.h"
 #include "host/standalone/StandaloneHost.h"
-#include "qt/EditHistory.h"
-#include "qt/FieldHints.h"
 #include "qt/QtConversions.h"
-#include "support/QtApplication.h"
+#include "qt/QtForm.h"
 
-#include <QAccessible>
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDate>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
-#include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
-#include <QToolTip>
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <ostream>
 #include <random>
 #include <tuple>
 #include <utility>
 #include <vector>
 
-// Failures show texts as text, line breaks as \\n.
-void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << QString(text).replace(u'\n', QStringLiteral("\\n")).toStdString() << '"';
-}
-
 namespace quillmar::qt {
 namespace {
-
-// Lets events run until the condition holds or two seconds pass; GoogleTest asserts on the answer.
-template <typename Condition> bool WaitFor(Condition condition) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < 2000)
-        QTest::qWait(10);
-    return condition();
-}
-
-struct Shown {
-    QString text, title;
-    int icon;
-};
-
-// A form window with fields whose beeps and message boxes are recorded instead of sounded and shown.
-class Form : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() { support::StartQtApplication("qt_tests"); }
-
-    QuillmarEdit* AddField(const char* name, int32_t type, InputSiftingConstants sifting) {
-        auto* field = new QuillmarEdit(&window);
-        field->setObjectName(QString::fromLatin1(name));
-        field->SetLocaleName(QStringLiteral("en_US"));
-        field->SetBeepHandler([this] { ++beeps; });
-        field->SetMessageBoxHandler([this](const QString& t, const QString& title, int icon) {
-            shown.push_back({ t, title, icon });
-        });
-        field->SetMustBeType(type);
-        field->SetInputSifting(sifting);
-        layout->addWidget(field);
-        return field;
-    }
-
-    void ShowAndFocus(QuillmarEdit* field) {
-        window.show();
-        window.activateWindow(); // again, after a popup menu closed
-        QApplication::setActiveWindow(&window);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        field->setFocus(Qt::TabFocusReason);
-        QApplication::processEvents();
-    }
-
-    // Opens the edit box's context menu, tells whether the action is enabled and, if asked, chooses it.
-    static bool FromMenu(QLineEdit* edit, const char* name, bool choose) {
-        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(2, 2), edit->mapToGlobal(QPoint(2, 2)));
-        QApplication::sendEvent(edit, &open);
-        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        auto* action = popup ? popup->findChild<QAction*>(QString::fromLatin1(name)) : nullptr;
-        const bool enabled = action && action->isEnabled();
-        if (popup) popup->close(); // as a click does, before the action runs
-        if (enabled && choose) action->trigger();
-        return enabled;
-    }
-
-    // Drops `text` on the edit box at `at`, as a drag from another program ends.
-    static void Drop(QLineEdit* edit, const QString& text, QPoint at) {
-        QMimeData data;
-        data.setText(text);
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(edit, &enter); // makes the edit box the drop's target
-        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(edit, &drop);
-    }
-
-    QWidget window;
-    QVBoxLayout* layout = new QVBoxLayout(&window);
-    int beeps = 0;
-    std::vector<Shown> shown;
-};
 
 TEST_F(Form, StrongSiftingRestoresAPaste) {
     QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldStrong);
@@ -530,179 +445,6 @@ TEST_F(Form, ReturnEnterAndEscapeReachTheDialog) {
         EXPECT_EQ(clicks, std::string(expected) == "default" ? 1 : 0);
         EXPECT_EQ(dialog.isVisible(), std::string(expected) != "closed");
     }
-}
-
-// An empty field shows an example of its rules in grey and describes them to assistive technology, following
-// later changes of the rules and of the locale; the form's tool tip stays as the form set it.
-TEST_F(Form, EmptyFieldShowsItsRulesByExampleAndInWords) {
-    const QString year = QString::number(QDate::currentDate().year()).right(2); // the short date
-    struct Row {
-        int32_t type;
-        std::function<void(QuillmarEdit&)> rules;
-        const char* locale;
-        QString placeholder, description;
-    };
-    const std::vector<Row> rows {
-        { vldInteger,
-            [](QuillmarEdit& f) {
-                f.SetMinValue(1);
-                f.SetMaxValue(100);
-            },
-            "en_US", QStringLiteral("1 \u2013 100"), QStringLiteral("An integer between 1 and 100") },
-        { vldDate, [](QuillmarEdit&) {}, "en_US", QStringLiteral("12/31/") + year, QStringLiteral("A date") },
-        { vldDate, [](QuillmarEdit&) {}, "de_DE", QStringLiteral("31.12.") + year, QStringLiteral("A date") },
-        { vldString, [](QuillmarEdit& f) { f.SetCustomMask(QStringLiteral("[A-Z][A-Z]-####")); }, "en_US",
-            QStringLiteral("AB-1234"), QStringLiteral("Like AB-1234") },
-        { vldString, [](QuillmarEdit&) {}, "en_US", QString(), QString() },
-    };
-    for (const Row& row : rows) {
-        QuillmarEdit* field = AddField("Field", row.type, vldWeak);
-        field->setToolTip(QStringLiteral("Set by the form"));
-        field->SetLocaleName(QStringLiteral("ja_JP")); // the placeholder follows the locale set last
-        row.rules(*field);
-        field->SetLocaleName(QString::fromLatin1(row.locale));
-        EXPECT_EQ(field->lineEdit()->placeholderText(), row.placeholder) << row.locale;
-        EXPECT_EQ(field->lineEdit()->accessibleDescription(), row.description);
-        EXPECT_EQ(field->accessibleDescription(), row.description);
-        EXPECT_EQ(field->toolTip(), QStringLiteral("Set by the form"));
-        EXPECT_EQ(field->lineEdit()->toolTip(), QString());
-    }
-}
-
-// The edit box holds the focus, so assistive technology reads the field's name from it: the name the
-// program gave the field, or its buddy label's text; a name given to the edit box itself stays.
-TEST_F(Form, TheEditBoxIsNamedAfterTheFieldsLabel) {
-    const auto nameRead = [](QWidget* widget) {
-        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
-    };
-    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
-    auto* label = new QLabel(QStringLiteral("&Quantity && price:"), &window);
-    label->setBuddy(quantity);
-    QuillmarEdit* named = AddField("Named", vldInteger, vldWeak);
-    named->setAccessibleName(QStringLiteral("Unit price"));
-    QuillmarEdit* own = AddField("Own", vldInteger, vldWeak);
-    own->lineEdit()->setAccessibleName(QStringLiteral("Its own"));
-    ShowAndFocus(quantity);
-    EXPECT_EQ(nameRead(quantity->lineEdit()), QStringLiteral("Quantity & price"));
-    EXPECT_EQ(nameRead(named->lineEdit()), QStringLiteral("Unit price"));
-    EXPECT_EQ(nameRead(own->lineEdit()), QStringLiteral("Its own"));
-}
-
-// With the option on, a refused key or paste (by key, from the menu or dropped) also says why at the caret;
-// the beep and the text are as without it, and a key that was not refused (an arrow after a refused key, a
-// paste of nothing after a refused paste) brings no tip.
-TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
-    enum class Via { Key, Menu, Drop };
-    struct Row {
-        InputSiftingConstants sifting;
-        bool tips;
-        QString typed, pasted;
-        Qt::Key last;
-        QString tip, text;
-        int beeps;
-        Via via = Via::Key;
-    };
-    const QString digits = QStringLiteral("Only digits can be typed here");
-    const QString numbers = QStringLiteral("Numbers here are written like 1234");
-    const QString one = QStringLiteral("1");
-    const std::vector<Row> rows {
-        { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_unknown, digits, one, 1 },
-        { vldWeak, false, QStringLiteral("1a"), {}, Qt::Key_unknown, {}, one, 1 },
-        { vldWeak, true, QStringLiteral("1a"), {}, Qt::Key_Left, {}, one, 1 },
-        { vldWeak, true, QStringLiteral("1.2"), {}, Qt::Key_unknown, {}, QStringLiteral("1.2"), 0 },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1 },
-        { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1 },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_V, {}, one, 1 }, // then a paste of nothing
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1, Via::Menu },
-        { vldStrong, true, one, QStringLiteral("x"), Qt::Key_unknown, numbers, one, 1, Via::Drop },
-        { vldStrong, false, one, QStringLiteral("x"), Qt::Key_unknown, {}, one, 1, Via::Drop },
-        { vldStrong, true, one, QStringLiteral("-"), Qt::Key_unknown,
-            QStringLiteral("That would not make a number"), one, 1 }, // pasted after the 1, then sprung back
-        { vldWeak, true, one, QStringLiteral("1,2,3"), Qt::Key_unknown, numbers, one, 1 },
-        { vldStrong, true, QStringLiteral("1.234"), {}, Qt::Key_unknown, QStringLiteral("At most 2 decimals"),
-            QStringLiteral("1.23"), 0 },
-    };
-    for (const Row& row : rows) {
-        QuillmarEdit* field = AddField("Price", vldDouble, row.sifting);
-        if (row.typed.contains(u'a') || !row.pasted.isEmpty()) field->SetMustBeType(vldInteger);
-        field->SetMaxNumberOfDecimals(2);
-        field->SetShowRefusalTips(row.tips);
-        field->SetOLEDropMode(2);
-        ShowAndFocus(field);
-        beeps = 0;
-        QTest::keyClicks(field->lineEdit(), row.typed);
-        if (!row.pasted.isEmpty() && row.via == Via::Drop) {
-            Drop(field->lineEdit(), row.pasted, QPoint(field->lineEdit()->width() - 2, 4));
-        } else if (!row.pasted.isEmpty()) {
-            QApplication::clipboard()->setText(row.pasted);
-            if (row.via == Via::Menu)
-                EXPECT_TRUE(FromMenu(field->lineEdit(), "edit-paste", true));
-            else
-                QTest::keyClick(field->lineEdit(), Qt::Key_V, Qt::ControlModifier);
-        }
-        if (row.last != Qt::Key_unknown) {
-            QToolTip::hideText();
-            ASSERT_TRUE(WaitFor([] { return !QToolTip::isVisible(); }));
-            QApplication::clipboard()->clear();
-            QTest::keyClick(
-                field->lineEdit(), row.last, row.last == Qt::Key_V ? Qt::ControlModifier : Qt::NoModifier);
-        }
-        EXPECT_EQ(QToolTip::isVisible() ? QToolTip::text() : QString(), row.tip) << row.typed.toStdString();
-        EXPECT_EQ(field->Text(), row.text);
-        EXPECT_EQ(beeps, row.beeps);
-        QToolTip::hideText();
-        ASSERT_TRUE(WaitFor([] { return !QToolTip::isVisible(); }));
-        delete field;
-    }
-}
-
-// With the option on, a text that breaks a rule shows a frame and an icon whose tool tip is the rules in
-// words; a text that keeps them, an empty one or the option off show neither.
-TEST_F(Form, InlineStateShowsWhileTheTextBreaksARule) {
-    struct Row {
-        bool on;
-        QString typed;
-        bool shown;
-    };
-    for (const Row& row :
-        std::vector<Row> { { true, QStringLiteral("250"), true }, { true, QStringLiteral("50"), false },
-            { true, QString(), false }, { false, QStringLiteral("250"), false } }) {
-        QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
-        quantity->SetMaxValue(100);
-        quantity->SetShowInlineState(row.on);
-        ShowAndFocus(quantity);
-        QTest::keyClicks(quantity->lineEdit(), row.typed);
-        const FieldHints& hints = quantity->hints();
-        EXPECT_EQ(hints.StateIcon() && hints.StateIcon()->isVisible(), row.shown) << row.typed.toStdString();
-        EXPECT_EQ(hints.StateFrame() && hints.StateFrame()->isVisible(), row.shown);
-        if (row.on) {
-            EXPECT_EQ(hints.StateIcon()->toolTip(), QStringLiteral("An integer <= 100"));
-        }
-        EXPECT_TRUE(shown.empty());
-        EXPECT_EQ(quantity->toolTip(), QString());
-        delete quantity;
-    }
-    // Turning it off removes the icon from the edit box.
-    QuillmarEdit* quantity = AddField("Quantity", vldInteger, vldWeak);
-    quantity->SetShowInlineState(true);
-    quantity->SetShowInlineState(false);
-    EXPECT_TRUE(quantity->lineEdit()->actions().isEmpty());
-}
-
-// The oldest steps go once the history is full; the newest stay undoable in order.
-TEST(EditHistoryTest, KeepsTheNewestSteps) {
-    EditHistory history;
-    history.Reset({});
-    for (int i = 1; i <= int(EditHistory::kMaxSteps) + 5; ++i) {
-        history.Begin({ QString::number(i - 1), 0, 0 });
-        history.End({ QString::number(i), 0, 0 });
-    }
-    QString undone;
-    for (std::size_t i = 0; i < EditHistory::kMaxSteps; ++i)
-        undone = history.Undo().text;
-    EXPECT_EQ(undone, QStringLiteral("5"));
-    EXPECT_FALSE(history.CanUndo());
-    EXPECT_EQ(history.Redo().text, QStringLiteral("6"));
 }
 
 } // namespace
