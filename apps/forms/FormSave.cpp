@@ -1,9 +1,9 @@
 #include "apps/forms/FormSave.h"
 
+#include "apps/forms/ShownPath.h"
+
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <filesystem>
 
@@ -17,7 +17,7 @@ QString Tr(const char* text) {
 } // namespace
 
 QString SaveForm(const QString& path, const FormDocument& document, const BeforeCommitHook& beforeCommit) {
-    const QString shown = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    const QString shown = ShownPath(path);
     if (const auto fault = CheckFormDocument(document, shown.toStdString()))
         return Tr("The form was not saved: %1").arg(QString::fromStdString(*fault));
     const std::filesystem::path file(QFile::encodeName(path).toStdString());
