@@ -1,15 +1,10 @@
 #include "base/Variant.h"
-#include "base/PropertyError.h"
 
 #include <ostream>
 #include <sstream>
 #include <string>
 
 namespace quillmar {
-
-PropertyError::PropertyError(int number)
-    : std::runtime_error("property error " + std::to_string(number))
-    , m_number(number) { }
 
 bool Variant::IsNumber() const noexcept {
     switch (kind()) {

@@ -3,19 +3,24 @@
 #include "control/PropertyTable.h"
 #include "control/RangeValue.h"
 
+#include "base/Utf8.h"
+
 #include "validation/Conversions.h"
 #include "validation/NumericAnalysis.h"
 #include "validation/Rules.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
 
 namespace quillmar {
 namespace {
 
 // Refuses a value outside the range the property's table row gives.
 void CheckRange(int32_t value, PropertyId id) {
-    if (!InRange(PropertyFacts(id), value)) throw PropertyError(PropertyError::InvalidPropertyValue);
+    const StoredProperty& facts = PropertyFacts(id);
+    if (!InRange(facts, value))
+        throw PropertyError(PropertyError::InvalidPropertyValue, ToUtf8(facts.key), std::to_string(value));
 }
 
 } // namespace
@@ -254,28 +259,28 @@ void Quillmar::SetMustNotBeZero(bool value) {
     Notify(u"MustNotBeZero");
 }
 
-void Quillmar::RequireDesignTime(int error) const {
-    if (m_host.container.UserMode()) throw PropertyError(error);
+void Quillmar::RequireDesignTime(int error, std::u16string_view name) const {
+    if (m_host.container.UserMode()) throw PropertyError(error, ToUtf8(name));
 }
 
 VariantArray Quillmar::MustNotBeValues() const {
-    RequireDesignTime(PropertyError::NotAvailableAtRunTime);
+    RequireDesignTime(PropertyError::NotAvailableAtRunTime, u"MustNotBeValues");
     return m_settings.MustNotBeValues;
 }
 
 void Quillmar::SetMustNotBeValues(const VariantArray& value) {
-    RequireDesignTime(PropertyError::NotSettableAtRunTime);
+    RequireDesignTime(PropertyError::NotSettableAtRunTime, u"MustNotBeValues");
     m_settings.MustNotBeValues = value;
     Notify(u"MustNotBeValues");
 }
 
 VariantArray Quillmar::Actions() const {
-    RequireDesignTime(PropertyError::NotAvailableAtRunTime);
+    RequireDesignTime(PropertyError::NotAvailableAtRunTime, u"Actions");
     return m_settings.Actions;
 }
 
 void Quillmar::SetActions(const VariantArray& value) {
-    RequireDesignTime(PropertyError::NotSettableAtRunTime);
+    RequireDesignTime(PropertyError::NotSettableAtRunTime, u"Actions");
     m_settings.Actions = value;
     Notify(u"Actions");
 }

@@ -335,7 +335,7 @@ private:
     void EnterNumericMode();
     void ClearLimitsOfOtherClass(int wantedClass);
     void SetLimit(Variant& limit, const Variant& value, std::u16string_view name);
-    void RequireDesignTime(int error) const;
+    void RequireDesignTime(int error, std::u16string_view name) const;
     void WriteText(std::u16string_view text);
     void WriteCorrection(std::u16string_view text);
     int32_t PerformActions();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <string>
 #include <tuple>
 
 namespace quillmar {
@@ -37,6 +38,16 @@ int ErrorOf(const std::function<void()>& action) {
     return 0;
 }
 
+// What the error `action` raises says; empty when it raises none.
+std::string MessageOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const PropertyError& error) {
+        return error.what();
+    }
+    return {};
+}
+
 TEST_F(PropertyModel, RangeChecksRaise380AndChangeNothing) {
     // Just beyond each end of the ranges.
     const std::function<void()> refused[] = { [&] { control.SetMustBeType(10); },
@@ -52,6 +63,7 @@ TEST_F(PropertyModel, RangeChecksRaise380AndChangeNothing) {
         EXPECT_EQ(control.settings(), before);
         EXPECT_TRUE(control.state().NumericMode && control.state().TypeIsInteger);
     }
+    EXPECT_EQ(MessageOf([&] { control.SetMustBeType(42); }), "MustBeType: 42 is out of range (380)");
 }
 
 TEST_F(PropertyModel, DecimalsStayStoredWhenRefusedButAccuracyDoesNot) {
@@ -161,6 +173,9 @@ TEST_F(PropertyModel, ListsAreForDesignTimeOnly) {
     EXPECT_EQ(ErrorOf([&] { (void)control.Actions(); }), 393);
     EXPECT_EQ(ErrorOf([&] { (void)control.MustNotBeValues(); }), 393);
     EXPECT_EQ(ErrorOf([&] { control.SetMustNotBeValues({ {}, u"0" }); }), 382);
+    EXPECT_EQ(MessageOf([&] { control.SetActions({}); }), "Actions: cannot be set at run time (382)");
+    EXPECT_EQ(MessageOf([&] { (void)control.MustNotBeValues(); }),
+        "MustNotBeValues: cannot be read at run time (393)");
     host.container.userMode = false;
     EXPECT_EQ(control.Actions(), Settings::InitialActions());
     control.SetMustNotBeValues({ {}, u"0", u"13", u"99" });
