@@ -98,6 +98,7 @@ QtServices::Programmatic::~Programmatic() {
 // The container.
 
 void QtServices::PropertyChanged(std::u16string_view name) {
+    ++m_notifications;
     emit m_owner.PropertyChanged(ToQString(name));
 }
 

@@ -118,6 +118,8 @@ public:
     void DblClick() override;
     void Change() override;
 
+    /// How many property changes the control has announced so far.
+    [[nodiscard]] int Notifications() const { return m_notifications; }
     [[nodiscard]] EditBoxEvents* Events() const { return m_events; }
     [[nodiscard]] UserEditLimits& Limits() const { return *m_limit; }
     /// True while the field's own message box or about box is open: the focus it takes is not leaving.
@@ -195,6 +197,7 @@ private:
     int16_t m_oleDragMode = 0;
     int16_t m_oleDropMode = 0;
     int m_dialogsOpen = 0;
+    int m_notifications = 0;
     bool m_resizing = false;
     bool m_skipFocusExit = false;
     EditHistory m_history;

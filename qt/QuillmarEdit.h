@@ -22,7 +22,10 @@ class QtServices;
 /// may change), then the control sifts, repairs and validates. Return, Enter and Escape are no characters of
 /// the field: the form's KeyDown and KeyPress see them and may cancel them, but they are never sifted, and
 /// go on to the dialog as from a `QLineEdit` (its default button, closing it). Every property of the control
-/// is a `Q_PROPERTY` of the same name; a refused value throws `quillmar::PropertyError` as the control does.
+/// is a `Q_PROPERTY` of the same name. Its writers never throw, whether called directly or through
+/// `setProperty` (Qt cannot carry an exception out of a property write): a value the field refuses leaves the
+/// property as it was, is reported once as a `qWarning` naming the field, the property and the value, and
+/// raises `PropertyRefused`. The control's own writers (`control()`) keep throwing `quillmar::PropertyError`.
 /// The enumerated properties have the control's enumeration types, so that Qt shows their enumerator names
 /// (`vldInteger`) and takes them as text (`setProperty("MustBeType", "vldInteger")`).
 /// In a `.ui` file the field's rules travel as one text, `rules`; the edit box's properties travel one by
@@ -199,11 +202,19 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    // Properties (the control's readers and writers).
+    // Properties: the control's readers and writers. A writer refuses, as described above, what the control
+    // refuses (a value out of range, a list written at run time), a number of the edit box's outside the
+    // values it has (`Alignment` 0 to 2, `Appearance`, `BorderStyle`, `MousePointer` 0 to 15 or 99, the
+    // drag and drop modes), a count of decimals above 32 (which the control would keep), and a
+    // `DefaultValue`, `MinValue` or `MaxValue` that the field's type cannot take (which the control ignores
+    // silently). A value that Qt cannot convert to the property's type never reaches the field: `setProperty`
+    // returns false. Each enumerated property is written in its enumeration type or, for generic callers, as
+    // an int.
     [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const {
         return m_control->ThousandSeparator();
     }
-    void SetThousandSeparator(int value) { m_control->SetThousandSeparator(value); }
+    void SetThousandSeparator(ThousandSeparatorConstants value);
+    void SetThousandSeparator(int value);
     [[nodiscard]] bool MustBePositive() const { return m_control->MustBePositive(); }
     void SetMustBePositive(bool value) { m_control->SetMustBePositive(value); }
     [[nodiscard]] bool MustBeNegative() const { return m_control->MustBeNegative(); }
@@ -243,45 +254,46 @@ public:
     [[nodiscard]] bool RequiredField() const { return m_control->RequiredField(); }
     void SetRequiredField(bool value) { m_control->SetRequiredField(value); }
     [[nodiscard]] int MaxNumberOfDecimals() const { return m_control->MaxNumberOfDecimals(); }
-    void SetMaxNumberOfDecimals(int value) { m_control->SetMaxNumberOfDecimals(value); }
+    void SetMaxNumberOfDecimals(int value);
     [[nodiscard]] QString CustomMask() const { return ToQString(m_control->CustomMask()); }
     void SetCustomMask(const QString& value) { m_control->SetCustomMask(FromQString(value)); }
     [[nodiscard]] QVariant DefaultValue() const { return ToQVariant(m_control->DefaultValue()); }
-    void SetDefaultValue(const QVariant& value) { m_control->SetDefaultValue(FromQVariant(value)); }
+    void SetDefaultValue(const QVariant& value);
     [[nodiscard]] QVariant MinValue() const { return ToQVariant(m_control->MinValue()); }
-    void SetMinValue(const QVariant& value) { m_control->SetMinValue(FromQVariant(value)); }
+    void SetMinValue(const QVariant& value);
     [[nodiscard]] QVariant MaxValue() const { return ToQVariant(m_control->MaxValue()); }
-    void SetMaxValue(const QVariant& value) { m_control->SetMaxValue(FromQVariant(value)); }
+    void SetMaxValue(const QVariant& value);
     [[nodiscard]] bool MustNotBeZero() const { return m_control->MustNotBeZero(); }
     void SetMustNotBeZero(bool value) { m_control->SetMustNotBeZero(value); }
-    [[nodiscard]] QVariantList MustNotBeValues() const {
-        return ToQVariant(Variant(m_control->MustNotBeValues())).toList();
-    }
-    void SetMustNotBeValues(const QVariantList& value) {
-        m_control->SetMustNotBeValues(FromQVariant(QVariant(value)).AsArray());
-    }
-    [[nodiscard]] QVariantList Actions() const { return ToQVariant(Variant(m_control->Actions())).toList(); }
-    void SetActions(const QVariantList& value) {
-        m_control->SetActions(FromQVariant(QVariant(value)).AsArray());
-    }
+    /// The two lists are design-time properties: at run time (`UserMode`) a read gives an empty list and a
+    /// write is refused (382), where the control's own reader throws 393.
+    [[nodiscard]] QVariantList MustNotBeValues() const;
+    void SetMustNotBeValues(const QVariantList& value);
+    [[nodiscard]] QVariantList Actions() const;
+    void SetActions(const QVariantList& value);
     [[nodiscard]] bool ShowErrorMessage() const { return m_control->ShowErrorMessage(); }
     void SetShowErrorMessage(bool value) { m_control->SetShowErrorMessage(value); }
     [[nodiscard]] ValidationModeConstants ValidationMode() const { return m_control->ValidationMode(); }
-    void SetValidationMode(int value) { m_control->SetValidationMode(value); }
+    void SetValidationMode(ValidationModeConstants value);
+    void SetValidationMode(int value);
     [[nodiscard]] QString MessageBoxTitle() const { return ToQString(m_control->MessageBoxTitle()); }
     void SetMessageBoxTitle(const QString& value) { m_control->SetMessageBoxTitle(FromQString(value)); }
     [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const { return m_control->ErrorMessageMode(); }
-    void SetErrorMessageMode(int value) { m_control->SetErrorMessageMode(value); }
+    void SetErrorMessageMode(ErrorMessageModeConstants value);
+    void SetErrorMessageMode(int value);
     [[nodiscard]] MustBeTypeConstants MustBeType() const { return m_control->MustBeType(); }
-    void SetMustBeType(int value) { m_control->SetMustBeType(value); }
+    void SetMustBeType(MustBeTypeConstants value);
+    void SetMustBeType(int value);
     [[nodiscard]] bool OnErrorSelectEntireField() const { return m_control->OnErrorSelectEntireField(); }
     void SetOnErrorSelectEntireField(bool value) { m_control->SetOnErrorSelectEntireField(value); }
     [[nodiscard]] InputSiftingConstants InputSifting() const { return m_control->InputSifting(); }
-    void SetInputSifting(int value) { m_control->SetInputSifting(value); }
+    void SetInputSifting(InputSiftingConstants value);
+    void SetInputSifting(int value);
     [[nodiscard]] int MaxRelativeAccuracy() const { return m_control->MaxRelativeAccuracy(); }
-    void SetMaxRelativeAccuracy(int value) { m_control->SetMaxRelativeAccuracy(value); }
+    void SetMaxRelativeAccuracy(int value);
     [[nodiscard]] MsgBoxIcons MessageBoxIcon() const { return m_control->MessageBoxIcon(); }
-    void SetMessageBoxIcon(int value) { m_control->SetMessageBoxIcon(value); }
+    void SetMessageBoxIcon(MsgBoxIcons value);
+    void SetMessageBoxIcon(int value);
     [[nodiscard]] QString ErrorMessage() const { return ToQString(m_control->ErrorMessage()); }
     void SetErrorMessage(const QString& value) { m_control->SetErrorMessage(FromQString(value)); }
     [[nodiscard]] bool ShowAsUnderstood() const { return m_control->ShowAsUnderstood(); }
@@ -299,15 +311,17 @@ public:
     [[nodiscard]] QString SelText() const { return ToQString(m_control->SelText()); }
     void SetSelText(const QString& value) { m_control->SetSelText(FromQString(value)); }
     [[nodiscard]] int Alignment() const { return m_control->Alignment(); }
-    void SetAlignment(int value) { m_control->SetAlignment(value); }
+    void SetAlignment(int value);
     [[nodiscard]] vldAppearanceConstants Appearance() const {
         return static_cast<vldAppearanceConstants>(m_control->Appearance());
     }
-    void SetAppearance(int value) { m_control->SetAppearance(value); }
+    void SetAppearance(vldAppearanceConstants value);
+    void SetAppearance(int value);
     [[nodiscard]] vldBorderStyleConstants BorderStyle() const {
         return static_cast<vldBorderStyleConstants>(m_control->BorderStyle());
     }
-    void SetBorderStyle(int value) { m_control->SetBorderStyle(value); }
+    void SetBorderStyle(vldBorderStyleConstants value);
+    void SetBorderStyle(int value);
     [[nodiscard]] bool Locked() const { return m_control->Locked(); }
     void SetLocked(bool value) { m_control->SetLocked(value); }
     [[nodiscard]] QString PasswordChar() const { return ToQString(m_control->PasswordChar()); }
@@ -315,7 +329,7 @@ public:
     [[nodiscard]] bool RightToLeft() const { return m_control->RightToLeft(); }
     void SetRightToLeft(bool value) { m_control->SetRightToLeft(value); }
     [[nodiscard]] int MousePointer() const { return m_control->MousePointer(); }
-    void SetMousePointer(int value) { m_control->SetMousePointer(value); }
+    void SetMousePointer(int value);
     [[nodiscard]] bool FontBold() const { return m_control->FontBold(); }
     void SetFontBold(bool value) { m_control->SetFontBold(value); }
     [[nodiscard]] bool FontItalic() const { return m_control->FontItalic(); }
@@ -327,9 +341,9 @@ public:
     [[nodiscard]] float FontSize() const { return m_control->FontSize(); }
     void SetFontSize(float value) { m_control->SetFontSize(value); }
     [[nodiscard]] int OLEDragMode() const { return m_control->OLEDragMode(); }
-    void SetOLEDragMode(int value) { m_control->SetOLEDragMode(value); }
+    void SetOLEDragMode(int value);
     [[nodiscard]] int OLEDropMode() const { return m_control->OLEDropMode(); }
-    void SetOLEDropMode(int value) { m_control->SetOLEDropMode(value); }
+    void SetOLEDropMode(int value);
     [[nodiscard]] bool Enabled() const { return m_control->Enabled(); }
     void SetEnabled(bool value) { m_control->SetEnabled(value); }
     [[nodiscard]] uint BackColor() const { return m_control->BackColor(); }
@@ -343,6 +357,9 @@ public:
 signals:
     /// A property changed (its name), as a designer needs to know.
     void PropertyChanged(const QString& name);
+    /// A writer refused `value` for the property `name` and left the property as it was; `error` is the
+    /// control's number (380 invalid value, 382 list written at run time, 393 list read at run time).
+    void PropertyRefused(const QString& name, const QVariant& value, int error);
     void OLEStartDrag(quillmar::DataObject& Data, qint32& AllowedEffects);
     void OLESetData(quillmar::DataObject& Data, qint16& DataFormat);
     void OLEGiveFeedback(qint32& Effect, bool& DefaultCursors);
@@ -373,6 +390,12 @@ protected:
 
 private:
     friend class QtServices;
+    /// Runs the control's writer `write`; a `PropertyError` it throws is reported as a refusal of `value`.
+    template <typename Write> void Guarded(const char* name, const QVariant& value, Write&& write);
+    /// Runs `write` when the property's table row admits `value`; refuses it otherwise.
+    template <typename Write> void InRangeOnly(const char* name, int value, Write&& write);
+    /// Reports a refused value: the warning and `PropertyRefused`.
+    void Refuse(const char* name, const QVariant& value, int error, const char* why);
     std::unique_ptr<QtServices> m_services;
     std::unique_ptr<Quillmar> m_control;
     FieldHints* m_hints = nullptr;
