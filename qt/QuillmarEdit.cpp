@@ -89,6 +89,31 @@ QSize QuillmarEdit::minimumSizeHint() const {
     return m_services->m_edit->minimumSizeHint();
 }
 
+void QuillmarEdit::SetBackColor(uint value) {
+    m_services->SetBackColor(value);
+    emit PropertyChanged(QStringLiteral("BackColor"));
+}
+
+void QuillmarEdit::SetForeColor(uint value) {
+    m_services->SetForeColor(value);
+    emit PropertyChanged(QStringLiteral("ForeColor"));
+}
+
+void QuillmarEdit::SetFontName(const QString& value) {
+    FontDesc font = m_services->Font();
+    font.name = FromQString(value);
+    m_services->SetFont(font);
+    emit PropertyChanged(QStringLiteral("FontName"));
+}
+
+void QuillmarEdit::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // The widget's own setting, not the parent's: a field greyed by its disabled parent stays enabled itself.
+    const bool own = !testAttribute(Qt::WA_ForceDisabled);
+    if (event->type() == QEvent::EnabledChange && m_control && own != m_control->Enabled())
+        m_control->SetEnabled(own);
+}
+
 void QuillmarEdit::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (!m_services->Resizing()) m_control->Resize(width(), height());

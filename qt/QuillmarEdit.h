@@ -344,14 +344,19 @@ public:
     void SetOLEDragMode(int value);
     [[nodiscard]] int OLEDropMode() const { return m_control->OLEDropMode(); }
     void SetOLEDropMode(int value);
+    /// The field's enabled state, one with the widget's own (`QWidget::setEnabled`): setting either sets the
+    /// other. A disabled parent greys the field without changing it, as for any widget.
     [[nodiscard]] bool Enabled() const { return m_control->Enabled(); }
     void SetEnabled(bool value) { m_control->SetEnabled(value); }
+    /// The colours (OLE colours: 0x00BBGGRR, or a system colour with the high bit set) and the font face
+    /// the edit box draws with. Unlike the control's writers, which leave them to a loaded form, these
+    /// writers change what is drawn and announce the change.
     [[nodiscard]] uint BackColor() const { return m_control->BackColor(); }
-    void SetBackColor(uint value) { m_control->SetBackColor(value); }
+    void SetBackColor(uint value);
     [[nodiscard]] uint ForeColor() const { return m_control->ForeColor(); }
-    void SetForeColor(uint value) { m_control->SetForeColor(value); }
+    void SetForeColor(uint value);
     [[nodiscard]] QString FontName() const { return ToQString(m_control->FontName()); }
-    void SetFontName(const QString& value) { m_control->SetFontName(FromQString(value)); }
+    void SetFontName(const QString& value);
     [[nodiscard]] int hwnd() const { return m_control->hwnd(); }
     [[nodiscard]] bool HideSelection() const { return m_control->HideSelection(); }
 signals:
@@ -385,6 +390,7 @@ signals:
     void BeforeLeaving(bool& Cancel);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

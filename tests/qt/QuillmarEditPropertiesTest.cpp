@@ -1,10 +1,13 @@
 #include "qt/QtForm.h"
 #include "qt/QuillmarEdit.h"
 
+#include <QFontDatabase>
+#include <QImage>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace quillmar::qt {
@@ -80,6 +83,76 @@ TEST_F(Form, RefusedPropertyValuesAreReportedNotThrown) {
             EXPECT_TRUE(warning.contains(QString::fromLatin1(row.property))) << warning.toStdString();
             EXPECT_TRUE(warning.contains(row.value.toString())) << warning.toStdString();
         }
+    }
+}
+
+// The widget's enabled state and the control's Enabled are one: each writer sets the other, and a disabled
+// parent greys the field without changing its own setting.
+TEST_F(Form, WidgetAndControlShareTheEnabledState) {
+    QuillmarEdit* field = AddField("Quantity", vldInteger, vldStrong);
+    QStringList changes;
+    QObject::connect(field, &QuillmarEdit::PropertyChanged, [&](const QString& name) { changes << name; });
+    ShowAndFocus(field);
+    field->setEnabled(false);
+    EXPECT_FALSE(field->Enabled());
+    EXPECT_EQ(changes, QStringList { QStringLiteral("Enabled") });
+    QTest::keyClicks(field->lineEdit(), QStringLiteral("12"));
+    EXPECT_EQ(field->Text(), QString());
+    field->setEnabled(true);
+    EXPECT_TRUE(field->Enabled());
+    EXPECT_TRUE(field->lineEdit()->isEnabled());
+    field->SetEnabled(false);
+    EXPECT_FALSE(field->isEnabled());
+    field->SetEnabled(true);
+    window.setEnabled(false);
+    EXPECT_FALSE(field->isEnabled());
+    EXPECT_TRUE(field->Enabled());
+    window.setEnabled(true);
+    EXPECT_TRUE(field->isEnabled());
+    ShowAndFocus(field);
+    QTest::keyClicks(field->lineEdit(), QStringLiteral("12"));
+    EXPECT_EQ(field->Text(), QStringLiteral("12"));
+}
+
+// The colours and the font face, size and style written from code change how the edit box draws, and are
+// announced.
+TEST_F(Form, ColourAndFontWritersChangeWhatIsDrawn) {
+    // A face the system has, other than the one the field starts with.
+    QString family;
+    for (const QString& candidate : QFontDatabase::families())
+        if (QFontDatabase::hasFamily(candidate) && candidate != QApplication::font().family()) family = candidate;
+    ASSERT_FALSE(family.isEmpty());
+    struct Row {
+        const char* property;
+        std::function<void(QuillmarEdit&)> write;
+        std::function<bool(QLineEdit&)> drawn;
+    };
+    const Row rows[] = {
+        { "BackColor", [](QuillmarEdit& f) { f.SetBackColor(0x0000FF); },
+            [](QLineEdit& e) {
+                const QImage image = e.grab().toImage();
+                return e.palette().color(QPalette::Base) == QColor(Qt::red)
+                    && image.pixelColor(image.width() / 2, image.height() / 2) == QColor(Qt::red);
+            } },
+        { "ForeColor", [](QuillmarEdit& f) { f.SetForeColor(0xFF0000); },
+            [](QLineEdit& e) { return e.palette().color(QPalette::Text) == QColor(Qt::blue); } },
+        { "FontName", [&](QuillmarEdit& f) { f.SetFontName(family); },
+            [&](QLineEdit& e) { return e.font().family() == family; } },
+        { "FontSize", [](QuillmarEdit& f) { f.SetFontSize(20); },
+            [](QLineEdit& e) { return e.font().pointSizeF() == 20; } },
+        { "FontBold", [](QuillmarEdit& f) { f.SetFontBold(true); },
+            [](QLineEdit& e) { return e.font().bold(); } },
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.property);
+        QuillmarEdit* field = AddField("Name", vldString, vldNone);
+        const std::unique_ptr<QuillmarEdit> owned(field);
+        QStringList changes;
+        QObject::connect(field, &QuillmarEdit::PropertyChanged, [&](const QString& name) { changes << name; });
+        EXPECT_FALSE(row.drawn(*field->lineEdit()));
+        row.write(*field);
+        EXPECT_TRUE(row.drawn(*field->lineEdit()));
+        EXPECT_EQ(changes, QStringList { QString::fromLatin1(row.property) });
     }
 }
 
