@@ -67,6 +67,13 @@ int16_t VirtualKeyOf(char16_t c) noexcept {
 MemoryEditBox::MemoryEditBox()
     : m_handle(NextHandle()) { }
 
+void MemoryEditBox::SetEvents(EditBoxEvents* events) {
+    if (events && m_events && events != m_events)
+        throw std::logic_error(
+            "this edit box already serves a control: each control needs a host of its own");
+    m_events = events;
+}
+
 void MemoryEditBox::Select(int32_t anchor, int32_t caret) {
     const int32_t length = static_cast<int32_t>(m_text.size());
     m_anchor = std::clamp(anchor, 0, length);

@@ -64,7 +64,10 @@ public:
     /// The focus moves to another control of the form.
     void LeaveField();
 
-    void SetEvents(EditBoxEvents* events) override { m_events = events; }
+    /// Attaches the one control the box serves, or detaches it (nullptr). A box serves one control at a
+    /// time: attaching a second while one is attached throws `std::logic_error`, so that two controls never
+    /// share a text (the second control's construction fails).
+    void SetEvents(EditBoxEvents* events) override;
     [[nodiscard]] std::u16string Text() const override { return m_text; }
     void SetText(std::u16string_view text) override;
     [[nodiscard]] int32_t SelStart() const override { return m_selStart; }

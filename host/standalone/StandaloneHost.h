@@ -8,7 +8,8 @@
 namespace quillmar::standalone {
 
 /// Every host service in memory, for tests, headless use and batch validation. The locale is the process's
-/// unless one is named.
+/// unless one is named. A host serves one control at a time: constructing a second control on it while the
+/// first lives throws `std::logic_error` (its edit box refuses a second control).
 class StandaloneHost {
 public:
     StandaloneHost() = default;

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <stdexcept>
+
 namespace quillmar {
 namespace {
 
@@ -86,6 +89,21 @@ TEST_F(Surface, EachFieldHasAWindowOfItsOwn) {
     standalone::StandaloneHost other;
     Quillmar second(other.Services());
     EXPECT_NE(control.hwnd(), second.hwnd());
+}
+
+// A host's edit box serves one control: a second one is refused at its construction, and once the first is
+// gone the box serves the next.
+TEST_F(Surface, HostServesOneControlAtATime) {
+    standalone::StandaloneHost shared;
+    auto first = std::make_unique<Quillmar>(shared.Services());
+    first->SetMustBeType(vldInteger);
+    EXPECT_THROW(Quillmar second(shared.Services()), std::logic_error);
+    shared.editBox.TypeText(u"7a"); // still sifted by the first
+    EXPECT_EQ(first->Text(), u"7");
+    first.reset();
+    Quillmar next(shared.Services());
+    shared.editBox.TypeText(u"8");
+    EXPECT_EQ(next.Text(), u"78");
 }
 
 } // namespace

@@ -120,7 +120,8 @@ TEST_F(Form, ColourAndFontWritersChangeWhatIsDrawn) {
     // A face the system has, other than the one the field starts with.
     QString family;
     for (const QString& candidate : QFontDatabase::families())
-        if (QFontDatabase::hasFamily(candidate) && candidate != QApplication::font().family()) family = candidate;
+        if (QFontDatabase::hasFamily(candidate) && candidate != QApplication::font().family())
+            family = candidate;
     ASSERT_FALSE(family.isEmpty());
     struct Row {
         const char* property;
@@ -148,7 +149,8 @@ TEST_F(Form, ColourAndFontWritersChangeWhatIsDrawn) {
         QuillmarEdit* field = AddField("Name", vldString, vldNone);
         const std::unique_ptr<QuillmarEdit> owned(field);
         QStringList changes;
-        QObject::connect(field, &QuillmarEdit::PropertyChanged, [&](const QString& name) { changes << name; });
+        QObject::connect(
+            field, &QuillmarEdit::PropertyChanged, [&](const QString& name) { changes << name; });
         EXPECT_FALSE(row.drawn(*field->lineEdit()));
         row.write(*field);
         EXPECT_TRUE(row.drawn(*field->lineEdit()));
