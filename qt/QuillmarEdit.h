@@ -257,11 +257,13 @@ public:
     void SetMaxNumberOfDecimals(int value);
     [[nodiscard]] QString CustomMask() const { return ToQString(m_control->CustomMask()); }
     void SetCustomMask(const QString& value) { m_control->SetCustomMask(FromQString(value)); }
-    [[nodiscard]] QVariant DefaultValue() const { return ToQVariant(m_control->DefaultValue()); }
+    [[nodiscard]] QVariant DefaultValue() const {
+        return ToQVariant(m_control->DefaultValue(), MustBeType());
+    }
     void SetDefaultValue(const QVariant& value);
-    [[nodiscard]] QVariant MinValue() const { return ToQVariant(m_control->MinValue()); }
+    [[nodiscard]] QVariant MinValue() const { return ToQVariant(m_control->MinValue(), MustBeType()); }
     void SetMinValue(const QVariant& value);
-    [[nodiscard]] QVariant MaxValue() const { return ToQVariant(m_control->MaxValue()); }
+    [[nodiscard]] QVariant MaxValue() const { return ToQVariant(m_control->MaxValue(), MustBeType()); }
     void SetMaxValue(const QVariant& value);
     [[nodiscard]] bool MustNotBeZero() const { return m_control->MustNotBeZero(); }
     void SetMustNotBeZero(bool value) { m_control->SetMustNotBeZero(value); }
@@ -300,8 +302,8 @@ public:
     void SetShowAsUnderstood(bool value) { m_control->SetShowAsUnderstood(value); }
     [[nodiscard]] QString Text() const { return ToQString(m_control->Text()); }
     void SetText(const QString& value) { m_control->SetText(FromQString(value)); }
-    [[nodiscard]] QVariant Value() const { return ToQVariant(m_control->Value()); }
-    void SetValue(const QVariant& value) { m_control->SetValue(FromQVariant(value)); }
+    [[nodiscard]] QVariant Value() const { return ToQVariant(m_control->Value(), MustBeType()); }
+    void SetValue(const QVariant& value) { m_control->SetValue(FromQVariant(value, MustBeType())); }
     [[nodiscard]] int MaxLength() const { return m_control->MaxLength(); }
     void SetMaxLength(int value) { m_control->SetMaxLength(value); }
     [[nodiscard]] int SelStart() const { return m_control->SelStart(); }
@@ -311,7 +313,14 @@ public:
     [[nodiscard]] QString SelText() const { return ToQString(m_control->SelText()); }
     void SetSelText(const QString& value) { m_control->SetSelText(FromQString(value)); }
     [[nodiscard]] int Alignment() const { return m_control->Alignment(); }
+    /// 0 left, 1 right, 2 centre.
     void SetAlignment(int value);
+    /// The horizontal part of a Qt alignment: `Qt::AlignRight` (or trailing) right, `Qt::AlignHCenter`
+    /// centre, anything else left; the vertical part is the edit box's own.
+    void SetAlignment(Qt::Alignment value);
+    void SetAlignment(Qt::AlignmentFlag value) { SetAlignment(Qt::Alignment(value)); }
+    /// The alignment as a Qt alignment: left, right or centre, vertically centred.
+    [[nodiscard]] Qt::Alignment QtAlignment() const;
     [[nodiscard]] vldAppearanceConstants Appearance() const {
         return static_cast<vldAppearanceConstants>(m_control->Appearance());
     }

@@ -99,19 +99,19 @@ void QuillmarEdit::SetMaxNumberOfDecimals(int value) {
 
 void QuillmarEdit::SetDefaultValue(const QVariant& value) {
     const int changes = m_services->Notifications();
-    m_control->SetDefaultValue(FromQVariant(value));
+    m_control->SetDefaultValue(FromQVariant(value, MustBeType()));
     if (m_services->Notifications() == changes)
         Refuse("DefaultValue", value, kInvalidValue, "not of the field's type");
 }
 void QuillmarEdit::SetMinValue(const QVariant& value) {
     const int changes = m_services->Notifications();
-    m_control->SetMinValue(FromQVariant(value));
+    m_control->SetMinValue(FromQVariant(value, MustBeType()));
     if (m_services->Notifications() == changes)
         Refuse("MinValue", value, kInvalidValue, "not of the field's type");
 }
 void QuillmarEdit::SetMaxValue(const QVariant& value) {
     const int changes = m_services->Notifications();
-    m_control->SetMaxValue(FromQVariant(value));
+    m_control->SetMaxValue(FromQVariant(value, MustBeType()));
     if (m_services->Notifications() == changes)
         Refuse("MaxValue", value, kInvalidValue, "not of the field's type");
 }
@@ -120,10 +120,11 @@ void QuillmarEdit::SetMaxValue(const QVariant& value) {
 
 QVariantList QuillmarEdit::MustNotBeValues() const {
     if (m_services->m_userMode) return {};
-    return ToQVariant(Variant(m_control->MustNotBeValues())).toList();
+    return ToQVariant(Variant(m_control->MustNotBeValues()), MustBeType()).toList();
 }
 void QuillmarEdit::SetMustNotBeValues(const QVariantList& value) {
-    Guarded("MustNotBeValues", value, [&] { m_control->SetMustNotBeValues(FromQVariant(value).AsArray()); });
+    Guarded("MustNotBeValues", value,
+        [&] { m_control->SetMustNotBeValues(FromQVariant(value, MustBeType()).AsArray()); });
 }
 QVariantList QuillmarEdit::Actions() const {
     if (m_services->m_userMode) return {};
@@ -149,6 +150,15 @@ void QuillmarEdit::SetBorderStyle(int value) {
 }
 void QuillmarEdit::SetAlignment(int value) {
     InRangeOnly("Alignment", value, [&] { m_control->SetAlignment(static_cast<int16_t>(value)); });
+}
+void QuillmarEdit::SetAlignment(Qt::Alignment value) {
+    const Qt::Alignment horizontal = value & Qt::AlignHorizontal_Mask;
+    SetAlignment(horizontal == Qt::AlignRight ? 1 : horizontal == Qt::AlignHCenter ? 2 : 0);
+}
+Qt::Alignment QuillmarEdit::QtAlignment() const {
+    const Qt::Alignment horizontal[] = { Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter };
+    const int alignment = Alignment();
+    return (alignment >= 0 && alignment <= 2 ? horizontal[alignment] : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 void QuillmarEdit::SetMousePointer(int value) {
     InRangeOnly("MousePointer", value, [&] { m_control->SetMousePointer(static_cast<int16_t>(value)); });

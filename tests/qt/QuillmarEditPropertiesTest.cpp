@@ -1,14 +1,19 @@
 #include "qt/QtForm.h"
 #include "qt/QuillmarEdit.h"
 
+#include <QDate>
+#include <QDateTime>
 #include <QFontDatabase>
 #include <QImage>
 #include <QSignalSpy>
+#include <QTime>
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <functional>
 #include <memory>
+#include <tuple>
 
 namespace quillmar::qt {
 namespace {
@@ -156,6 +161,101 @@ TEST_F(Form, ColourAndFontWritersChangeWhatIsDrawn) {
         EXPECT_TRUE(row.drawn(*field->lineEdit()));
         EXPECT_EQ(changes, QStringList { QString::fromLatin1(row.property) });
     }
+}
+
+// A typed text's value comes in the Qt type a developer expects for the field's type, and written back as
+// that Qt value it shows the same text.
+TEST_F(Form, ValuesComeInTheQtTypeOfTheField) {
+    struct Row {
+        const char* locale;
+        MustBeTypeConstants type;
+        const char* typed;
+        QVariant value;
+    };
+    const Row rows[] = {
+        { "en_US", vldByte, "200", 200 },
+        { "en_US", vldInteger, "-12", -12 },
+        { "en_US", vldLong, "123456", 123456 },
+        { "en_US", vldDouble, "1.5", 1.5 },
+        // Exactly, with a point and without grouping, whatever the locale.
+        { "en_US", vldCurrency, "1234.5", QStringLiteral("1234.5") },
+        { "de_DE", vldCurrency, "-1234,0001", QStringLiteral("-1234.0001") },
+        { "en_US", vldCurrency, "922337203685477", QStringLiteral("922337203685477") },
+        { "en_US", vldDate, "12/24/2026", QDate(2026, 12, 24) },
+        { "de_DE", vldDate, "24.12.1850", QDate(1850, 12, 24) },
+        { "en_US", vldTime, "2:30:15 PM", QTime(14, 30, 15) },
+        { "en_US", vldTime, "12:00 AM", QTime(0, 0) },
+        { "en_US", vldString, "abc", QStringLiteral("abc") },
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.locale << " " << row.typed);
+        QuillmarEdit* field = AddField("Field", row.type, vldNone);
+        const std::unique_ptr<QuillmarEdit> owned(field);
+        field->SetLocaleName(QString::fromLatin1(row.locale));
+        ShowAndFocus(field);
+        QTest::keyClicks(field->lineEdit(), QString::fromLatin1(row.typed));
+        const QVariant value = field->Value();
+        EXPECT_EQ(value.metaType(), row.value.metaType()) << value.typeName();
+        EXPECT_EQ(value, row.value) << value.toString().toStdString();
+        field->SetText(QString());
+        field->SetValue(row.value);
+        EXPECT_EQ(field->Value(), row.value) << field->Text().toStdString();
+    }
+}
+
+// A date-time goes to Qt as the same wall-clock day and time, in local time (here New York's, so that it
+// differs from UTC), and comes back as it was.
+TEST(QtConversions, DateTimesKeepTheirWallClock) {
+    const QByteArray zone = qgetenv("TZ");
+    qputenv("TZ", "America/New_York");
+    tzset();
+    const std::tuple<double, MustBeTypeConstants, QVariant> rows[] = {
+        { 46380.5, vldUnspecified, QDateTime(QDate(2026, 12, 24), QTime(12, 0)) },
+        { -1.25, vldDate, QDateTime(QDate(1899, 12, 29), QTime(6, 0)) }, // the fraction counts forward
+        { 2, vldDate, QDate(1900, 1, 1) },
+        { 0.75, vldTime, QTime(18, 0) },
+        { 0, vldTime, QTime(0, 0) },
+    };
+    for (const auto& [days, type, expected] : rows) {
+        SCOPED_TRACE(days);
+        EXPECT_EQ(ToQVariant(Date { days }, type), expected);
+        EXPECT_EQ(FromQVariant(expected, type), Variant(Date { days }));
+    }
+    if (zone.isNull())
+        qunsetenv("TZ");
+    else
+        qputenv("TZ", zone);
+    tzset();
+}
+
+// The enumerated writers take their enumeration types, the alignment a Qt alignment, and an int for generic
+// callers.
+TEST_F(Form, TypedWritersTakeTheirTypes) {
+    QuillmarEdit* field = AddField("Field", vldUnspecified, vldNone);
+    const std::unique_ptr<QuillmarEdit> owned(field);
+    field->SetMustBeType(vldCurrency);
+    field->SetInputSifting(vldWeak);
+    field->SetBorderStyle(vldNoBorder);
+    EXPECT_EQ(field->MustBeType(), vldCurrency);
+    EXPECT_EQ(field->InputSifting(), vldWeak);
+    EXPECT_EQ(field->BorderStyle(), vldNoBorder);
+    const std::tuple<Qt::Alignment, int, Qt::Alignment> alignments[] = {
+        { Qt::AlignRight, 1, Qt::AlignRight | Qt::AlignVCenter },
+        { Qt::AlignHCenter | Qt::AlignTop, 2, Qt::AlignHCenter | Qt::AlignVCenter },
+        { Qt::AlignTrailing, 1, Qt::AlignRight | Qt::AlignVCenter },
+        { Qt::AlignLeft, 0, Qt::AlignLeft | Qt::AlignVCenter },
+    };
+    for (const auto& [given, number, shown] : alignments) {
+        SCOPED_TRACE(number);
+        field->SetAlignment(given);
+        EXPECT_EQ(field->Alignment(), number);
+        EXPECT_EQ(field->QtAlignment(), shown);
+        EXPECT_EQ(field->lineEdit()->alignment(), shown);
+    }
+    field->SetAlignment(Qt::AlignRight); // a single flag, not the number 2
+    EXPECT_EQ(field->Alignment(), 1);
+    field->SetAlignment(2);
+    EXPECT_EQ(field->Alignment(), 2);
 }
 
 } // namespace
