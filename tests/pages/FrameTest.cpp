@@ -184,7 +184,7 @@ TEST_F(FieldPages, TwoInvalidGuardedFieldsNeverFight) {
         qt::QuillmarEdit* control = AddControl("field");
         control->SetMustBeType(row.type);
         try {
-            control->SetMaxNumberOfDecimals(40); // kept, though refused
+            control->control().SetMaxNumberOfDecimals(40); // the control keeps it, though refused
         } catch (const PropertyError&) { }
         ++clock.seconds;
         Open({ control });
