@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "formfile/EntryJson.h"
 #include "formfile/FormCheck.h"
+#include "formfile/ReadableEntries.h"
 
 #include <fstream>
 #include <system_error>
@@ -10,12 +11,12 @@
 namespace quillmar {
 namespace {
 
-using formtext::FormEntryText;
 using formtext::IntegerOf;
 using formtext::Json;
 using formtext::Location;
 using formtext::ParseLimited;
 using formtext::Quoted;
+using formtext::ReadableEntryText;
 using formtext::ReadEntries;
 using formtext::Shown;
 using formtext::UnknownField;
@@ -204,7 +205,7 @@ std::string FormToJson(const FormDocument& document) {
         const auto& entries = control.properties.Entries();
         for (size_t k = 0; k < entries.size(); ++k) {
             out += k == 0 ? "\n        " : ",\n        ";
-            out += text(entries[k].key) + ": " + FormEntryText(entries[k].key, entries[k].value);
+            out += text(entries[k].key) + ": " + ReadableEntryText(entries[k].key, entries[k].value);
         }
         out += entries.empty() ? "}\n    }" : "\n      }\n    }";
     }
