@@ -85,6 +85,24 @@ TEST(FormFile, ExampleFormLoadsEveryRuleAndSavesBackByteForByte) {
         (VariantArray { Variant(), int32_t { 8 }, int32_t { 32 }, int32_t { 16 } }));
 }
 
+TEST(FormFile, EveryFormOfTheRepositorySavesBackByteForByte) {
+    const std::filesystem::path root = kExample.parent_path().parent_path();
+    size_t forms = 0;
+    for (const char* folder : { "examples", "tests" })
+        for (const auto& file : std::filesystem::recursive_directory_iterator(root / folder)) {
+            if (!file.path().string().ends_with(".qform.json")) continue;
+            SCOPED_TRACE(file.path().string());
+            ++forms;
+            std::ifstream stream(file.path(), std::ios::binary);
+            std::stringstream text;
+            text << stream.rdbuf();
+            const FormResult loaded = LoadFormFile(file.path(), LocaleInfo::FromName("en_US"));
+            ASSERT_TRUE(loaded.document) << loaded.error;
+            EXPECT_EQ(FormToJson(*loaded.document), text.str());
+        }
+    EXPECT_GE(forms, 2u);
+}
+
 ByteArray ListBytes(const VariantArray& items) {
     MemoryPropertyStore list;
     if (items.size() > 1) list.WriteProperty(u"NEl", static_cast<int16_t>(items.size() - 1), Variant());
