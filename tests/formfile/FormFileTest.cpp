@@ -103,6 +103,31 @@ TEST(FormFile, EveryFormOfTheRepositorySavesBackByteForByte) {
     EXPECT_GE(forms, 2u);
 }
 
+// A saved field leaves out what reads back the same: the form's font, an empty forbidden list.
+TEST(FormFile, OnlyWhatDiffersFromTheReadDefaultIsSaved) {
+    const FormResult loaded = ParseFormJson(
+        R"({"title": "T", "width": 10, "height": 10, "font": {"name": "DejaVu Sans", "size": 9.0}, "controls": [)"
+        R"({"name": "A", "label": "", "left": 0, "top": 0, "width": 1, "height": 1, "properties": {}},)"
+        R"({"name": "B", "label": "", "left": 0, "top": 0, "width": 1, "height": 1, "properties": )"
+        R"({"FontName": "Liberation Serif", "MustNotBeValues": []}}]})",
+        "fonts.qform.json");
+    ASSERT_TRUE(loaded.document) << loaded.error;
+    RunningForm form;
+    ASSERT_EQ(form.Build(*loaded.document, "fonts.qform.json"), std::nullopt);
+    EXPECT_EQ(form[0].FontName(), u"DejaVu Sans");
+    EXPECT_EQ(form[0].FontSize(), 9.0f);
+    EXPECT_EQ(form[1].FontName(), u"Liberation Serif");
+    FormDocument collected = *loaded.document;
+    size_t next = 0;
+    CollectFormControls(collected, [&](const FormControl&) -> const Quillmar& { return form[next++]; });
+    const std::string json = FormToJson(collected);
+    EXPECT_NE(json.find(R"("font": {"name": "DejaVu Sans", "size": 9.0},)"), std::string::npos) << json;
+    EXPECT_EQ(json.find("FontSize"), std::string::npos) << json;
+    EXPECT_EQ(json.find("MustNotBeValues"), std::string::npos) << json;
+    EXPECT_EQ(json.find(R"("FontName")"), json.rfind(R"("FontName": "Liberation Serif")")) << json;
+    EXPECT_NE(json.find(R"("FontName")"), std::string::npos) << json;
+}
+
 ByteArray ListBytes(const VariantArray& items) {
     MemoryPropertyStore list;
     if (items.size() > 1) list.WriteProperty(u"NEl", static_cast<int16_t>(items.size() - 1), Variant());
@@ -287,7 +312,7 @@ const std::pair<std::string, std::string> kBroken[] = {
         kQuantity.substr(0, kQuantity.size() - 2) + ": the place or size lies outside 10000 pixels" },
     // A misspelt name at any level is refused, not ignored (the option would silently be off).
     { R"({"title": "T", "width": 1, "height": 1, "showInlineStat": true, "controls": []})",
-        R"(broken.qform.json: field "showInlineStat" is not one a form has (title, width, height, )" },
+        R"(broken.qform.json: field "showInlineStat" is not one a form has ($schema, title, width, height, )" },
     { FormWith("", R"("top": 0, "tooltip": "Q", )"),
         kQuantity.substr(0, kQuantity.size() - 2)
             + R"(: field "tooltip" is not one a control has (name, label, toolTip, )" },
@@ -312,6 +337,14 @@ const std::pair<std::string, std::string> kBroken[] = {
         kQuantity
             + R"(entries "DefaultValue" and "MinValue": the default value "12/31/2019" lies below the minimum )"
               R"("1/1/2020")" },
+    { R"({"title": "T", "width": 1, "height": 1, "font": {"name": "Sans"}, "controls": []})",
+        R"(broken.qform.json: field "font": field "size": expected a point size above 0 and at most 2048, got )"
+        R"(nothing)" },
+    { R"({"title": "T", "width": 1, "height": 1, "font": {"name": "Sans", "size": 9, "bold": true}, )"
+      R"("controls": []})",
+        R"(broken.qform.json: field "font": field "bold" is not one a font has (name, size))" },
+    { R"({"$schema": 1, "title": "T", "width": 1, "height": 1, "controls": []})",
+        R"(broken.qform.json: field "$schema": expected a text, got 1)" },
     // The readable notation is refused as the type-tagged one is.
     { FormWith(R"("MaxLength": "3")"),
         kQuantity + R"(entry "MaxLength": expected a value of type Long, got type String)" },
