@@ -221,6 +221,7 @@ FormResult LoadFormFile(const std::filesystem::path& path, const LocaleInfo& loc
 std::string FormToJson(const FormDocument& document) {
     const auto text = [](std::u16string_view value) { return Json(ToUtf8(value)).dump(); };
     std::string out = "{\n";
+    out += "  \"$schema\": \"" + std::string(kFormSchemaName) + "\",\n";
     out += "  \"title\": " + text(document.title) + ",\n";
     out += "  \"width\": " + std::to_string(document.width) + ",\n";
     out += "  \"height\": " + std::to_string(document.height) + ",\n";

@@ -10,6 +10,10 @@
 
 namespace quillmar {
 
+/// The name of the form file's JSON Schema, installed as `share/quillmar/schema/qform.schema.json`; a
+/// saved form names it in its "$schema" field, which reading accepts with any text.
+inline constexpr std::string_view kFormSchemaName = "qform.schema.json";
+
 /// A form read from JSON, or the one line that says why there is none.
 struct [[nodiscard]] FormResult {
     /// The form; nullopt when reading failed.
@@ -20,11 +24,13 @@ struct [[nodiscard]] FormResult {
     std::string error;
 };
 
-/// Reads a form from its JSON text. The document is an object with "title" (text), "width" and "height"
-/// (integers), optionally "showRefusalTips" and "showInlineState" (true or false; absent reads as false) and
-/// "controls", an array of objects with "name" (unique, not empty), "label", optionally
-/// "toolTip" (absent reads as empty), "left", "top", "width", "height" and "properties": an object of
-/// entries in store order, each in the readable notation (`"MaxLength": 40`, `"MustBeType": "vldDate"`,
+/// Reads a form from its JSON text. The document is an object with optionally "$schema" (text), "title"
+/// (text), "width" and "height" (integers), optionally "font" ({"name": text, "size": points}; absent reads
+/// as MS Sans Serif 8.25, the font a field reads when it stores none), optionally "showRefusalTips" and
+/// "showInlineState" (true or false; absent reads as false) and "controls", an array of objects with "name"
+/// (unique, not empty), "label", optionally "toolTip" (absent reads as empty), "left", "top", "width",
+/// "height" and "properties": an object of entries in store order, each in the readable notation
+/// (`"MaxLength": 40`, `"MustBeType": "vldDate"`,
 /// `"MinValue": {"Date": "2020-01-01"}`, the lists as arrays; see `formtext::ReadableEntryFromJson`) or in
 /// the older type-tagged one ({"type": kind, "value": value}, a list's store as its entries in the same
 /// notation). A field of any other name, at any level, is refused, so that

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -401,14 +402,32 @@ const std::pair<std::string, std::string> kBroken[] = {
               R"("1/1/2020")" },
 };
 
+// A fault the shape of the JSON shows, which the form file's schema refuses too; not bad JSON, names used
+// twice, bytes that hold no store or limits that exclude each other.
+bool IsShapeFault(std::string_view message) {
+    for (const char* other : { "not a JSON document", "nesting deeper", "used by an earlier control",
+             "holding a property store", "entries \"" })
+        if (message.find(other) != std::string_view::npos) return false;
+    return true;
+}
+
 TEST(FormFile, BrokenFormsGiveOneLineNamingTheFileTheFieldAndTheProperty) {
+    const auto shapes = std::filesystem::temp_directory_path() / "quillmar-refused-shapes.jsonl";
+    std::ofstream refused(shapes, std::ios::binary);
     for (const auto& [json, message] : kBroken) {
         SCOPED_TRACE(message);
         const FormResult result = ParseFormJson(json, "broken.qform.json", LocaleInfo::FromName("en_US"));
         EXPECT_FALSE(result.document);
         EXPECT_EQ(result.error.substr(0, message.size()), message);
         EXPECT_EQ(result.error.find('\n'), std::string::npos);
+        if (IsShapeFault(message)) refused << json << "\n";
     }
+    refused.close();
+    // The schema refuses each of those shapes (each line a form), so an editor flags them as they are typed.
+    const std::string check = "python3 " + kExample.parent_path().parent_path().string()
+        + "/tools/check-form-schema.py --refuses " + shapes.string();
+    ASSERT_EQ(std::system(check.c_str()), 0) << check; // the lines stay for a look when it fails
+    std::filesystem::remove(shapes);
 }
 
 TEST(FormFile, RefusedValueNamesTheControlAndTheEntry) {
