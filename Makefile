@@ -5,11 +5,11 @@ BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
              libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
-             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth clang-14 libclang-rt-14-dev
+             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 
-.PHONY: all setup configure build test unit-tests package-test sanitize fuzz-smoke format format-check bench run clean
+.PHONY: all setup configure build test unit-tests schema-check package-test sanitize fuzz-smoke format format-check bench run clean
 
 all: build
 
@@ -40,7 +40,11 @@ format-check: setup
 format:
 	git ls-files '*.h' '*.cpp' | xargs -r clang-format -i
 
-test: unit-tests package-test sanitize fuzz-smoke
+test: unit-tests schema-check package-test sanitize fuzz-smoke
+
+# Every form file of the repository follows the form file's JSON Schema.
+schema-check: setup
+	python3 tools/check-form-schema.py $$(git ls-files '*.qform.json')
 
 unit-tests: build format-check
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2

@@ -1,6 +1,6 @@
 #pragma once
 
-// The JSON notation of entries ({"type": kind, "value": value}) as the form reader and writer share it.
+// Reading a field's entries in either notation, as the form reader and the entries reader share it.
 #include "base/MemoryPropertyStore.h"
 #include "formfile/FaultLine.h"
 #include "formfile/FormText.h"
@@ -52,10 +52,5 @@ std::optional<std::string> UnknownField(
 /// to one line naming `where` and the entry and returns false. `where.entry` is cleared on success.
 [[nodiscard]] bool ReadEntries(
     const Json& properties, Location& where, MemoryPropertyStore& store, std::string& error);
-
-/// One entry of a form file on one line. A list whose bytes are exactly those its store's entries give
-/// back is written as those entries; anything else as its value, base64 for bytes, so that every entry
-/// reads back into the same bytes.
-[[nodiscard]] std::string FormEntryText(std::u16string_view key, const Variant& value);
 
 } // namespace quillmar::formtext

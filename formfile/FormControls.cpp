@@ -1,5 +1,6 @@
 #include "formfile/FormControls.h"
 
+#include "base/ListEncoding.h"
 #include "formfile/FaultLine.h"
 #include "formfile/FormText.h"
 
@@ -10,20 +11,26 @@ using formtext::Location;
 using formtext::Quoted;
 
 // A store that only reads, remembering the last key asked for: a writer that refuses a value does so
-// right after its entry was read.
+// right after its entry was read. A font entry the field leaves out reads as the form's font.
 class TracingStore final : public PropertyStore {
 public:
-    explicit TracingStore(const PropertyStore& inner)
-        : m_inner(inner) { }
+    TracingStore(const PropertyStore& inner, const FormFont& font)
+        : m_inner(inner)
+        , m_font(font) { }
+
     [[nodiscard]] Variant ReadProperty(std::u16string_view key, const Variant& defaultValue) const override {
         m_lastKey = key;
+        if (key == u"FontName") return m_inner.ReadProperty(key, m_font.name);
+        if (key == u"FontSize") return m_inner.ReadProperty(key, m_font.size);
         return m_inner.ReadProperty(key, defaultValue);
     }
+
     void WriteProperty(std::u16string_view, const Variant&, const Variant&) override { }
     [[nodiscard]] const std::u16string& LastKey() const noexcept { return m_lastKey; }
 
 private:
     const PropertyStore& m_inner;
+    const FormFont& m_font;
     mutable std::u16string m_lastKey;
 };
 
@@ -46,7 +53,7 @@ std::optional<std::string> BuildFormControls(
     const FormDocument& document, std::string_view sourceName, const FormControlFactory& makeControl) {
     for (const FormControl& field : document.controls) {
         Quillmar& control = makeControl(field);
-        TracingStore store(field.properties);
+        TracingStore store(field.properties, document.font);
         try {
             control.ReadProperties(store);
         } catch (const PropertyError& error) {
@@ -57,10 +64,22 @@ std::optional<std::string> BuildFormControls(
     return std::nullopt;
 }
 
+void LeaveOutReadDefaults(MemoryPropertyStore& entries, const FormFont& font) {
+    const auto leaveOut = [&entries](std::u16string_view key, const Variant& readDefault) {
+        if (const Variant* value = entries.Find(key); value && *value == readDefault)
+            entries.WriteProperty(key, readDefault, readDefault);
+    };
+    leaveOut(u"FontName", font.name);
+    leaveOut(u"FontSize", font.size);
+    leaveOut(u"MustNotBeValues", EncodeList({ Variant() }));
+    if (const Variant* stored = entries.Find(u"Font")) leaveOut(u"Font", Variant(*stored));
+}
+
 void CollectFormControls(FormDocument& document, const FormControlSource& controlOf) {
     for (FormControl& field : document.controls) {
         quillmar::MemoryPropertyStore properties;
         controlOf(field).WriteProperties(properties);
+        LeaveOutReadDefaults(properties, document.font);
         field.properties = std::move(properties);
     }
 }

@@ -22,8 +22,14 @@ using FormControlSource = std::function<const Quillmar&(const FormControl&)>;
 [[nodiscard]] std::optional<std::string> BuildFormControls(
     const FormDocument& document, std::string_view sourceName, const FormControlFactory& makeControl);
 
+/// Leaves out of a field's written `entries` what reads back the same without them: "FontName" and "FontSize"
+/// equal to the form's `font`, an empty "MustNotBeValues", and the "Font" store (the six font entries, read
+/// after it, always override it).
+void LeaveOutReadDefaults(quillmar::MemoryPropertyStore& entries, const FormFont& font);
+
 /// Replaces each field's properties by what its control (from `controlOf`) writes now with
-/// `WriteProperties`, in document order. Names, labels and geometry stay as they are.
+/// `WriteProperties`, less `LeaveOutReadDefaults` under the form's font, in document order. Names, labels and
+/// geometry stay as they are.
 void CollectFormControls(FormDocument& document, const FormControlSource& controlOf);
 
 } // namespace quillmar

@@ -29,6 +29,15 @@ inline constexpr int32_t kMaxFormExtent = 10000;
 /// The most fields a form holds.
 inline constexpr size_t kMaxFormFields = 1000;
 
+/// The font of a form's fields. A field whose font entries ("FontName", "FontSize") are left out reads this
+/// font; the default is the font a field reads when it stores none, so that a form without a font of its own
+/// reads as it always did.
+struct FormFont {
+    std::u16string name = u"MS Sans Serif";
+    float size = 8.25f;
+    friend bool operator==(const FormFont&, const FormFont&) = default;
+};
+
 /// A form: its title, its client size in pixels, its fields in tab order, and the hints every field of it
 /// gives while it is filled in.
 struct FormDocument {
@@ -36,6 +45,8 @@ struct FormDocument {
     int32_t width = 0;
     int32_t height = 0;
     std::vector<FormControl> controls;
+    /// The font every field has unless its own entries name another.
+    FormFont font = {};
     /// A short tip at the caret naming the rule that refused a key or a paste.
     bool showRefusalTips = false;
     /// A frame colour and an icon in a field whose text breaks one of its rules.

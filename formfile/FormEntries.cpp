@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "formfile/EntryJson.h"
+#include "formfile/ReadableEntries.h"
 
 #include <cmath>
 
@@ -14,50 +15,8 @@ constexpr int kMaxDepth = 64;
 constexpr std::array<std::u16string_view, 3> kStoreEntries = { u"Font", u"MustNotBeValues", u"Actions" };
 constexpr std::array<const char*, 2> kEntryFields = { "type", "value" };
 
-Json EntryToJson(const Variant& value);
 std::optional<Variant> EntryFromJson(const Json& entry, std::string& fault);
 std::optional<MemoryPropertyStore> StoreFromJson(const Json& entries, std::string& fault);
-
-Json ValueToJson(const Variant& value) {
-    switch (value.kind()) {
-    case Variant::Kind::Empty:
-        return nullptr;
-    case Variant::Kind::Boolean:
-        return value.AsBoolean();
-    case Variant::Kind::String:
-        return ToUtf8(value.AsString());
-    case Variant::Kind::Byte:
-        return value.AsByte();
-    case Variant::Kind::Integer:
-        return value.AsInteger();
-    case Variant::Kind::Long:
-        return value.AsLong();
-    case Variant::Kind::Single:
-        return SingleAsDouble(value.AsSingle());
-    case Variant::Kind::Double:
-        return value.AsDouble();
-    case Variant::Kind::Currency:
-        return CurrencyText(value.AsCurrency());
-    case Variant::Kind::Date:
-        return value.AsDate().days;
-    case Variant::Kind::Bytes:
-        return Base64Encode(value.AsBytes());
-    case Variant::Kind::Array: {
-        Json items = Json::array();
-        for (const Variant& item : value.AsArray())
-            items.push_back(EntryToJson(item));
-        return items;
-    }
-    }
-    return nullptr;
-}
-
-Json EntryToJson(const Variant& value) {
-    Json entry = Json::object();
-    entry["type"] = std::string(KindName(value.kind()));
-    entry["value"] = ValueToJson(value);
-    return entry;
-}
 
 // The value of one kind, or the fault in `fault`.
 std::optional<Variant> ValueFromJson(Variant::Kind kind, const Json& value, std::string& fault) {
@@ -170,30 +129,6 @@ bool IsStoreEntry(std::u16string_view key) {
     return std::find(kStoreEntries.begin(), kStoreEntries.end(), key) != kStoreEntries.end();
 }
 
-// One entry on one line; a nested store of a store entry as its readable entries, any other bytes as base64.
-std::string ReadableEntryText(std::u16string_view key, const Variant& value) {
-    std::string text = "{\"type\": \"" + std::string(KindName(value.kind())) + "\", \"value\": ";
-    const auto nested = IsStoreEntry(key) && value.kind() == Variant::Kind::Bytes
-        ? MemoryPropertyStore::FromBytes(value.AsBytes())
-        : std::nullopt;
-    if (nested) {
-        text += "{";
-        const auto& entries = nested->Entries();
-        for (size_t i = 0; i < entries.size(); ++i)
-            text += (i == 0 ? "" : ", ") + Json(ToUtf8(entries[i].key)).dump() + ": "
-                + ReadableEntryText(u"", entries[i].value);
-        text += "}";
-    } else {
-        text += ValueToJson(value).dump();
-    }
-    return text + "}";
-}
-
-// The two lists: in a form file their bytes are written as the entries of the store they hold.
-bool IsListEntry(std::u16string_view key) {
-    return key == u"MustNotBeValues" || key == u"Actions";
-}
-
 } // namespace
 
 std::optional<Json> ParseLimited(std::string_view json, std::string& fault) {
@@ -235,7 +170,10 @@ bool ReadEntries(const Json& properties, Location& where, MemoryPropertyStore& s
         where.entry = "entry " + Quoted(key);
         const auto key16 = FromUtf8(key);
         std::string fault = "the key is not UTF-8";
-        auto value = key16 ? EntryFromJson(entry, fault) : std::nullopt;
+        // An entry of the older notation names its type; the readable notation gives the value itself.
+        auto value = !key16            ? std::nullopt
+            : IsTypeTaggedEntry(entry) ? EntryFromJson(entry, fault)
+                                       : ReadableEntryFromJson(*key16, entry, fault);
         if (value && IsStoreEntry(*key16)
             && (value->kind() != Variant::Kind::Bytes || !MemoryPropertyStore::FromBytes(value->AsBytes()))) {
             fault = "expected a value of type ByteArray holding a property store";
@@ -249,15 +187,6 @@ bool ReadEntries(const Json& properties, Location& where, MemoryPropertyStore& s
     }
     where.entry.clear();
     return true;
-}
-
-std::string FormEntryText(std::u16string_view key, const Variant& value) {
-    if (IsListEntry(key) && value.kind() == Variant::Kind::Bytes)
-        if (const auto nested = MemoryPropertyStore::FromBytes(value.AsBytes());
-            nested && nested->ToBytes() == value.AsBytes())
-            return ReadableEntryText(key, value);
-    return "{\"type\": \"" + std::string(KindName(value.kind()))
-        + "\", \"value\": " + ValueToJson(value).dump() + "}";
 }
 
 } // namespace formtext

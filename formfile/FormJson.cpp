@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "formfile/EntryJson.h"
 #include "formfile/FormCheck.h"
+#include "formfile/ReadableEntries.h"
 
 #include <fstream>
 #include <system_error>
@@ -10,12 +11,12 @@
 namespace quillmar {
 namespace {
 
-using formtext::FormEntryText;
 using formtext::IntegerOf;
 using formtext::Json;
 using formtext::Location;
 using formtext::ParseLimited;
 using formtext::Quoted;
+using formtext::ReadableEntryText;
 using formtext::ReadEntries;
 using formtext::Shown;
 using formtext::UnknownField;
@@ -23,8 +24,9 @@ using formtext::UnknownField;
 constexpr uintmax_t kMaxFormBytes = uintmax_t { 16 } << 20;
 
 // The names of the fields of a form and of one of its controls, in the order a form file writes them.
-constexpr std::array<const char*, 6> kFormFields
-    = { "title", "width", "height", "showRefusalTips", "showInlineState", "controls" };
+constexpr std::array<const char*, 8> kFormFields
+    = { "$schema", "title", "width", "height", "font", "showRefusalTips", "showInlineState", "controls" };
+constexpr std::array<const char*, 2> kFontFields = { "name", "size" };
 constexpr std::array<const char*, 8> kControlFields
     = { "name", "label", "toolTip", "left", "top", "width", "height", "properties" };
 
@@ -120,6 +122,36 @@ std::optional<FormControl> ReadControl(
     return control;
 }
 
+// The form's font, {"name": "DejaVu Sans", "size": 9.0}; left out, the font a field reads when it stores
+// none.
+std::optional<FormFont> ReadFont(const Json& root, const Location& where, std::string& error) {
+    const auto found = root.find("font");
+    if (found == root.end()) return FormFont();
+    const auto fail = [&](std::string_view what) -> std::optional<FormFont> {
+        error = where.Line("field \"font\": " + std::string(what));
+        return std::nullopt;
+    };
+    if (!found->is_object())
+        return fail("expected an object with \"name\" and \"size\", got " + Shown(*found));
+    if (auto unknown = UnknownField(*found, kFontFields, "a font")) return fail(*unknown);
+    FormFont font;
+    const auto name = found->find("name");
+    const auto size = found->find("size");
+    const auto text = name != found->end() && name->is_string()
+        ? FromUtf8(name->get_ref<const std::string&>())
+        : std::nullopt;
+    if (!text || text->empty())
+        return fail("field \"name\": expected the name of a font, got "
+            + (name == found->end() ? std::string("nothing") : Shown(*name)));
+    if (size == found->end() || !size->is_number() || !(size->get<double>() > 0)
+        || size->get<double>() > 2048)
+        return fail("field \"size\": expected a point size above 0 and at most 2048, got "
+            + (size == found->end() ? std::string("nothing") : Shown(*size)));
+    font.name = *text;
+    font.size = static_cast<float>(size->get<double>());
+    return font;
+}
+
 FormResult Failure(std::string error) {
     return { std::nullopt, std::move(error) };
 }
@@ -148,6 +180,11 @@ FormResult ParseFormJson(std::string_view json, std::string_view sourceName, con
     const Json* controls = fields.Field("controls");
     if (!title || !width || !height || !refusalTips || !inlineState || !controls)
         return Failure(std::move(error));
+    if (const auto schema = root.find("$schema"); schema != root.end() && !schema->is_string())
+        return Failure(where.Line("field \"$schema\": expected a text, got " + Shown(*schema)));
+    const auto font = ReadFont(root, where, error);
+    if (!font) return Failure(std::move(error));
+    document.font = *font;
     if (!controls->is_array())
         return Failure(where.Line("field \"controls\": expected an array, got " + Shown(*controls)));
     if (controls->size() > kMaxFormFields)
@@ -184,9 +221,12 @@ FormResult LoadFormFile(const std::filesystem::path& path, const LocaleInfo& loc
 std::string FormToJson(const FormDocument& document) {
     const auto text = [](std::u16string_view value) { return Json(ToUtf8(value)).dump(); };
     std::string out = "{\n";
+    out += "  \"$schema\": \"" + std::string(kFormSchemaName) + "\",\n";
     out += "  \"title\": " + text(document.title) + ",\n";
     out += "  \"width\": " + std::to_string(document.width) + ",\n";
     out += "  \"height\": " + std::to_string(document.height) + ",\n";
+    out += "  \"font\": {\"name\": " + text(document.font.name)
+        + ", \"size\": " + Json(formtext::SingleAsDouble(document.font.size)).dump() + "},\n";
     // The hints are written only when on, so a form that never used them reads as it always did.
     if (document.showRefusalTips) out += "  \"showRefusalTips\": true,\n";
     if (document.showInlineState) out += "  \"showInlineState\": true,\n";
@@ -204,7 +244,7 @@ std::string FormToJson(const FormDocument& document) {
         const auto& entries = control.properties.Entries();
         for (size_t k = 0; k < entries.size(); ++k) {
             out += k == 0 ? "\n        " : ",\n        ";
-            out += text(entries[k].key) + ": " + FormEntryText(entries[k].key, entries[k].value);
+            out += text(entries[k].key) + ": " + ReadableEntryText(entries[k].key, entries[k].value);
         }
         out += entries.empty() ? "}\n    }" : "\n      }\n    }";
     }

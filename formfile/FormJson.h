@@ -10,6 +10,10 @@
 
 namespace quillmar {
 
+/// The name of the form file's JSON Schema, installed as `share/quillmar/schema/qform.schema.json`; a
+/// saved form names it in its "$schema" field, which reading accepts with any text.
+inline constexpr std::string_view kFormSchemaName = "qform.schema.json";
+
 /// A form read from JSON, or the one line that says why there is none.
 struct [[nodiscard]] FormResult {
     /// The form; nullopt when reading failed.
@@ -20,14 +24,16 @@ struct [[nodiscard]] FormResult {
     std::string error;
 };
 
-/// Reads a form from its JSON text. The document is an object with "title" (text), "width" and "height"
-/// (integers), optionally "showRefusalTips" and "showInlineState" (true or false; absent reads as false) and
-/// "controls", an array of objects with "name" (unique, not empty), "label", optionally
-/// "toolTip" (absent reads as empty), "left", "top", "width", "height" and "properties": an object of
-/// entries in store order, each {"type": kind, "value": value} where the kind is a `quillmar::KindName`;
-/// a ByteArray's value is base64 or, for bytes that hold a property store, that store's entries as a JSON
-/// object in the same notation; a Currency's a decimal text with up to four decimals, a Date's the count of
-/// days, an Array's an array of such entries. A field of any other name, at any level, is refused, so that
+/// Reads a form from its JSON text. The document is an object with optionally "$schema" (text), "title"
+/// (text), "width" and "height" (integers), optionally "font" ({"name": text, "size": points}; absent reads
+/// as MS Sans Serif 8.25, the font a field reads when it stores none), optionally "showRefusalTips" and
+/// "showInlineState" (true or false; absent reads as false) and "controls", an array of objects with "name"
+/// (unique, not empty), "label", optionally "toolTip" (absent reads as empty), "left", "top", "width",
+/// "height" and "properties": an object of entries in store order, each in the readable notation
+/// (`"MaxLength": 40`, `"MustBeType": "vldDate"`,
+/// `"MinValue": {"Date": "2020-01-01"}`, the lists as arrays; see `formtext::ReadableEntryFromJson`) or in
+/// the older type-tagged one ({"type": kind, "value": value}, a list's store as its entries in the same
+/// notation). A field of any other name, at any level, is refused, so that
 /// a misspelt option is never quietly off. The form must then pass `CheckFormDocument` under `locale`. Any
 /// fault gives one error line naming `sourceName` and never a partial form; nothing throws, and nesting
 /// deeper than 64 levels is refused.
@@ -39,10 +45,9 @@ struct [[nodiscard]] FormResult {
 [[nodiscard]] FormResult LoadFormFile(
     const std::filesystem::path& path, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
-/// The form as pretty-printed JSON in the layout `ParseFormJson` reads, one entry a line in store order.
-/// The two lists ("MustNotBeValues", "Actions") are written as the readable entries of the store their
-/// bytes hold ("NEl", "1N" ... with their kinds), which read back into the same bytes; any other byte array
-/// is base64. `ParseFormJson(FormToJson(d), ...)` gives `d` back for a `d` that passes `CheckFormDocument`.
+/// The form as pretty-printed JSON in the layout `ParseFormJson` reads, one entry a line in store order, each
+/// in the readable notation. `ParseFormJson(FormToJson(d), ...)` gives `d` back for a `d` that passes
+/// `CheckFormDocument`.
 [[nodiscard]] std::string FormToJson(const FormDocument& document);
 
 } // namespace quillmar

@@ -1,6 +1,7 @@
-// Form files: any text either gives a form or one error line naming the source; a form written back as JSON
-// reads as the same form and writes the same text again; and the controls take every form that reads, since
-// reading checks each entry as their writers would.
+// Form files, in the readable notation or the older type-tagged one (the corpus holds both): any text either
+// gives a form or one error line naming the source; a form written back as JSON, always in the readable
+// notation, reads as the same form and writes the same text again; and the controls take every form that
+// reads, since reading checks each entry as their writers would.
 #include "formfile/FormFile.h"
 #include "fuzz/FuzzSupport.h"
 #include "host/standalone/StandaloneHost.h"

@@ -54,7 +54,8 @@ DesignSurface::DesignSurface(QWidget* parent)
     Reset(480, 320);
 }
 
-void DesignSurface::Reset(int width, int height) {
+void DesignSurface::Reset(int width, int height, const FormFont& font) {
+    m_font = font;
     for (Entry& entry : m_entries) {
         delete entry.edit;
         delete entry.label;
@@ -150,7 +151,8 @@ std::optional<std::string> DesignSurface::InsertField(const PlacedField& placed,
     PlacedField numbered = placed;
     if (numbered.id <= 0) numbered.id = m_nextId;
     qt::QuillmarEdit* edit = AddEntry(numbered);
-    const FormDocument one { {}, 0, 0, { placed.field } };
+    FormDocument one { {}, 0, 0, { placed.field } };
+    one.font = m_font;
     auto error
         = BuildFormControls(one, source, [edit](const FormControl&) -> Quillmar& { return edit->control(); });
     emit FieldsChanged();
@@ -223,6 +225,7 @@ PlacedField DesignSurface::Snapshot(int id) const {
     field.width = g.width();
     field.height = g.height();
     entry->edit->control().WriteProperties(field.properties);
+    LeaveOutReadDefaults(field.properties, m_font);
     return placed;
 }
 

@@ -57,12 +57,15 @@ public:
     [[nodiscard]] int ReserveId() { return m_nextId++; }
     /// Removes the field.
     void RemoveField(int id);
-    /// Removes every field and sets the form's size.
-    void Reset(int width, int height);
+    /// Removes every field and sets the form's size and the font its fields have unless they name another.
+    void Reset(int width, int height, const FormFont& font = {});
+    /// The font the form's fields have unless they name another.
+    [[nodiscard]] const FormFont& Font() const noexcept { return m_font; }
     /// Sets the form's size, keeping its fields.
     void SetFormSize(const QSize& size);
 
-    /// The field as the form file holds it, its properties as its control writes them now.
+    /// The field as the form file holds it, its properties as its control writes them now, less what reads
+    /// back the same without them (`LeaveOutReadDefaults`).
     [[nodiscard]] PlacedField Snapshot(int id) const;
     /// The fields in tab order.
     [[nodiscard]] std::vector<PlacedField> Snapshots() const;
@@ -160,6 +163,7 @@ private:
     QString m_localeName;
     QWidget* m_overlay = nullptr;
     QRubberBand* m_band = nullptr;
+    FormFont m_font;
     int m_nextId = 1;
     int m_quiet = 0;
     bool m_placing = false;

@@ -57,7 +57,7 @@ bool DesignWindow::OpenForm(const QString& path) {
 
 void DesignWindow::ShowForm(const FormDocument& document, const QString& path) {
     m_undo->clear();
-    m_surface->Reset(document.width, document.height);
+    m_surface->Reset(document.width, document.height, document.font);
     const std::string source = ShownPath(path).toStdString();
     for (size_t i = 0; i < document.controls.size(); ++i)
         (void)m_surface->InsertField(PlacedField { 0, int(i), document.controls[i] }, source);
@@ -76,6 +76,7 @@ FormDocument DesignWindow::Document() const {
     document.title = qt::FromQString(m_form.title);
     document.width = m_surface->width();
     document.height = m_surface->height();
+    document.font = m_surface->Font();
     document.showRefusalTips = m_form.showRefusalTips;
     document.showInlineState = m_form.showInlineState;
     for (PlacedField& placed : m_surface->Snapshots())

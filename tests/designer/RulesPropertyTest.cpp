@@ -75,14 +75,21 @@ TEST_F(RulesProperty, TextCarriesEveryRuleToAnotherField) {
     }
 }
 
-TEST_F(RulesProperty, ListsAreWrittenAsTheirValues) {
+TEST_F(RulesProperty, ListsAreWrittenAsTheirValuesAndTheTypeTaggedTextStillReads) {
     QuillmarEdit field;
     kRulesRows[0].declare(field);
     const QString rules = field.rules();
-    EXPECT_TRUE(rules.contains(QStringLiteral(R"("NEl": {"type": "Integer", "value": 2})")))
-        << rules.toStdString();
-    EXPECT_TRUE(rules.contains(QStringLiteral(R"("1N": {"type": "String", "value": "13"})")));
-    EXPECT_TRUE(rules.contains(QStringLiteral(R"("2N": {"type": "Long", "value": 666})")));
+    for (const char* written : { R"("MustNotBeValues": ["13", {"Long": 666}])",
+             R"("MustBeType": "vldInteger")", R"("MaxValue": 500.0)" })
+        EXPECT_TRUE(rules.contains(QString::fromUtf8(written))) << rules.toStdString();
+    QuillmarEdit old;
+    EXPECT_EQ(old.LoadRules(QStringLiteral(R"({"MinValue": {"type": "Double", "value": 1},
+        "MaxValue": {"type": "Double", "value": 500},
+        "MustNotBeValues": {"type": "ByteArray", "value": {"NEl": {"type": "Integer", "value": 2},
+            "1N": {"type": "String", "value": "13"}, "2N": {"type": "Long", "value": 666}}},
+        "MustBeType": {"type": "Long", "value": 3}})")),
+        QString());
+    EXPECT_EQ(old.rules().toStdString(), rules.toStdString());
 }
 
 // A form file lists the limits before the type; the type is still applied first, as a form loads a field,
@@ -94,9 +101,9 @@ TEST_F(RulesProperty, TypeComesFirstTextLastAndOtherPropertiesStay) {
     field.SetMaxLength(9);
     field.SetText(QStringLiteral("600"));
     EXPECT_EQ(field.LoadRules(QStringLiteral(R"({
-        "MinValue": {"type": "String", "value": "1"},
-        "MaxValue": {"type": "Double", "value": 500},
-        "MustBeType": {"type": "Long", "value": 3}})")),
+        "MinValue": "1",
+        "MaxValue": 500,
+        "MustBeType": "vldInteger"})")),
         QString());
     EXPECT_EQ(field.MustBeType(), vldInteger);
     EXPECT_EQ(field.MinValue(), QVariant(QStringLiteral("1")));
@@ -125,6 +132,11 @@ TEST_F(RulesProperty, RefusedTextSaysWhyAndChangesNothing) {
             "entry \"MustBeType\": expected 0 to 9, got 42" },
         { R"({"MessageBoxIcon": {"type": "Integer", "value": 9}})",
             "entry \"MessageBoxIcon\": expected 0 to 4, got 9" },
+        { R"({"MessageBoxIcon": "vldMBIWarning"})",
+            "entry \"MessageBoxIcon\": expected one of vldMBINone, " },
+        { R"({"Actions": [{"action": "vldACInsertClosest", "checked": true}]})",
+            "entry \"Actions\": expected 3 actions, got 1" },
+        { R"({"MinValue": {"Date": "2024-13-01"}})", "entry \"MinValue\": expected a date such as " },
         { R"({"MinValue": {"type": "String", "value": "500"}, "MaxValue": {"type": "Double", "value": 1}, )"
           R"("MustBeType": {"type": "Long", "value": 3}})",
             "entries \"MinValue\" and \"MaxValue\": the minimum \"500\" lies above the maximum \"1\"" },

@@ -265,9 +265,10 @@ TEST_F(RunMode, ARecordThatCannotBeStoredIsExplainedAndKeptInTheForm) {
 TEST_F(RunMode, ANewRecordStartsWithFreshFields) {
     // The example's customer name, with the previous-value action checked, and its notes.
     QByteArray json = Bytes(kExample);
-    const QByteArray previous = R"("2N": {"type": "Long", "value": 8})";
+    const QByteArray previous = R"({"action": "vldACReturnPrevious", "checked": false})";
     ASSERT_GE(json.indexOf(previous), 0);
-    json.replace(json.indexOf(previous), previous.size(), R"("2N": {"type": "Long", "value": 9})");
+    json.replace(
+        json.indexOf(previous), previous.size(), R"({"action": "vldACReturnPrevious", "checked": true})");
     const FormResult form = ParseFormJson(json.toStdString(), "orders.qform.json");
     ASSERT_TRUE(form.document) << form.error;
     FormDocument document = *form.document;
