@@ -184,9 +184,9 @@ public:
     void ShowAboutBox() { m_control->ShowAboutBox(); }
 
     /// The field's rules as a form file holds them: a JSON object of the entries the control writes for its
-    /// own properties (every property but the edit box's), each {"type": kind, "value": value}, entries at
-    /// their default left out, the two lists as their readable entries ("NEl", "1N" ...). See
-    /// `EntriesToJson`.
+    /// own properties (every property but the edit box's), each as people write it (constants by name,
+    /// dates and times as ISO text, the two lists as arrays), entries at their default left out. See
+    /// `EntriesToJson`. Rules in the older type-tagged notation still load.
     [[nodiscard]] QString rules() const;
     /// Loads the rules of a text in the notation of `rules()` as a form loads the field: every rule not in
     /// the text takes its default, the type is set first, the lists are taken even at run time, and the text
