@@ -136,6 +136,8 @@ static std::optional<int64_t> Digits(std::string_view text) {
 
 // "HH:MM:SS" with up to nine decimals of the second, as seconds.
 static std::optional<long double> SecondsFrom(std::string_view text) {
+    // A time written by hand may leave out the seconds: "08:00" is "08:00:00".
+    if (text.size() == 5 && text[2] == ':') return SecondsFrom(std::string(text) + ":00");
     if (text.size() < 8 || text[2] != ':' || text[5] != ':') return std::nullopt;
     const auto hours = Digits(text.substr(0, 2));
     const auto minutes = Digits(text.substr(3, 2));

@@ -249,6 +249,20 @@ TEST(FormFile, TypeTaggedEntriesLoadIntoTheSameControlsAndSaveReadable) {
     }
 }
 
+// A time written by hand may leave out its seconds.
+TEST(FormFile, HandWrittenTimesMayLeaveOutTheSeconds) {
+    const auto locale = LocaleInfo::FromName("en_US");
+    for (const auto& [brief, full] : { std::pair { R"({"Time": "08:00"})", R"({"Time": "08:00:00"})" },
+             std::pair { R"({"Date": "2024-01-01T08:30"})", R"({"Date": "2024-01-01T08:30:00"})" } }) {
+        const FormResult written
+            = ParseFormJson(FormWith(std::string(R"("MinValue": )") + brief), "a", locale);
+        const FormResult saved = ParseFormJson(FormWith(std::string(R"("MinValue": )") + full), "b", locale);
+        ASSERT_TRUE(written.document) << written.error;
+        ASSERT_TRUE(saved.document) << saved.error;
+        EXPECT_EQ(*written.document, *saved.document);
+    }
+}
+
 const std::string kQuantity = R"(broken.qform.json: control "Quantity", )";
 
 // Every message names the file; where a field and an entry are at fault, those too.
