@@ -29,6 +29,11 @@ template <typename Int> std::optional<Int> IntegerOf(const Json& value) {
     return static_cast<Int>(number);
 }
 
+/// A value of a plain kind (Empty, Boolean, Byte, Integer, Long, Single, Double, Currency) as JSON holds it
+/// in both notations: null, true or false, a number within the kind's range, a currency amount as decimal
+/// text; nullopt for any other JSON, or any other kind.
+[[nodiscard]] std::optional<Variant> PlainValueFromJson(Variant::Kind kind, const Json& value);
+
 /// The first field of `object` that is none of `known`, as "field "x" is not one <owner> has (a, b ...)",
 /// so that a misspelt name is refused rather than ignored; nullopt when every field is known.
 template <size_t N>

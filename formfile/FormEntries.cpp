@@ -8,6 +8,42 @@
 
 namespace quillmar {
 namespace formtext {
+
+std::optional<Variant> PlainValueFromJson(Variant::Kind kind, const Json& value) {
+    switch (kind) {
+    case Variant::Kind::Empty:
+        if (value.is_null()) return Variant();
+        break;
+    case Variant::Kind::Boolean:
+        if (value.is_boolean()) return Variant(value.get<bool>());
+        break;
+    case Variant::Kind::Byte:
+        if (const auto number = IntegerOf<uint8_t>(value)) return Variant(*number);
+        break;
+    case Variant::Kind::Integer:
+        if (const auto number = IntegerOf<int16_t>(value)) return Variant(*number);
+        break;
+    case Variant::Kind::Long:
+        if (const auto number = IntegerOf<int32_t>(value)) return Variant(*number);
+        break;
+    case Variant::Kind::Single:
+        if (value.is_number() && std::fabs(value.get<double>()) <= std::numeric_limits<float>::max())
+            return Variant(static_cast<float>(value.get<double>()));
+        break;
+    case Variant::Kind::Double:
+        if (value.is_number()) return Variant(value.get<double>());
+        break;
+    case Variant::Kind::Currency:
+        if (value.is_string())
+            if (const auto amount = CurrencyFrom(value.get_ref<const std::string&>()))
+                return Variant(*amount);
+        break;
+    default:
+        break;
+    }
+    return std::nullopt;
+}
+
 namespace {
 
 constexpr int kMaxDepth = 64;
@@ -22,36 +58,19 @@ std::optional<MemoryPropertyStore> StoreFromJson(const Json& entries, std::strin
 std::optional<Variant> ValueFromJson(Variant::Kind kind, const Json& value, std::string& fault) {
     std::optional<Variant> result;
     switch (kind) {
-    case Variant::Kind::Empty:
-        if (value.is_null()) result = Variant();
-        break;
-    case Variant::Kind::Boolean:
-        if (value.is_boolean()) result = Variant(value.get<bool>());
-        break;
     case Variant::Kind::String:
         if (value.is_string())
             if (auto text = FromUtf8(value.get_ref<const std::string&>())) result = Variant(std::move(*text));
         break;
+    case Variant::Kind::Empty:
+    case Variant::Kind::Boolean:
     case Variant::Kind::Byte:
-        if (const auto number = IntegerOf<uint8_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Integer:
-        if (const auto number = IntegerOf<int16_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Long:
-        if (const auto number = IntegerOf<int32_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Single:
-        if (value.is_number() && std::fabs(value.get<double>()) <= std::numeric_limits<float>::max())
-            result = Variant(static_cast<float>(value.get<double>()));
-        break;
     case Variant::Kind::Double:
-        if (value.is_number()) result = Variant(value.get<double>());
-        break;
     case Variant::Kind::Currency:
-        if (value.is_string())
-            if (const auto amount = CurrencyFrom(value.get_ref<const std::string&>()))
-                result = Variant(*amount);
+        result = PlainValueFromJson(kind, value);
         break;
     case Variant::Kind::Date:
         if (value.is_number()) result = Variant(Date { value.get<double>() });

@@ -188,35 +188,18 @@ std::optional<Variant> TextFromJson(const Json& value, std::string& fault) {
 std::optional<Variant> KindFromJson(Variant::Kind kind, bool time, const Json& value, std::string& fault) {
     std::optional<Variant> result;
     switch (kind) {
-    case Variant::Kind::Empty:
-        if (value.is_null()) result = Variant();
-        break;
-    case Variant::Kind::Boolean:
-        if (value.is_boolean()) result = Variant(value.get<bool>());
-        break;
     case Variant::Kind::String:
         if (value.is_string()) return TextFromJson(value, fault);
         break;
+    case Variant::Kind::Empty:
+    case Variant::Kind::Boolean:
     case Variant::Kind::Byte:
-        if (const auto number = IntegerOf<uint8_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Integer:
-        if (const auto number = IntegerOf<int16_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Long:
-        if (const auto number = IntegerOf<int32_t>(value)) result = Variant(*number);
-        break;
     case Variant::Kind::Single:
-        if (value.is_number() && std::fabs(value.get<double>()) <= std::numeric_limits<float>::max())
-            result = Variant(static_cast<float>(value.get<double>()));
-        break;
     case Variant::Kind::Double:
-        if (value.is_number()) result = Variant(value.get<double>());
-        break;
     case Variant::Kind::Currency:
-        if (value.is_string())
-            if (const auto amount = CurrencyFrom(value.get_ref<const std::string&>()))
-                result = Variant(*amount);
+        result = PlainValueFromJson(kind, value);
         break;
     case Variant::Kind::Date:
         if (value.is_number() && !time) result = Variant(Date { value.get<double>() });
