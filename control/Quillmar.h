@@ -87,6 +87,12 @@ public:
     [[nodiscard]] int32_t CheckInput() const;
     /// True when `CheckInput` is 0 (or negative); always true for `vldUnspecified`.
     [[nodiscard]] bool IsValid() const;
+    /// The message the final validation would show for the edit box's text now, without the line of a
+    /// corrective action: empty when the text is valid; the field's own `ErrorMessage` when
+    /// `ErrorMessageMode` is `vldCustom`; otherwise the composed message. Where that would say nothing (a
+    /// custom mode without a message, or a basic message that has no words for the broken rule),
+    /// "This entry is not valid." stands in, so that an invalid field always has a reason to show.
+    [[nodiscard]] std::u16string CurrentErrorMessage() const;
     /// The final validation, as on leaving the field. A valid text is rewritten as understood (when
     /// `ShowAsUnderstood`) and remembered as `LastValidValue`; an invalid one gets the first corrective
     /// action of `Actions` that can be done, is selected when `OnErrorSelectEntireField`, beeps when

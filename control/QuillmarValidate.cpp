@@ -131,6 +131,17 @@ int32_t Quillmar::PerformActions() {
     return 0;
 }
 
+std::u16string Quillmar::CurrentErrorMessage() const {
+    const std::u16string text = m_host.editBox.Text();
+    const int32_t bits = CheckInput();
+    if (bits <= 0) return {};
+    std::u16string message = m_settings.ErrorMessageMode == vldCustom
+        ? m_settings.ErrorMessage
+        : ComposeErrorMessage(text, bits, 0, m_settings, Locale(), m_host.editBox.MaxLength());
+    if (message.find_first_not_of(u" \r\n") == std::u16string::npos) return u"This entry is not valid.";
+    return message;
+}
+
 void Quillmar::ShowErrorBox(std::u16string_view savedText, int32_t bits, int32_t actionCode) {
     const std::u16string message = m_settings.ErrorMessageMode == vldCustom
         ? m_settings.ErrorMessage

@@ -138,6 +138,10 @@ TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
             ASSERT_TRUE(field.Validate());
         }
         host.editBox.SetText(c.typed);
+        // What a form would show for the text before it is left: the box's message less its action line.
+        const std::u16string current = field.CurrentErrorMessage();
+        EXPECT_EQ(current.empty(), field.IsValid());
+        if (c.message && !current.empty()) EXPECT_EQ(c.message->text.substr(0, current.size()), current);
         EXPECT_EQ(field.Validate(), c.valid);
         EXPECT_EQ(field.Text(), c.after);
         EXPECT_EQ(host.alerts.beeps, c.message ? 1 : 0);
@@ -157,6 +161,15 @@ TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
             EXPECT_EQ(field.SelLength(), selected ? length : 0);
         }
     }
+}
+
+TEST(Validate, AnInvalidFieldAlwaysHasAReasonToShow) {
+    standalone::StandaloneHost host("en_US");
+    Quillmar field(host.Services());
+    Quantity(field);
+    field.SetErrorMessageMode(vldCustom); // and no message of its own
+    host.editBox.SetText(u"250");
+    EXPECT_EQ(field.CurrentErrorMessage(), u"This entry is not valid.");
 }
 
 } // namespace
