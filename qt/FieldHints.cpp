@@ -1,5 +1,7 @@
 #include "qt/FieldHints.h"
 
+#include "qt/QuillmarForm.h"
+
 #include "input/Refusal.h"
 #include "qt/QtConversions.h"
 #include "qt/QtKeys.h"
@@ -11,10 +13,8 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QKeySequence>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QToolTip>
 
@@ -76,18 +76,7 @@ void FieldHints::Refresh() {
 void FieldHints::NameEditBox() {
     if (!m_edit.accessibleName().isEmpty() && m_edit.accessibleName() != m_givenName) return;
     QString name = m_field.accessibleName();
-    if (name.isEmpty() && m_field.parentWidget()) {
-        for (const QLabel* label : m_field.parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
-            if (label->buddy() == &m_field) {
-                // "&Quantity:" is read as "Quantity".
-                name = label->text();
-                name.remove(QRegularExpression(QStringLiteral("&(?!&)")));
-                name.replace(QStringLiteral("&&"), QStringLiteral("&"));
-                if (name.endsWith(QLatin1Char(':'))) name.chop(1);
-                name = name.trimmed();
-                break;
-            }
-    }
+    if (name.isEmpty()) name = LabelOf(m_field);
     m_givenName = name;
     m_edit.setAccessibleName(name);
 }

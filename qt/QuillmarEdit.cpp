@@ -18,6 +18,9 @@ QuillmarEdit::QuillmarEdit(QWidget* parent)
     resize(m_services->m_edit->sizeHint());
     m_hints = new FieldHints(*this, *m_services->m_edit);
     m_hints->Refresh();
+    m_valid = IsValid();
+    connect(this, &QuillmarEdit::PropertyChanged, this, &QuillmarEdit::UpdateValidity);
+    connect(m_services->m_edit, &QLineEdit::textChanged, this, &QuillmarEdit::UpdateValidity);
 }
 
 QuillmarEdit::~QuillmarEdit() {
@@ -43,6 +46,14 @@ void QuillmarEdit::SetAboutBoxHandler(std::function<void()> handler) {
 void QuillmarEdit::SetLocaleName(const QString& name) {
     m_services->m_localeName = name;
     m_hints->Refresh();
+    UpdateValidity();
+}
+
+void QuillmarEdit::UpdateValidity() {
+    const bool valid = IsValid();
+    if (valid == m_valid) return;
+    m_valid = valid;
+    emit ValidityChanged(valid);
 }
 
 QString QuillmarEdit::LocaleName() const {

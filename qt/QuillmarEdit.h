@@ -179,6 +179,11 @@ public:
     Q_INVOKABLE bool Validate() { return m_control->Validate(); }
     Q_INVOKABLE [[nodiscard]] int CheckInput() const { return m_control->CheckInput(); }
     Q_INVOKABLE [[nodiscard]] bool IsValid() const { return m_control->IsValid(); }
+    /// The message the final validation would show for the text now, without a corrective action's line;
+    /// empty when the text is valid. (`ErrorMessage` is the author's own message, a property.)
+    Q_INVOKABLE [[nodiscard]] QString CurrentErrorMessage() const {
+        return ToQString(m_control->CurrentErrorMessage());
+    }
     Q_INVOKABLE void Refresh() { m_control->Refresh(); }
     void OLEDrag() { m_control->OLEDrag(); }
     void ShowAboutBox() { m_control->ShowAboutBox(); }
@@ -374,6 +379,9 @@ signals:
     /// A writer refused `value` for the property `name` and left the property as it was; `error` is the
     /// control's number (380 invalid value, 382 list written at run time, 393 list read at run time).
     void PropertyRefused(const QString& name, const QVariant& value, int error);
+    /// `IsValid` changed: the text was typed, pasted or written, or a rule or the locale changed. A dialog
+    /// enables its OK button from it.
+    void ValidityChanged(bool valid);
     void OLEStartDrag(quillmar::DataObject& Data, qint32& AllowedEffects);
     void OLESetData(quillmar::DataObject& Data, qint16& DataFormat);
     void OLEGiveFeedback(qint32& Effect, bool& DefaultCursors);
@@ -411,9 +419,12 @@ private:
     template <typename Write> void InRangeOnly(const char* name, int value, Write&& write);
     /// Reports a refused value: the warning and `PropertyRefused`.
     void Refuse(const char* name, const QVariant& value, int error, const char* why);
+    /// Emits `ValidityChanged` when `IsValid` is no longer what it was.
+    void UpdateValidity();
     std::unique_ptr<QtServices> m_services;
     std::unique_ptr<Quillmar> m_control;
     FieldHints* m_hints = nullptr;
+    bool m_valid = true;
 };
 
 } // namespace quillmar::qt

@@ -1,10 +1,10 @@
 #include "apps/forms/DesignSurface.h"
 
 #include "apps/forms/DesignGeometry.h"
-#include "apps/forms/FieldLabel.h"
 #include "apps/forms/FieldNames.h"
 #include "apps/forms/FormFont.h"
 #include "apps/forms/SelectionOverlay.h"
+#include "qt/QuillmarForm.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -122,7 +122,7 @@ qt::QuillmarEdit* DesignSurface::MakeEdit(const QString& name) {
 
 void DesignSurface::PlaceLabel(Entry& entry) {
     entry.label->setText(entry.labelText + QLatin1Char(':'));
-    entry.label->setGeometry(LabelGeometry(entry.geometry));
+    entry.label->setGeometry(qt::FormLabelGeometry(entry.geometry));
 }
 
 qt::QuillmarEdit* DesignSurface::AddEntry(const PlacedField& placed) {

@@ -1,9 +1,9 @@
 #include "apps/forms/FormWindow.h"
 
-#include "apps/forms/FieldLabel.h"
 #include "apps/forms/FormFont.h"
 #include "apps/forms/ShownPath.h"
 #include "apps/forms/SubmitSummary.h"
+#include "qt/QuillmarForm.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -58,7 +58,6 @@ FormWindow::FormWindow(
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
     for (const QKeyCombination keys : { Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter })
         connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, [this] { Submit(); });
-    BuildFields();
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -74,54 +73,30 @@ FormWindow::FormWindow(
     ShowStatus(tr("Records go to %1 \u00b7 Form: %2").arg(ShownPath(m_databasePath), ShownForm(m_formPath)));
 }
 
-void FormWindow::BuildFields() {
-    QWidget* previous = nullptr;
-    for (const FormControl& control : m_document.controls) {
-        auto* label = new QLabel(qt::ToQString(control.label) + QLatin1Char(':'), m_area);
-        label->setFont(QApplication::font());
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        label->setGeometry(LabelGeometry(QRect(control.left, control.top, control.width, control.height)));
-        auto* field = new qt::QuillmarEdit(m_area);
-        field->setObjectName(qt::ToQString(control.name));
-        field->setGeometry(control.left, control.top, control.width, control.height);
-        field->setToolTip(qt::ToQString(control.toolTip));
-        field->SetShowRefusalTips(m_document.showRefusalTips);
-        field->SetShowInlineState(m_document.showInlineState);
-        label->setBuddy(field);
-        label->show(); // widgets added to a shown window stay hidden until told
-        field->show();
-        if (previous) QWidget::setTabOrder(previous, field);
-        previous = field;
-        m_labels.push_back(label);
-        m_fields.push_back(field);
-    }
-    if (previous) QWidget::setTabOrder(previous, m_submit);
-    QWidget::setTabOrder(m_submit, m_close);
-}
-
 std::optional<std::string> FormWindow::Load(std::string_view sourceName) {
     m_sourceName = sourceName;
-    return LoadFields();
+    return BuildRecord();
 }
 
-std::optional<std::string> FormWindow::LoadFields() {
-    size_t next = 0;
-    auto error = BuildFormControls(m_document, m_sourceName,
-        [this, &next](const FormControl&) -> Quillmar& { return m_fields[next++]->control(); });
+std::optional<std::string> FormWindow::BuildRecord() {
+    qt::FormWidgets form = qt::BuildForm(m_document, *m_area, m_sourceName);
+    m_fields = std::move(form.fields);
+    m_labels.assign(form.labels.begin(), form.labels.end());
+    if (!m_fields.empty()) QWidget::setTabOrder(m_fields.back(), m_submit);
+    QWidget::setTabOrder(m_submit, m_close);
     m_initialTexts.clear();
     for (qt::QuillmarEdit* field : m_fields) {
         m_initialTexts.push_back(field->Text());
         field->SetLocaleName(m_localeName);
         if (m_fieldSetup) m_fieldSetup(*field);
     }
-    return error;
+    return form.error;
 }
 
 void FormWindow::NewRecord() {
     const std::vector<qt::QuillmarEdit*> fields = std::exchange(m_fields, {});
     const std::vector<QWidget*> labels = std::exchange(m_labels, {});
-    BuildFields();
-    (void)LoadFields(); // the same entries loaded without a fault when the form opened
+    (void)BuildRecord(); // the same entries built without a fault when the form opened
     for (qt::QuillmarEdit* field : fields)
         field->SkipNextFocusExit();
     if (!m_fields.empty()) FocusField(m_fields.front());
@@ -218,18 +193,11 @@ void FormWindow::ShowStatus(const QString& text) {
 }
 
 FormWindow::SubmitOutcome FormWindow::Submit() {
-    const LocaleInfo locale = LocaleInfo::FromName(
-        (m_localeName.isEmpty() ? QLocale::system().name() : m_localeName).toStdString());
+    const std::vector<qt::InvalidField> fields = qt::InvalidFields(*m_area);
     std::vector<InvalidField> invalid;
-    qt::QuillmarEdit* firstInvalid = nullptr;
-    for (size_t i = 0; i < m_fields.size(); ++i) {
-        const Quillmar& control = m_fields[i]->control();
-        const int32_t bits = control.CheckInput();
-        if (bits <= 0) continue;
-        invalid.push_back({ m_document.controls[i].label,
-            FieldMessage(control.Text(), bits, control.settings(), locale, control.MaxLength()) });
-        if (!firstInvalid) firstInvalid = m_fields[i];
-    }
+    for (const qt::InvalidField& field : fields)
+        invalid.push_back({ qt::FromQString(field.label), qt::FromQString(field.message) });
+    qt::QuillmarEdit* firstInvalid = fields.empty() ? nullptr : fields.front().field;
     if (firstInvalid) {
         ShowMessage(MessageKind::Warning, tr("Record not stored"), qt::ToQString(SubmitSummary(invalid)));
         FocusField(firstInvalid);

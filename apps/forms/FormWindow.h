@@ -94,10 +94,9 @@ private:
     static bool ShowMessage(const MessageHandler& handler, QWidget* parent, MessageKind kind,
         const QString& title, const QString& text);
     bool ShowMessage(MessageKind kind, const QString& title, const QString& text);
-    /// Makes the labels and fields of a record, properties not yet loaded, in tab order before Submit.
-    void BuildFields();
-    /// Loads the fields' properties and gives them the window's locale and field setup.
-    std::optional<std::string> LoadFields();
+    /// Builds the labels and fields of a record with their properties, in tab order before Submit, and gives
+    /// them the window's locale and field setup; the error line when a field refuses a stored value.
+    std::optional<std::string> BuildRecord();
     /// Replaces every field by a fresh one for the next record; the first takes the focus.
     void NewRecord();
     void FocusField(qt::QuillmarEdit* field);

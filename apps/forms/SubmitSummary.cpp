@@ -1,19 +1,8 @@
 #include "apps/forms/SubmitSummary.h"
 
-#include "validation/Messages.h"
-
 #include <string>
 
 namespace quillmar::forms {
-
-std::u16string FieldMessage(std::u16string_view text, int32_t bits, const Settings& settings,
-    const LocaleInfo& locale, int32_t maxLength) {
-    std::u16string message = settings.ErrorMessageMode == vldCustom
-        ? settings.ErrorMessage
-        : ComposeErrorMessage(text, bits, 0, settings, locale, maxLength);
-    if (message.find_first_not_of(u" \r\n") == std::u16string::npos) return u"This entry is not valid.";
-    return message;
-}
 
 std::u16string SubmitSummary(const std::vector<InvalidField>& fields) {
     std::u16string summary = u"The record was not stored. Please correct ";

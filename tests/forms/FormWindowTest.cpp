@@ -1,9 +1,12 @@
 #include "apps/forms/FormWindow.h"
+#include "apps/forms/FormFont.h"
+#include "qt/QuillmarForm.h"
 #include "support/QtApplication.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -176,6 +179,57 @@ TEST_F(RunMode, InvalidFieldsAreSummedUpInOneBoxAndNothingIsStored) {
     window->close(); // asks first, and No keeps what is typed
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(boxes.last().startsWith(QStringLiteral("Close the form|")));
+}
+
+// A form built in one call from the file has the window's own fields and labels; the invalid-fields helper
+// lists what it holds in tab order, as Submit does.
+TEST_F(RunMode, OneCallBuildsTheWindowsFieldsAndListsTheInvalidOnes) {
+    QWidget form;
+    form.setFont(FormAmbientFont());
+    const qt::FormWidgets built = qt::LoadForm(kExample, form);
+    ASSERT_EQ(built.error, std::nullopt);
+    form.show(); // a field fits its height to its font once shown
+    QApplication::processEvents();
+    const auto labelOf = [](const QuillmarEdit* field) {
+        for (const QLabel* label : field->window()->findChildren<QLabel*>())
+            if (label->buddy() == field) return std::pair(label->text(), label->geometry());
+        return std::pair(QString(), QRect());
+    };
+    ASSERT_EQ(built.fields.size(), window->Fields().size());
+    for (size_t i = 0; i < built.fields.size(); ++i) {
+        const QuillmarEdit* mine = built.fields[i];
+        const QuillmarEdit* theirs = window->Fields()[i];
+        SCOPED_TRACE(theirs->objectName().toStdString());
+        EXPECT_EQ(mine->objectName(), theirs->objectName());
+        EXPECT_EQ(mine->geometry(), theirs->geometry());
+        EXPECT_EQ(labelOf(mine), labelOf(theirs));
+        EXPECT_EQ(mine->toolTip(), theirs->toolTip());
+        EXPECT_EQ(mine->font(), theirs->font());
+        EXPECT_EQ(mine->lineEdit()->placeholderText(), theirs->lineEdit()->placeholderText());
+        EXPECT_EQ(mine->ShowInlineState(), theirs->ShowInlineState());
+    }
+
+    const auto field
+        = [&](const char* name) { return form.findChild<QuillmarEdit*>(QString::fromLatin1(name)); };
+    for (const auto& [name, text] : kOrder) {
+        field(name)->SetLocaleName(QStringLiteral("en_US"));
+        field(name)->SetText(QString::fromLatin1(text));
+    }
+    EXPECT_TRUE(qt::InvalidFields(form).empty());
+    field("Quantity")->SetText(QStringLiteral("0"));
+    field("OrderNumber")->SetText(QStringLiteral("12345"));
+    const std::vector<qt::InvalidField> invalid = qt::InvalidFields(form);
+    ASSERT_EQ(invalid.size(), 2u);
+    EXPECT_EQ(invalid[0].field, field("OrderNumber"));
+    EXPECT_EQ(invalid[0].label, QStringLiteral("Order number"));
+    EXPECT_EQ(invalid[0].message, QStringLiteral("An order number has six digits, such as 012345."));
+    EXPECT_EQ(invalid[1].label, QStringLiteral("Quantity"));
+    EXPECT_EQ(invalid[1].message, field("Quantity")->CurrentErrorMessage());
+
+    QWidget none;
+    const qt::FormWidgets missing = qt::LoadForm(QStringLiteral("no/such.qform.json"), none);
+    EXPECT_TRUE(missing.error && missing.error->find("no/such.qform.json") != std::string::npos);
+    EXPECT_TRUE(missing.fields.empty() && none.children().isEmpty());
 }
 
 TEST_F(RunMode, AStoredRecordKeepsEachValueTypedAndClearsTheForm) {

@@ -103,21 +103,7 @@ TEST(Record, RecordsWithoutAFormFolderGoToTheUsersDataFolder) {
     savedDataHome ? setenv("XDG_DATA_HOME", savedDataHome->c_str(), 1) : unsetenv("XDG_DATA_HOME");
 }
 
-TEST(Summary, EachFieldSaysWhatItWouldSayWithoutAnActionLine) {
-    Settings number;
-    number.MustBeType = vldInteger;
-    number.MaxValue = 100.0;
-    number.Actions = Settings::InitialActions();
-    Settings custom = number;
-    custom.ErrorMessageMode = vldCustom;
-    custom.ErrorMessage = u"Up to 100, please.";
-    Settings silent = custom;
-    silent.ErrorMessage.clear();
-    const LocaleInfo locale = LocaleInfo::FromName("en_US");
-    EXPECT_EQ(FieldMessage(u"125", vldCCMaxValue, number, locale, 0), u"An integer <= 100 is required.");
-    EXPECT_EQ(FieldMessage(u"125", vldCCMaxValue, custom, locale, 0), u"Up to 100, please.");
-    EXPECT_EQ(FieldMessage(u"125", vldCCMaxValue, silent, locale, 0), u"This entry is not valid.");
-
+TEST(Summary, ListsEachFieldWithItsMessageIndented) {
     EXPECT_EQ(SubmitSummary(
                   { { u"Order number", u"Invalid text entry.\r\nThis field must be in a form like ######." },
                       { u"Order date", u"This field is required." } }),

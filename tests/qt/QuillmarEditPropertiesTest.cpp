@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QFontDatabase>
 #include <QImage>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTime>
 
@@ -117,6 +118,41 @@ TEST_F(Form, WidgetAndControlShareTheEnabledState) {
     ShowAndFocus(field);
     QTest::keyClicks(field->lineEdit(), QStringLiteral("12"));
     EXPECT_EQ(field->Text(), QStringLiteral("12"));
+}
+
+// A dialog's OK button follows the field's validity as the user types, and as rules and locale change.
+TEST_F(Form, ValidityChangesAreAnnouncedAsTheUserTypes) {
+    QuillmarEdit* field = AddField("Quantity", vldDouble, vldWeak);
+    field->SetMaxValue(QStringLiteral("100"));
+    QPushButton ok(QStringLiteral("OK"));
+    ok.setEnabled(field->IsValid());
+    std::vector<bool> changes;
+    QObject::connect(field, &QuillmarEdit::ValidityChanged, [&](bool valid) {
+        changes.push_back(valid);
+        ok.setEnabled(valid);
+    });
+    ShowAndFocus(field);
+    QTest::keyClicks(field->lineEdit(), QStringLiteral("25")); // valid all the way
+    EXPECT_TRUE(changes.empty());
+    QTest::keyClicks(field->lineEdit(), QStringLiteral(".5"));
+    EXPECT_TRUE(changes.empty());
+    QTest::keyClicks(field->lineEdit(), QStringLiteral("0")); // 25.50 still valid; then 255.50 is not
+    QTest::keyClick(field->lineEdit(), Qt::Key_Home);
+    QTest::keyClick(field->lineEdit(), Qt::Key_Right);
+    QTest::keyClicks(field->lineEdit(), QStringLiteral("5"));
+    EXPECT_EQ(changes, std::vector<bool> { false });
+    EXPECT_FALSE(ok.isEnabled());
+    EXPECT_EQ(field->CurrentErrorMessage(), QStringLiteral("A number <= 100 is required."));
+    QTest::keyClick(field->lineEdit(), Qt::Key_Backspace);
+    EXPECT_EQ(changes, (std::vector<bool> { false, true }));
+    EXPECT_TRUE(field->CurrentErrorMessage().isEmpty());
+    field->SetMaxValue(QStringLiteral("20")); // a rule
+    field->SetLocaleName(QStringLiteral("de_DE")); // "25.50" is no number there
+    field->SetMaxValue(QStringLiteral("30"));
+    EXPECT_EQ(changes, (std::vector<bool> { false, true, false }));
+    field->SetLocaleName(QStringLiteral("en_US"));
+    EXPECT_EQ(changes, (std::vector<bool> { false, true, false, true }));
+    EXPECT_TRUE(ok.isEnabled());
 }
 
 // The colours and the font face, size and style written from code change how the edit box draws, and are
