@@ -1,14 +1,17 @@
 #include "qt/FieldHints.h"
 
-#include "qt/QuillmarForm.h"
-
 #include "input/Refusal.h"
 #include "qt/QtConversions.h"
 #include "qt/QtKeys.h"
 #include "qt/QuillmarEdit.h"
+#include "qt/QuillmarForm.h"
 #include "validation/Describe.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QAction>
+#include <QApplication>
+#include <QCoreApplication>
 #include <QDate>
 #include <QEvent>
 #include <QKeyEvent>
@@ -41,6 +44,31 @@ protected:
     }
 };
 
+// The field as assistive technology sees it: a plain container around its edit box, neither focusable nor
+// named nor described, so that a screen reader stops once per field, on the edit box, which carries the
+// field's name and description.
+class FieldAccessible final : public QAccessibleWidget {
+public:
+    explicit FieldAccessible(QWidget* field)
+        : QAccessibleWidget(field, QAccessible::Grouping) { }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name || kind == QAccessible::Description) return {};
+        return QAccessibleWidget::text(kind);
+    }
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focusable = false;
+        state.focused = false;
+        return state;
+    }
+};
+
+QAccessibleInterface* MakeFieldAccessible(const QString&, QObject* object) {
+    auto* field = qobject_cast<QuillmarEdit*>(object);
+    return field ? new FieldAccessible(field) : nullptr;
+}
+
 // A key that types a character: printable text, without Ctrl unless Alt comes with it (AltGr).
 bool TypesCharacter(const QKeyEvent& event) {
     const QString text = event.text();
@@ -55,11 +83,35 @@ FieldHints::FieldHints(QuillmarEdit& field, QLineEdit& edit)
     : QObject(&field)
     , m_field(field)
     , m_edit(edit) {
+    static const bool factoryInstalled = (QAccessible::installFactory(MakeFieldAccessible), true);
+    (void)factoryInstalled;
     connect(&field, &QuillmarEdit::PropertyChanged, this, &FieldHints::Refresh);
     connect(&edit, &QLineEdit::textChanged, this, [this] {
         ++m_changes;
+        // A change accepted after a refusal leaves the refusal behind; a tip for this change comes after it.
+        if (!m_tip.isEmpty()) SetTipInDescription({});
         if (m_inlineState) UpdateInlineState();
     });
+}
+
+void FieldHints::SetTipInDescription(const QString& tip) {
+    m_tip = tip;
+    UpdateDescription();
+}
+
+void FieldHints::UpdateDescription() {
+    QString description = m_rules;
+    if (m_broken) {
+        QString message = m_field.CurrentErrorMessage();
+        message.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+        description = QCoreApplication::translate("QuillmarEdit", "Not valid: %1").arg(message)
+            + (m_rules.isEmpty() ? QString() : QLatin1Char(' ') + m_rules);
+    }
+    if (!m_tip.isEmpty())
+        description = m_tip + (description.isEmpty() ? QString() : QLatin1Char(' ') + description);
+    // The edit box announces a change of its description to assistive technology; an unchanged one is
+    // not announced again.
+    if (description != m_edit.accessibleDescription()) m_edit.setAccessibleDescription(description);
 }
 
 void FieldHints::Refresh() {
@@ -67,10 +119,9 @@ void FieldHints::Refresh() {
     const LocaleInfo locale = LocaleInfo::FromName(m_field.LocaleName().toStdString());
     m_edit.setPlaceholderText(
         ToQString(PlaceholderText(control.settings(), locale, QDate::currentDate().year())));
-    m_description = ToQString(DescribeRules(control.settings(), locale, control.MaxLength()));
-    m_edit.setAccessibleDescription(m_description);
-    m_field.setAccessibleDescription(m_description);
+    m_rules = ToQString(DescribeRules(control.settings(), locale, control.MaxLength()));
     if (m_inlineState) UpdateInlineState();
+    UpdateDescription();
 }
 
 void FieldHints::NameEditBox() {
@@ -87,6 +138,8 @@ void FieldHints::SetShowInlineState(bool on) {
     if (on) {
         m_stateIcon = m_edit.addAction(
             m_edit.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+        // The icon's button is named for assistive technology by the action's text.
+        m_stateIcon->setText(QCoreApplication::translate("QuillmarEdit", "Not valid"));
         m_stateFrame = new WarningFrame(&m_edit);
         m_stateFrame->setGeometry(m_edit.rect()); // and again on each resize of the edit box
         m_edit.installEventFilter(this);
@@ -95,19 +148,23 @@ void FieldHints::SetShowInlineState(bool on) {
         m_edit.removeEventFilter(this);
         delete m_stateIcon;
         delete m_stateFrame;
+        m_broken = false;
+        UpdateDescription();
     }
 }
 
 void FieldHints::UpdateInlineState() {
-    const bool broken = !m_edit.text().isEmpty() && m_field.CheckInput() != 0;
-    m_stateIcon->setToolTip(m_description);
-    m_stateIcon->setVisible(broken);
-    m_stateFrame->setVisible(broken);
+    m_broken = !m_edit.text().isEmpty() && m_field.CheckInput() != 0;
+    m_stateIcon->setToolTip(m_rules);
+    m_stateIcon->setVisible(m_broken);
+    m_stateFrame->setVisible(m_broken);
+    UpdateDescription();
 }
 
 bool FieldHints::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_edit && event->type() == QEvent::Resize && m_stateFrame)
         m_stateFrame->setGeometry(m_edit.rect());
+    if (watched != &m_edit && event->type() == QEvent::Hide && !m_tip.isEmpty()) SetTipInDescription({});
     return QObject::eventFilter(watched, event);
 }
 
@@ -117,6 +174,10 @@ void FieldHints::ShowRefusalTip() {
     if (text.isEmpty()) return;
     const QRect caret = m_edit.inputMethodQuery(Qt::ImCursorRectangle).toRect();
     QToolTip::showText(m_edit.mapToGlobal(caret.bottomLeft()), text, &m_edit, caret, kRefusalTipMilliseconds);
+    // A screen reader reads the tip first in the description for as long as the tip shows.
+    SetTipInDescription(text);
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->inherits("QTipLabel")) window->installEventFilter(this);
 }
 
 FieldHints::EditWatch::EditWatch(FieldHints& hints, const QKeyEvent& event)

@@ -16,7 +16,9 @@ class QuillmarEdit;
 /// What the field tells the user beside the control's own beep and message box: the grey example an empty
 /// edit box shows and the rules in words as its accessible description (both refreshed whenever a property or
 /// the locale changes), and, when the form asks for them, a tip at the caret saying why a key or a paste did
-/// nothing, and a frame and an icon while the text breaks a rule. The widget's tool tip stays the form's.
+/// nothing, and a frame and an icon while the text breaks a rule; the description then begins with the tip,
+/// or with "Not valid: " and the message. The widget's tool tip stays the form's. Assistive technology sees
+/// the field as an unnamed container that takes no focus around the edit box, so it stops once per field.
 class FieldHints final : public QObject {
     Q_OBJECT
 public:
@@ -66,10 +68,17 @@ protected:
 private:
     void UpdateInlineState();
     void ShowRefusalTip();
+    /// Puts `tip` (a refusal tip showing now; empty once it hides) first in the edit box's description.
+    void SetTipInDescription(const QString& tip);
+    /// The edit box's accessible description: the tip showing, "Not valid: " and the message while the
+    /// inline state shows a broken rule, then the rules in words.
+    void UpdateDescription();
 
     QuillmarEdit& m_field;
     QLineEdit& m_edit;
-    QString m_description;
+    QString m_rules; // the rules in words
+    QString m_tip;
+    bool m_broken = false; // the inline state shows a broken rule
     QString m_givenName; // the accessible name `NameEditBox` gave the edit box
     bool m_refusalTips = false;
     bool m_inlineState = false;

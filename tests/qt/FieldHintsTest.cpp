@@ -46,7 +46,6 @@ TEST_F(Form, EmptyFieldShowsItsRulesByExampleAndInWords) {
         field->SetLocaleName(QString::fromLatin1(row.locale));
         EXPECT_EQ(field->lineEdit()->placeholderText(), row.placeholder) << row.locale;
         EXPECT_EQ(field->lineEdit()->accessibleDescription(), row.description);
-        EXPECT_EQ(field->accessibleDescription(), row.description);
         EXPECT_EQ(field->toolTip(), QStringLiteral("Set by the form"));
         EXPECT_EQ(field->lineEdit()->toolTip(), QString());
     }
@@ -67,6 +66,14 @@ TEST_F(Form, TheEditBoxIsNamedAfterTheFieldsLabel) {
     own->lineEdit()->setAccessibleName(QStringLiteral("Its own"));
     ShowAndFocus(quantity);
     EXPECT_EQ(nameRead(quantity->lineEdit()), QStringLiteral("Quantity & price"));
+    // One stop per field: the field around the edit box takes no focus, has no name and says nothing.
+    QAccessibleInterface* around = QAccessible::queryAccessibleInterface(quantity);
+    EXPECT_FALSE(around->state().focusable);
+    EXPECT_TRUE(
+        around->text(QAccessible::Name).isEmpty() && around->text(QAccessible::Description).isEmpty());
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(quantity->lineEdit());
+    EXPECT_TRUE(box->state().focusable && box->state().focused);
+    EXPECT_EQ(box->role(), QAccessible::EditableText);
     EXPECT_EQ(nameRead(named->lineEdit()), QStringLiteral("Unit price"));
     EXPECT_EQ(nameRead(own->lineEdit()), QStringLiteral("Its own"));
 }
@@ -112,6 +119,7 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
         field->SetShowRefusalTips(row.tips);
         field->SetOLEDropMode(2);
         ShowAndFocus(field);
+        const QString rules = field->lineEdit()->accessibleDescription();
         beeps = 0;
         QTest::keyClicks(field->lineEdit(), row.typed);
         if (!row.pasted.isEmpty() && row.via == Via::Drop) {
@@ -131,6 +139,9 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
                 field->lineEdit(), row.last, row.last == Qt::Key_V ? Qt::ControlModifier : Qt::NoModifier);
         }
         EXPECT_EQ(QToolTip::isVisible() ? QToolTip::text() : QString(), row.tip) << row.typed.toStdString();
+        // A screen reader hears the tip first while it shows.
+        EXPECT_EQ(
+            field->lineEdit()->accessibleDescription(), row.tip.isEmpty() ? rules : row.tip + u' ' + rules);
         EXPECT_EQ(field->Text(), row.text);
         EXPECT_EQ(beeps, row.beeps);
         QToolTip::hideText();
@@ -140,8 +151,11 @@ TEST_F(Form, RefusedKeyOrPasteSaysWhyWhenAsked) {
 }
 
 // With the option on, a text that breaks a rule shows a frame and an icon whose tool tip is the rules in
-// words; a text that keeps them, an empty one or the option off show neither.
+// words, and the edit box's description says so first; a text that keeps them, an
+// empty one or the option off show neither.
 TEST_F(Form, InlineStateShowsWhileTheTextBreaksARule) {
+    const QString rules = QStringLiteral("An integer <= 100");
+    const QString broken = QStringLiteral("Not valid: An integer <= 100 is required. ") + rules;
     struct Row {
         bool on;
         QString typed;
@@ -158,8 +172,14 @@ TEST_F(Form, InlineStateShowsWhileTheTextBreaksARule) {
         const FieldHints& hints = quantity->hints();
         EXPECT_EQ(hints.StateIcon() && hints.StateIcon()->isVisible(), row.shown) << row.typed.toStdString();
         EXPECT_EQ(hints.StateFrame() && hints.StateFrame()->isVisible(), row.shown);
+        EXPECT_EQ(quantity->lineEdit()->accessibleDescription(), row.shown ? broken : rules);
         if (row.on) {
-            EXPECT_EQ(hints.StateIcon()->toolTip(), QStringLiteral("An integer <= 100"));
+            EXPECT_EQ(hints.StateIcon()->toolTip(), rules);
+            EXPECT_EQ(hints.StateIcon()->text(), QStringLiteral("Not valid"));
+        }
+        if (row.shown) { // valid again: the description goes back
+            QTest::keyClick(quantity->lineEdit(), Qt::Key_Backspace);
+            EXPECT_EQ(quantity->lineEdit()->accessibleDescription(), rules);
         }
         EXPECT_TRUE(shown.empty());
         EXPECT_EQ(quantity->toolTip(), QString());
