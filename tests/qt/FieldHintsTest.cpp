@@ -74,6 +74,9 @@ TEST_F(Form, TheEditBoxIsNamedAfterTheFieldsLabel) {
     QAccessibleInterface* box = QAccessible::queryAccessibleInterface(quantity->lineEdit());
     EXPECT_TRUE(box->state().focusable && box->state().focused);
     EXPECT_EQ(box->role(), QAccessible::EditableText);
+    quantity->SetMaxValue(100); // an empty field reads empty, never its grey example
+    EXPECT_FALSE(quantity->lineEdit()->placeholderText().isEmpty());
+    EXPECT_EQ(box->text(QAccessible::Value), QString());
     EXPECT_EQ(nameRead(named->lineEdit()), QStringLiteral("Unit price"));
     EXPECT_EQ(nameRead(own->lineEdit()), QStringLiteral("Its own"));
 }
