@@ -18,6 +18,7 @@ SQLITE_EXTENSION_INIT3
 #include <map>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -31,21 +32,24 @@ struct ReadForm {
     std::vector<CheckedField> fields;
 };
 
-// The forms one connection has read, by path and locale name (empty: the process's locale). Calls on one
-// connection never run at the same time, so it needs no lock.
+// A locale as named in SQL; none for the process's locale.
+using LocaleName = std::optional<std::string>;
+
+// The forms one connection has read, by path and locale name. Calls on one connection never run at the same
+// time, so it needs no lock.
 class FormCache {
 public:
     // The form at `path` under `localeName`, read again when its size or time has changed; or nullptr with
     // the reason in `error`.
     std::shared_ptr<const ReadForm> Find(
-        const std::string& path, const std::string& localeName, std::string& error);
+        const std::string& path, const LocaleName& localeName, std::string& error);
 
 private:
-    std::map<std::pair<std::string, std::string>, std::shared_ptr<const ReadForm>> m_forms;
+    std::map<std::pair<std::string, LocaleName>, std::shared_ptr<const ReadForm>> m_forms;
 };
 
 std::shared_ptr<const ReadForm> FormCache::Find(
-    const std::string& path, const std::string& localeName, std::string& error) {
+    const std::string& path, const LocaleName& localeName, std::string& error) {
     std::error_code failed;
     const std::uintmax_t size = std::filesystem::file_size(path, failed);
     const auto modified
@@ -54,8 +58,8 @@ std::shared_ptr<const ReadForm> FormCache::Find(
     if (!failed && cached && cached->size == size && cached->modified == modified) return cached;
 
     std::optional<std::string> unknown;
-    if (!localeName.empty()) {
-        unknown = UnknownLocale(localeName);
+    if (localeName) {
+        unknown = UnknownLocale(*localeName);
     } else if (const auto environment = EnvironmentLocale()) {
         if ((unknown = UnknownLocale(environment->second))) *unknown += " (from " + environment->first + ")";
     }
@@ -63,8 +67,7 @@ std::shared_ptr<const ReadForm> FormCache::Find(
         error = *unknown;
         return nullptr;
     }
-    const LocaleInfo locale
-        = localeName.empty() ? LocaleInfo::FromEnvironment() : LocaleInfo::FromName(localeName);
+    const LocaleInfo locale = localeName ? LocaleInfo::FromName(*localeName) : LocaleInfo::FromEnvironment();
     FormFields form = LoadFormFields(path, locale);
     if (!form.error.empty()) {
         cached.reset(); // a form that is mended is read again
@@ -85,7 +88,7 @@ struct Function {
 // The form a statement read for a constant form argument, kept with that argument for the statement's next
 // rows, so that a query over a table looks at the file once.
 struct StatementForm {
-    std::string localeName;
+    LocaleName localeName;
     std::shared_ptr<const ReadForm> form;
 };
 
@@ -119,9 +122,9 @@ void Answer(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (sqlite3_value_type(arguments[1]) == SQLITE_NULL)
         return Fail(context, function, "the field name is NULL");
     const std::string path(Text(arguments[0]));
-    const std::string localeName = count > 3 && sqlite3_value_type(arguments[3]) != SQLITE_NULL
-        ? std::string(Text(arguments[3]))
-        : std::string();
+    const LocaleName localeName = count > 3 && sqlite3_value_type(arguments[3]) != SQLITE_NULL
+        ? LocaleName(Text(arguments[3]))
+        : std::nullopt;
 
     std::shared_ptr<const ReadForm> form;
     const auto* kept = static_cast<const StatementForm*>(sqlite3_get_auxdata(context, 0));

@@ -12,7 +12,7 @@ namespace quillmar {
 ///
 /// A stored value is read as the text a person would have typed in the locale (an INTEGER as its digits,
 /// a REAL with the locale's decimal separator, "YYYY-MM-DD" and "HH:MM:SS" texts in date and time fields in
-/// the locale's form, NULL as the empty text). `locale` names the locale ("de_DE"); without it, the
+/// the locale's form, NULL as the empty text). `locale` names the locale ("de_DE"); without it or NULL, the
 /// process's locale (LC_ALL, LC_NUMERIC, LANG; en_US for none).
 ///
 /// Each form file is read once per connection and locale, and read again when its size or modification

@@ -125,6 +125,7 @@ TEST_F(RuleFunctions, FaultsAreSqlErrorsNamingWhatIsWrong) {
         { "SELECT quillmar_broken('/nonexistent/orders.qform.json', 'Quantity', 1)",
             "quillmar_broken: /nonexistent/orders.qform.json" },
         { "SELECT quillmar_check(?1, 'Quantity', 1, 'xx_YY')", "unknown locale \"xx_YY\"" },
+        { "SELECT quillmar_check(?1, 'Quantity', 1, '')", "unknown locale \"\"" },
         { "SELECT quillmar_check(NULL, 'Quantity', 1)", "the form file is NULL" },
         // A file named in SQL is never read on behalf of a schema someone else wrote.
         { "SELECT * FROM Checked", "unsafe use of quillmar_broken()" },
