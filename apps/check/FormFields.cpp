@@ -1,46 +1,6 @@
 #include "apps/check/FormFields.h"
 
-#include "base/Utf8.h"
-#include "formfile/FormFile.h"
-#include "host/standalone/StandaloneHost.h"
-
-#include <deque>
-
 namespace quillmar::check {
-
-FormFields LoadFormFields(const std::filesystem::path& form, const LocaleInfo& locale) {
-    FormFields result;
-    const FormResult loaded = LoadFormFile(form, locale);
-    if (!loaded.document) {
-        result.error = loaded.error;
-        return result;
-    }
-    // Properties are read under the locale of the check, as a form host running in it would read them.
-    struct Field {
-        explicit Field(const LocaleInfo& locale) { host.locale.Set(locale); }
-        standalone::StandaloneHost host;
-        Quillmar control { host.Services() };
-    };
-    std::deque<Field> controls;
-    const auto error = BuildFormControls(*loaded.document, form.string(),
-        [&](const FormControl&) -> Quillmar& { return controls.emplace_back(locale).control; });
-    if (error) {
-        result.error = *error;
-        return result;
-    }
-    for (size_t i = 0; i < controls.size(); ++i) {
-        const Quillmar& control = controls[i].control;
-        result.fields.push_back({ quillmar::ToUtf8(loaded.document->controls[i].name),
-            PreparedRules(control.settings(), locale, control.MaxLength()) });
-    }
-    return result;
-}
-
-int FindField(const std::vector<CheckedField>& fields, std::string_view name) noexcept {
-    for (size_t i = 0; i < fields.size(); ++i)
-        if (fields[i].name == name) return static_cast<int>(i);
-    return -1;
-}
 
 bool IsRecordColumn(std::string_view column) noexcept {
     return column == "SubmittedAt";

@@ -1,8 +1,8 @@
 #include "apps/check/Report.h"
 
 #include "base/Utf8.h"
+#include "formfile/FieldRules.h"
 #include "validation/ConstraintNames.h"
-#include "validation/Messages.h"
 
 #include <charconv>
 #include <cstdio>
@@ -37,15 +37,6 @@ void AppendQuotedValue(std::u16string_view value, std::string& out) {
         }
     }
     out += cut ? "...\"" : "\"";
-}
-
-// What the field's final validation shows for the value: the author's own message as it stands (an empty one
-// shows an empty box) or the message its mode composes. The check takes no corrective action, so no action
-// line follows.
-std::u16string FieldMessage(std::u16string_view value, int32_t bits, const PreparedRules& rules) {
-    const Settings& settings = rules.settings();
-    if (settings.ErrorMessageMode == vldCustom) return settings.ErrorMessage;
-    return ComposeErrorMessage(value, bits, 0, settings, rules.locale(), rules.maxLength());
 }
 
 // A count with its noun, singular for one: "1 row", "2 rows".
@@ -98,7 +89,7 @@ void AppendRow(ReportFormat format, uint64_t row, std::string& out) {
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
     const PreparedRules& rules, std::string& out) {
     std::string message;
-    AppendUtf8(FieldMessage(value, bits, rules), message);
+    AppendUtf8(ShownMessage(value, bits, rules), message);
     if (format == ReportFormat::Text) {
         out += ", ";
         out += column;

@@ -2,8 +2,8 @@
 // the rules of the form's fields of the same name, and reports each broken value.
 #include "apps/check/CsvSource.h"
 #include "apps/check/FormFields.h"
-#include "apps/check/LocaleName.h"
 #include "apps/check/TableSource.h"
+#include "base/LocaleName.h"
 
 #include <charconv>
 #include <cstdio>

@@ -1,11 +1,13 @@
 #include "apps/forms/RecordStore.h"
 
 #include "qt/QtConversions.h"
+#include "sqlite/RuleFunctions.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
@@ -13,6 +15,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cassert>
+#include <sqlite3.h>
 #include <utility>
 
 namespace quillmar::forms {
@@ -78,6 +81,15 @@ QVariant Bound(const StoredValue& value) {
 
 } // namespace
 
+bool AddRuleFunctions(const QSqlDatabase& db) {
+    // Qt's SQLite driver hands out its connection as "sqlite3*", of the same SQLite library this program
+    // uses.
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    if (!db.isOpen() || qstrcmp(handle.typeName(), "sqlite3*") != 0) return false;
+    sqlite3* connection = *static_cast<sqlite3* const*>(handle.constData());
+    return connection && quillmar::AddRuleFunctions(connection) == SQLITE_OK;
+}
+
 RecordStore::RecordStore(QString databasePath, QString table, std::vector<Column> columns)
     : m_path(std::move(databasePath))
     , m_table(std::move(table))
@@ -129,6 +141,8 @@ StoreResult RecordStore::Transact(
         db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
         result = [&]() -> StoreResult {
             if (!db.open()) return { false, 0, Reason(db.lastError()) };
+            // The form's rules are at hand on the program's own connection, as where the extension is loaded.
+            (void)AddRuleFunctions(db);
             QSqlQuery query(db);
             // The write lock is taken first, so that checking the table, inserting and counting see one
             // state.

@@ -4,10 +4,18 @@
 
 #include <QString>
 
+class QSqlDatabase;
+
 #include <optional>
 #include <vector>
 
 namespace quillmar::forms {
+
+/// Adds the form's rules to an open connection of Qt's SQLite driver as the SQL functions
+/// `quillmar_check(form, field, value [, locale])` and `quillmar_broken(...)` (see sqlite/RuleFunctions.h),
+/// so that a query on it can find the records a form would refuse. Returns false for a connection that is not
+/// open or not SQLite's.
+bool AddRuleFunctions(const QSqlDatabase& db);
 
 /// A column of a form's table: the field's name and its storage class.
 struct Column {
@@ -26,7 +34,7 @@ struct StoreResult {
 /// The records of one form in an SQLite database (through Qt SQL's SQLite driver): one table named after the
 /// form, one column per field in tab order, then "SubmittedAt", the time of submission. The table is created
 /// on the first record; the file is opened for each record and closed after it, so that other programs may
-/// read and copy it between submissions.
+/// read and copy it between submissions. Its connection has the rule functions (`AddRuleFunctions`).
 class RecordStore {
 public:
     /// The name of the column that holds the time of submission.

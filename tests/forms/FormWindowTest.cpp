@@ -1,5 +1,6 @@
 #include "apps/forms/FormWindow.h"
 #include "apps/forms/FormFont.h"
+#include "apps/forms/RecordStore.h"
 #include "qt/QuillmarForm.h"
 #include "support/QtApplication.h"
 
@@ -118,14 +119,14 @@ protected:
             texts << field->Text();
         return texts;
     }
-    // The first row a query of the database gives, through a connection of its own.
+    // The first row a query of the database gives, through a connection of its own with the rule functions.
     QVariantList Row(const QString& sql) {
         QVariantList row;
         {
             QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("reader"));
             db.setDatabaseName(database);
             QSqlQuery query(db);
-            if (db.open() && query.exec(sql) && query.next())
+            if (db.open() && AddRuleFunctions(db) && query.exec(sql) && query.next())
                 for (int i = 0; i < query.record().count(); ++i)
                     row << query.value(i);
         }
@@ -254,6 +255,14 @@ TEST_F(RunMode, AStoredRecordKeepsEachValueTypedAndClearsTheForm) {
                     .match(row[14].toString())
                     .hasMatch())
         << row[14].toString().toStdString();
+    // What the form stored, read back as SQL reads it, breaks none of the form's rules.
+    QStringList broken;
+    for (const auto& field : kOrder)
+        broken << QStringLiteral("quillmar_broken('%1', '%2', %2, 'en_US')")
+                      .arg(kExample, QString::fromLatin1(field.first));
+    EXPECT_EQ(
+        Row(QStringLiteral("SELECT ") + broken.join(QStringLiteral(" | ")) + QStringLiteral(" FROM Orders")),
+        QVariantList { 0 });
 
     QStringList fresh(int(std::size(kOrder)));
     fresh[5] = QStringLiteral("1");

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace quillmar::check {
+namespace quillmar {
 
 /// Why a locale name cannot be checked in, or nullopt when it can. A name is known when ICU knows its
 /// language and, when it names one, its country ("de_DE", "de", "fr_CA"), with or without an encoding or a
@@ -17,4 +17,4 @@ namespace quillmar::check {
 /// empty, as the variable's name and its value; nullopt when none is (the C locale).
 [[nodiscard]] std::optional<std::pair<std::string, std::string>> EnvironmentLocale();
 
-} // namespace quillmar::check
+} // namespace quillmar

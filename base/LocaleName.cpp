@@ -1,4 +1,4 @@
-#include "apps/check/LocaleName.h"
+#include "base/LocaleName.h"
 
 #include <unicode/locid.h>
 #include <unicode/uloc.h>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace quillmar::check {
+namespace quillmar {
 namespace {
 
 bool Listed(const char* const* codes, const char* code) {
@@ -36,4 +36,4 @@ std::optional<std::pair<std::string, std::string>> EnvironmentLocale() {
     return std::nullopt;
 }
 
-} // namespace quillmar::check
+} // namespace quillmar
