@@ -145,8 +145,10 @@ std::u16string Quillmar::CurrentErrorMessage() const {
 void Quillmar::ShowErrorBox(std::u16string_view savedText, int32_t bits, int32_t actionCode) {
     const std::u16string message = m_settings.ErrorMessageMode == vldCustom
         ? m_settings.ErrorMessage
-        : ComposeErrorMessage(savedText, bits, actionCode, m_settings, Locale(), m_host.editBox.MaxLength());
-    m_host.alerts.MessageBox(message, m_settings.MessageBoxTitle, IconFlag(m_settings.MessageBoxIcon));
+        : ComposeErrorMessage(
+            savedText, bits, actionCode, m_settings, Locale(), m_host.editBox.MaxLength(), m_host.catalogue);
+    m_host.alerts.MessageBox(
+        message, ShownMessageBoxTitle(m_settings, m_host.catalogue), IconFlag(m_settings.MessageBoxIcon));
 }
 
 } // namespace quillmar

@@ -2,6 +2,7 @@
 
 #include "base/LocaleInfo.h"
 #include "base/Variant.h"
+#include "validation/MessageCatalogue.h"
 
 #include <cstdint>
 #include <memory>
@@ -228,6 +229,9 @@ struct HostServices {
     Alerts& alerts;
     LocaleSource& locale;
     AboutBox& aboutBox;
+    /// Where the texts the control composes (messages, action lines, the default title) find their words in
+    /// the user's language.
+    const MessageCatalogue& catalogue;
 };
 
 } // namespace quillmar

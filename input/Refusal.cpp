@@ -18,59 +18,64 @@ std::u16string NumberExample(const Settings& settings, const LocaleInfo& locale)
     return example;
 }
 
-std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale) {
+std::u16string RefusalText(
+    Refusal refusal, const Settings& settings, const LocaleInfo& locale, const MessageCatalogue& catalogue) {
+    const auto text = [&catalogue](MessageId id, std::initializer_list<std::u16string_view> args = {}) {
+        return ComposeMessage(catalogue, id, args);
+    };
     switch (refusal) {
     case Refusal::None:
         return {};
     case Refusal::TimeCharacter:
-        return u"Only digits, \":\" and AM or PM can be typed here";
+        return text(MessageId::TipTimeCharacter);
     case Refusal::TimeShape:
-        return u"That would not make a time";
+        return text(MessageId::TipTimeShape);
     case Refusal::DateCharacter:
-        return u"Only digits and / - . can be typed here";
+        return text(MessageId::TipDateCharacter);
     case Refusal::DateShape:
-        return u"That would not make a date";
+        return text(MessageId::TipDateShape);
     case Refusal::NumberCharacter:
-        return u"Only digits can be typed here";
+        return text(MessageId::TipNumberCharacter);
     case Refusal::SecondDecimalSeparator:
-        return u"The number already has a decimal separator";
+        return text(MessageId::TipSecondDecimalSeparator);
     case Refusal::GroupSeparatorPlace:
-        return u"A digit group separator cannot go there";
+        return text(MessageId::TipGroupSeparatorPlace);
     case Refusal::WholeNumber:
-        return u"Only whole numbers can be typed here";
+        return text(MessageId::TipWholeNumber);
     case Refusal::PositiveNumber:
-        return u"The number must be positive";
+        return text(MessageId::TipPositiveNumber);
     case Refusal::SecondMinus:
-        return u"The number already has a minus sign";
+        return text(MessageId::TipSecondMinus);
     case Refusal::ExponentSign:
-        return u"A plus sign can only follow the E";
+        return text(MessageId::TipExponentSign);
     case Refusal::NumberShape:
-        return u"That would not make a number";
+        return text(MessageId::TipNumberShape);
     case Refusal::TooManyDecimals: {
         const int decimals = settings.MaxNumberOfDecimals;
-        return u"At most " + FormatInteger(decimals) + (decimals == 1 ? u" decimal" : u" decimals");
+        return text(decimals == 1 ? MessageId::TipAtMostDecimal : MessageId::TipAtMostDecimals,
+            { FormatInteger(decimals) });
     }
     case Refusal::ExcludedCharacter:
-        return u"This character is not allowed here";
+        return text(MessageId::TipExcludedCharacter);
     case Refusal::CharacterSet: {
         const std::u16string valid
-            = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters);
-        return valid.empty() ? u"Only the field's own characters can be typed here"
-                             : u"Only " + valid + u" can be typed here";
+            = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters, catalogue);
+        return valid.empty() ? text(MessageId::TipFieldCharacters)
+                             : text(MessageId::TipOnlyCharacters, { valid });
     }
     case Refusal::NoDigits:
-        return u"Digits are not allowed here";
+        return text(MessageId::TipNoDigits);
     case Refusal::OnlyLetters:
     case Refusal::OnlyLettersWithSpace: {
         // The characters the author added to the rule can be typed too, so the tip names them.
-        const std::u16string added = CharacterList(settings.ExtraIncludedCharacters);
+        const std::u16string added = CharacterList(settings.ExtraIncludedCharacters, catalogue);
         const bool spaces = refusal == Refusal::OnlyLettersWithSpace;
         if (added.empty())
-            return spaces ? u"Only letters and spaces can be typed here" : u"Only letters can be typed here";
-        return (spaces ? u"Only letters, spaces and " : u"Only letters and ") + added + u" can be typed here";
+            return text(spaces ? MessageId::TipOnlyLettersAndSpaces : MessageId::TipOnlyLetters);
+        return text(spaces ? MessageId::TipOnlyLettersSpacesAnd : MessageId::TipOnlyLettersAnd, { added });
     }
     case Refusal::PastedNumber:
-        return u"Numbers here are written like " + NumberExample(settings, locale);
+        return text(MessageId::TipPastedNumber, { NumberExample(settings, locale) });
     }
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "base/LocaleInfo.h"
 #include "base/Settings.h"
+#include "validation/MessageCatalogue.h"
 
 #include <string>
 
@@ -53,8 +54,10 @@ enum class Refusal {
 /// The refusal in short words for a tip beside the field ("Only digits can be typed here", "At most 2
 /// decimals"); the empty text for `None`. `settings` gives the numbers some words name; a refused paste
 /// shows how numbers are written in the field, by an example in the locale's own form that follows the
-/// field's type, sign and grouping ("Numbers here are written like 1,234.50", "... like 1234").
-[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale);
+/// field's type, sign and grouping ("Numbers here are written like 1,234.50", "... like 1234"). The words
+/// come from `catalogue`.
+[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale,
+    const MessageCatalogue& catalogue = EnglishMessages());
 
 /// An example number of the field as the user would write it: 123 for a byte, 1234 for the other whole
 /// numbers, 1234.50 otherwise (fewer decimals when `MaxNumberOfDecimals` allows only one), with the locale's

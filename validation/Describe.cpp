@@ -8,6 +8,7 @@
 #include <unicode/gregocal.h>
 #include <unicode/locid.h>
 #include <unicode/timezone.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <unicode/utf16.h>
 
@@ -22,38 +23,47 @@ bool IsIntegralType(int32_t type) {
     return type == vldByte || type == vldInteger || type == vldLong;
 }
 
-std::u16string NumberPhrase(const Settings& settings, const LocaleInfo& locale) {
+std::u16string NumberPhrase(
+    const Settings& settings, const LocaleInfo& locale, const MessageCatalogue& catalogue) {
     const bool minNumeric = NumberOf(settings.MinValue, locale).has_value();
     const bool maxNumeric = NumberOf(settings.MaxValue, locale).has_value();
-    std::u16string sign;
-    if (!minNumeric && settings.MustBePositive) sign = u"A positive";
-    if (!maxNumeric && settings.MustBeNegative) sign = u"A negative";
-    std::u16string phrase;
-    if (IsIntegralType(settings.MustBeType))
-        phrase = sign.empty() ? u"An integer" : sign + u" integer";
-    else
-        phrase = sign.empty() ? u"A number" : sign + u" number";
+    // -1 negative, 0 no sign worded, 1 positive.
+    int sign = 0;
+    if (!minNumeric && settings.MustBePositive) sign = 1;
+    if (!maxNumeric && settings.MustBeNegative) sign = -1;
+    static constexpr MessageId kIntegers[]
+        = { MessageId::ANegativeInteger, MessageId::AnInteger, MessageId::APositiveInteger };
+    static constexpr MessageId kNumbers[]
+        = { MessageId::ANegativeNumber, MessageId::ANumber, MessageId::APositiveNumber };
+    const std::u16string noun
+        = ComposeMessage(catalogue, (IsIntegralType(settings.MustBeType) ? kIntegers : kNumbers)[sign + 1]);
     if (minNumeric && maxNumeric)
-        phrase += u" between " + TextOf(settings.MinValue, locale) + u" and "
-            + TextOf(settings.MaxValue, locale);
-    else if (minNumeric)
-        phrase += u" >= " + TextOf(settings.MinValue, locale);
-    else if (maxNumeric)
-        phrase += u" <= " + TextOf(settings.MaxValue, locale);
-    return phrase;
+        return ComposeMessage(catalogue, MessageId::NumberBetween,
+            { noun, TextOf(settings.MinValue, locale), TextOf(settings.MaxValue, locale) });
+    if (minNumeric)
+        return ComposeMessage(
+            catalogue, MessageId::NumberAtLeast, { noun, TextOf(settings.MinValue, locale) });
+    if (maxNumeric)
+        return ComposeMessage(
+            catalogue, MessageId::NumberAtMost, { noun, TextOf(settings.MaxValue, locale) });
+    return noun;
 }
 
-std::u16string DateTimePhrase(const Settings& settings, const LocaleInfo& locale) {
+std::u16string DateTimePhrase(
+    const Settings& settings, const LocaleInfo& locale, const MessageCatalogue& catalogue) {
     const bool isDate = settings.MustBeType == vldDate;
     const int wantedClass = isDate ? DateClass : TimeClass;
-    const std::u16string noun = isDate ? u"A date " : u"A time ";
     const bool minFits = ClassifyDateTime(settings.MinValue, locale) == wantedClass;
     const bool maxFits = ClassifyDateTime(settings.MaxValue, locale) == wantedClass;
     if (minFits && maxFits)
-        return noun + u"between " + TextOf(settings.MinValue, locale) + u" and "
-            + TextOf(settings.MaxValue, locale);
-    if (minFits) return noun + u"after " + TextOf(settings.MinValue, locale);
-    if (maxFits) return noun + u"before " + TextOf(settings.MaxValue, locale);
+        return ComposeMessage(catalogue, isDate ? MessageId::DateBetween : MessageId::TimeBetween,
+            { TextOf(settings.MinValue, locale), TextOf(settings.MaxValue, locale) });
+    if (minFits)
+        return ComposeMessage(catalogue, isDate ? MessageId::DateAfter : MessageId::TimeAfter,
+            { TextOf(settings.MinValue, locale) });
+    if (maxFits)
+        return ComposeMessage(catalogue, isDate ? MessageId::DateBefore : MessageId::TimeBefore,
+            { TextOf(settings.MaxValue, locale) });
     return {};
 }
 
@@ -116,7 +126,7 @@ std::u16string TimePlaceholder(const LocaleInfo& locale) {
 
 } // namespace
 
-std::u16string CharacterList(std::u16string_view set) {
+std::u16string CharacterList(std::u16string_view set, const MessageCatalogue& catalogue) {
     constexpr size_t kMostListed = 24;
     std::vector<char32_t> listed;
     for (size_t i = 0; i < set.size();) {
@@ -134,9 +144,10 @@ std::u16string CharacterList(std::u16string_view set) {
         return 0;
     };
     std::u16string words;
-    const auto append = [&words](char32_t c) {
+    const std::u16string space = ComposeMessage(catalogue, MessageId::SpaceName);
+    const auto append = [&words, &space](char32_t c) {
         if (c == u' ') {
-            words += u"space";
+            words += space;
         } else if (c > 0xFFFF) {
             words += U16_LEAD(c);
             words += U16_TRAIL(c);
@@ -162,9 +173,10 @@ std::u16string CharacterList(std::u16string_view set) {
     return words;
 }
 
-std::u16string RequirementPhrase(const Settings& settings, const LocaleInfo& locale) {
-    if (IsNumericType(settings.MustBeType)) return NumberPhrase(settings, locale);
-    if (IsDateTimeType(settings.MustBeType)) return DateTimePhrase(settings, locale);
+std::u16string RequirementPhrase(
+    const Settings& settings, const LocaleInfo& locale, const MessageCatalogue& catalogue) {
+    if (IsNumericType(settings.MustBeType)) return NumberPhrase(settings, locale, catalogue);
+    if (IsDateTimeType(settings.MustBeType)) return DateTimePhrase(settings, locale, catalogue);
     return {};
 }
 
@@ -196,54 +208,71 @@ std::u16string MaskExample(std::u16string_view mask) {
     return MatchPattern(example, mask) ? example : std::u16string();
 }
 
-std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength) {
+std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength,
+    const MessageCatalogue& catalogue) {
     const int32_t type = settings.MustBeType;
     if (IsNumericType(type)) {
-        std::u16string phrase = NumberPhrase(settings, locale);
+        std::u16string phrase = NumberPhrase(settings, locale, catalogue);
         if (!IsIntegralType(type) && settings.MaxNumberOfDecimals >= 1)
-            phrase += u", at most " + FormatInteger(settings.MaxNumberOfDecimals)
-                + (settings.MaxNumberOfDecimals == 1 ? u" decimal" : u" decimals");
+            phrase = ComposeMessage(catalogue,
+                settings.MaxNumberOfDecimals == 1 ? MessageId::AtMostDecimal : MessageId::AtMostDecimals,
+                { phrase, FormatInteger(settings.MaxNumberOfDecimals) });
         return phrase;
     }
     if (IsDateTimeType(type)) {
-        const std::u16string phrase = DateTimePhrase(settings, locale);
+        const std::u16string phrase = DateTimePhrase(settings, locale, catalogue);
         if (!phrase.empty()) return phrase;
-        return type == vldDate ? u"A date" : u"A time";
+        return ComposeMessage(catalogue, type == vldDate ? MessageId::ADate : MessageId::ATime);
     }
     std::vector<std::u16string> parts;
+    const auto part = [&](MessageId id, std::initializer_list<std::u16string_view> args = {}) {
+        parts.push_back(ComposeMessage(catalogue, id, args));
+    };
     // The characters the author added are exempt from the letter rules and from the valid set: the words
     // name them with the rule, as the refusal tips do.
-    const std::u16string added = CharacterList(settings.ExtraIncludedCharacters);
-    const std::u16string andAdded = added.empty() ? std::u16string() : u" and " + added;
-    if (settings.OnlyLetters) parts.push_back(u"letters" + andAdded + u" only");
-    if (settings.OnlyLettersWithSpace)
-        parts.push_back((added.empty() ? u"letters and spaces" : u"letters, spaces and " + added) + u" only");
+    const std::u16string added = CharacterList(settings.ExtraIncludedCharacters, catalogue);
+    if (settings.OnlyLetters) {
+        if (added.empty())
+            part(MessageId::LettersOnly);
+        else
+            part(MessageId::LettersAndOnly, { added });
+    }
+    if (settings.OnlyLettersWithSpace) {
+        if (added.empty())
+            part(MessageId::LettersAndSpacesOnly);
+        else
+            part(MessageId::LettersSpacesAndOnly, { added });
+    }
     if (const std::u16string valid
-        = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters);
+        = CharacterList(settings.ValidCharactersSet + settings.ExtraIncludedCharacters, catalogue);
         !settings.ValidCharactersSet.empty() && !valid.empty())
-        parts.push_back(u"only " + valid);
-    if (settings.NoDigits) parts.emplace_back(u"no digits");
+        part(MessageId::OnlyCharacters, { valid });
+    if (settings.NoDigits) part(MessageId::NoDigits);
     // Lower case wins over upper case, as the typed keys are forced.
     if (settings.MustBeLowerCase)
-        parts.emplace_back(u"lower case");
+        part(MessageId::LowerCase);
     else if (settings.MustBeUpperCase)
-        parts.emplace_back(u"upper case");
-    if (settings.MustBeProperCase) parts.emplace_back(u"Proper Case");
+        part(MessageId::UpperCase);
+    if (settings.MustBeProperCase) part(MessageId::ProperCase);
     if (maxLength > 0)
-        parts.push_back(
-            u"at most " + FormatInteger(maxLength) + (maxLength == 1 ? u" character" : u" characters"));
+        part(maxLength == 1 ? MessageId::AtMostCharacter : MessageId::AtMostCharacters,
+            { FormatInteger(maxLength) });
     if (const std::u16string example = MaskExample(settings.CustomMask); !example.empty())
-        parts.push_back(u"like " + example);
+        part(MessageId::LikeExample, { example });
+    const std::u16string separator = ComposeMessage(catalogue, MessageId::RuleSeparator);
     std::u16string description;
-    for (const std::u16string& part : parts) {
-        if (!description.empty()) description += u", ";
-        description += part;
+    for (const std::u16string& each : parts) {
+        if (!description.empty()) description += separator;
+        description += each;
     }
-    if (!description.empty() && description[0] >= u'a' && description[0] <= u'z') description[0] -= 32;
+    // The first rule begins with a capital, in any language's lower-case letters of the BMP.
+    if (!description.empty() && !U16_IS_SURROGATE(description[0]))
+        description[0] = static_cast<char16_t>(u_toupper(description[0]));
     return description;
 }
 
-std::u16string PlaceholderText(const Settings& settings, const LocaleInfo& locale, int32_t year) {
+std::u16string PlaceholderText(
+    const Settings& settings, const LocaleInfo& locale, int32_t year, const MessageCatalogue& catalogue) {
     const int32_t type = settings.MustBeType;
     if (type == vldDate) return DatePlaceholder(locale, year);
     if (type == vldTime) return TimePlaceholder(locale);
@@ -251,9 +280,14 @@ std::u16string PlaceholderText(const Settings& settings, const LocaleInfo& local
         const bool minNumeric = NumberOf(settings.MinValue, locale).has_value();
         const bool maxNumeric = NumberOf(settings.MaxValue, locale).has_value();
         if (minNumeric && maxNumeric)
-            return TextOf(settings.MinValue, locale) + u" \u2013 " + TextOf(settings.MaxValue, locale);
-        if (minNumeric) return u"\u2265 " + TextOf(settings.MinValue, locale);
-        if (maxNumeric) return u"\u2264 " + TextOf(settings.MaxValue, locale);
+            return ComposeMessage(catalogue, MessageId::RangePlaceholder,
+                { TextOf(settings.MinValue, locale), TextOf(settings.MaxValue, locale) });
+        if (minNumeric)
+            return ComposeMessage(
+                catalogue, MessageId::AtLeastPlaceholder, { TextOf(settings.MinValue, locale) });
+        if (maxNumeric)
+            return ComposeMessage(
+                catalogue, MessageId::AtMostPlaceholder, { TextOf(settings.MaxValue, locale) });
         return {};
     }
     return MaskExample(settings.CustomMask);

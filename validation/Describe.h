@@ -2,6 +2,7 @@
 
 #include "base/LocaleInfo.h"
 #include "base/Settings.h"
+#include "validation/MessageCatalogue.h"
 
 #include <cstdint>
 #include <string>
@@ -13,7 +14,9 @@ namespace quillmar {
 /// " is required.": "A positive integer <= 100", "A number between 0.5 and 9", "A date after 1/1/2000". The
 /// sign is worded only when the matching bound does not already imply it; bounds are shown as stored. A date
 /// or time field without a bound of its class gives the empty text, and so does a text field.
-[[nodiscard]] std::u16string RequirementPhrase(const Settings& settings, const LocaleInfo& locale);
+/// The words come from `catalogue`, as in every function below that takes one.
+[[nodiscard]] std::u16string RequirementPhrase(const Settings& settings, const LocaleInfo& locale,
+    const MessageCatalogue& catalogue = EnglishMessages());
 
 /// A text that fits the mask, to show it by example: "#" is the next of the digits 1 2 ... 9 0, "?" the next
 /// letter A B ..., a list the next such letter or digit it holds (else another character it holds), "*"
@@ -26,7 +29,8 @@ namespace quillmar {
 /// written "space": "0123456789 +-()" gives "0–9 space + - ( )". The empty text for an empty set and for
 /// one holding a control character or more than 24 different characters, which reads better as a rule's
 /// name than as a list.
-[[nodiscard]] std::u16string CharacterList(std::u16string_view set);
+[[nodiscard]] std::u16string CharacterList(
+    std::u16string_view set, const MessageCatalogue& catalogue = EnglishMessages());
 
 /// The field's rules in words, as a tip shown before the first key: for numbers and dates the advanced
 /// message's wording without " is required." ("An integer between 1 and 100", "A date", "A time before
@@ -34,13 +38,13 @@ namespace quillmar {
 /// declared rules joined by ", " and begun with a capital ("Letters only, upper case, at most 8 characters,
 /// like AB-1234"), naming the characters the author added to a letter rule or allowed alone; the empty text
 /// for a text field without rules. `maxLength` is the edit box's limit (0 for none).
-[[nodiscard]] std::u16string DescribeRules(
-    const Settings& settings, const LocaleInfo& locale, int32_t maxLength);
+[[nodiscard]] std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale,
+    int32_t maxLength, const MessageCatalogue& catalogue = EnglishMessages());
 
 /// The text an empty field shows in grey: for a date field the locale's short date of 31 December of `year`,
 /// for a time field its short time of 17:30 (both from ICU); for a number its range ("1 – 100", "≥ 0",
 /// "≤ 100"); for masked text the mask's example; otherwise the empty text.
-[[nodiscard]] std::u16string PlaceholderText(
-    const Settings& settings, const LocaleInfo& locale, int32_t year);
+[[nodiscard]] std::u16string PlaceholderText(const Settings& settings, const LocaleInfo& locale, int32_t year,
+    const MessageCatalogue& catalogue = EnglishMessages());
 
 } // namespace quillmar

@@ -16,13 +16,17 @@ public:
     explicit StandaloneHost(std::string_view localeName)
         : locale(LocaleInfo::FromName(localeName)) { }
 
-    [[nodiscard]] HostServices Services() { return { container, editBox, alerts, locale, aboutBox }; }
+    [[nodiscard]] HostServices Services() {
+        return { container, editBox, alerts, locale, aboutBox, catalogue };
+    }
 
     RecordingContainer container;
     MemoryEditBox editBox;
     RecordingAlerts alerts;
     FixedLocale locale;
     CountingAboutBox aboutBox;
+    /// The product's own English texts.
+    EnglishCatalogue catalogue;
 };
 
 } // namespace quillmar::standalone
