@@ -1,5 +1,7 @@
 #include "qt/FieldHints.h"
 
+#include "i18n/QuillmarTranslations.h"
+
 #include "input/Refusal.h"
 #include "qt/QtConversions.h"
 #include "qt/QtKeys.h"
@@ -117,9 +119,9 @@ void FieldHints::UpdateDescription() {
 void FieldHints::Refresh() {
     const Quillmar& control = m_field.control();
     const LocaleInfo locale = LocaleInfo::FromName(m_field.LocaleName().toStdString());
-    m_edit.setPlaceholderText(
-        ToQString(PlaceholderText(control.settings(), locale, QDate::currentDate().year())));
-    m_rules = ToQString(DescribeRules(control.settings(), locale, control.MaxLength()));
+    m_edit.setPlaceholderText(ToQString(
+        PlaceholderText(control.settings(), locale, QDate::currentDate().year(), TranslatedMessages())));
+    m_rules = ToQString(DescribeRules(control.settings(), locale, control.MaxLength(), TranslatedMessages()));
     if (m_inlineState) UpdateInlineState();
     UpdateDescription();
 }
@@ -170,7 +172,8 @@ bool FieldHints::eventFilter(QObject* watched, QEvent* event) {
 
 void FieldHints::ShowRefusalTip() {
     const Quillmar& control = m_field.control();
-    const QString text = ToQString(RefusalText(control.LastRefusal(), control.settings(), control.Locale()));
+    const QString text = ToQString(
+        RefusalText(control.LastRefusal(), control.settings(), control.Locale(), TranslatedMessages()));
     if (text.isEmpty()) return;
     const QRect caret = m_edit.inputMethodQuery(Qt::ImCursorRectangle).toRect();
     QToolTip::showText(m_edit.mapToGlobal(caret.bottomLeft()), text, &m_edit, caret, kRefusalTipMilliseconds);

@@ -8,6 +8,7 @@
 #include "qt/UserEditLimits.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDrag>
 #include <QLocale>
 #include <QMessageBox>
@@ -569,8 +570,9 @@ void QtServices::Show() {
         return;
     }
     ++m_dialogsOpen;
-    QMessageBox::about(m_owner.window(), QStringLiteral("About Quillmar"),
-        QStringLiteral("<b>Quillmar</b> %1<br>A data-entry field that knows what it must contain.")
+    QMessageBox::about(m_owner.window(), QCoreApplication::translate("QuillmarEdit", "About Quillmar"),
+        QCoreApplication::translate(
+            "QuillmarEdit", "<b>Quillmar</b> %1<br>A data-entry field that knows what it must contain.")
             .arg(QStringLiteral(QUILLMAR_VERSION)));
     --m_dialogsOpen;
 }

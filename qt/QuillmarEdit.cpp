@@ -3,6 +3,8 @@
 #include "qt/FieldHints.h"
 #include "qt/QtServices.h"
 
+#include "i18n/QuillmarTranslations.h"
+
 #include <QApplication>
 #include <QLocale>
 
@@ -12,7 +14,7 @@ QuillmarEdit::QuillmarEdit(QWidget* parent)
     : QWidget(parent)
     , m_services(std::make_unique<QtServices>(*this)) {
     QtServices& s = *m_services;
-    m_control = std::make_unique<Quillmar>(HostServices { s, s, s, s, s });
+    m_control = std::make_unique<Quillmar>(HostServices { s, s, s, s, s, TranslatedMessages() });
     m_control->SetEventListener(m_services.get());
     s.SetFont(FromQFont(parent ? parent->font() : QApplication::font()));
     resize(m_services->m_edit->sizeHint());

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "validation/MessageCatalogue.h"
+
+class QLocale;
+
+namespace quillmar {
+
+/// The catalogue of the Qt hosts: each text through `QCoreApplication::translate` with the text's own
+/// context, so that an installed translation replaces it; with none installed, the product's English,
+/// character for character. Safe to use from any thread.
+[[nodiscard]] const MessageCatalogue& TranslatedMessages();
+
+/// Installs the product's translations for `locale` in the application: of every Quillmar library linked
+/// into the program (the control, the pages, the applications), the one that best fits the locale's
+/// languages ("de_DE" takes German), replacing those an earlier call installed. English, or a language the
+/// product does not ship, installs nothing and leaves the product's English. Returns how many translations
+/// were installed. Call it from the thread of the application object, after that object is made;
+/// widgets already shown receive a LanguageChange event.
+int InstallTranslations(const QLocale& locale);
+
+/// Installs Qt's own translation ("qtbase": the standard buttons, "Abbrechen", "Ja", "Nein") for `locale`
+/// from Qt's translations folder (`QLibraryInfo::TranslationsPath`), replacing one an earlier call
+/// installed. Returns whether one was found; nothing is installed for English.
+bool InstallQtTranslation(const QLocale& locale);
+
+} // namespace quillmar

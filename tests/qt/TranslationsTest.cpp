@@ -1,0 +1,262 @@
+#include "i18n/QuillmarTranslations.h"
+#include "input/Refusal.h"
+#include "support/QtApplication.h"
+#include "validation/Describe.h"
+#include "validation/Messages.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <set>
+
+namespace quillmar {
+namespace {
+
+const LocaleInfo& Us() {
+    static const LocaleInfo us = LocaleInfo::FromName("en_US");
+    return us;
+}
+const LocaleInfo& De() {
+    static const LocaleInfo de = LocaleInfo::FromName("de_DE");
+    return de;
+}
+
+Settings Field(MustBeTypeConstants type, std::u16string min = {}, std::u16string max = {}) {
+    Settings s;
+    s.MustBeType = type;
+    s.ErrorMessageMode = vldAutoAdvanced;
+    s.MinValue = std::move(min);
+    s.MaxValue = std::move(max);
+    return s;
+}
+
+// One row per rule family, corrective action, description, placeholder and tip: its text composed through a
+// catalogue, in English and in German. The values shown are the author's and the locale's, never translated.
+struct MessageRow {
+    const char* name;
+    std::function<std::u16string(const MessageCatalogue&)> compose;
+    std::u16string english;
+    std::u16string german;
+};
+
+const std::vector<MessageRow>& Rows() {
+    static const std::vector<MessageRow> rows {
+        { "required",
+            [](const MessageCatalogue& c) {
+                return ComposeErrorMessage(u"", vldCCRequiredField, 0, Field(vldInteger), Us(), 0, c);
+            },
+            u"This field is required.", u"Dieses Feld muss ausgefüllt werden." },
+        { "integer range, closest value",
+            [](const MessageCatalogue& c) {
+                return ComposeErrorMessage(
+                    u"500", vldCCMaxValue, vldACInsertClosest, Field(vldInteger, u"1", u"100"), Us(), 0, c);
+            },
+            u"An integer between 1 and 100 is required.\r\nClosest value inserted.",
+            u"Eine ganze Zahl zwischen 1 und 100 ist erforderlich.\r\nDer nächstliegende Wert wurde "
+            u"eingesetzt." },
+        { "positive number, forbidden zero, previous value",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldDouble, {}, u"9,5");
+                s.MustBePositive = true;
+                s.MustNotBeZero = true;
+                return ComposeErrorMessage(u"0", vldCCMustNotBeZero, vldACReturnPrevious, s, De(), 0, c);
+            },
+            u"A positive number <= 9,5 is required.\r\nValue 0 is not allowed.\r\nPrevious value returned.",
+            u"Eine positive Zahl <= 9,5 ist erforderlich.\r\nDer Wert 0 ist nicht zulässig.\r\nDer vorherige "
+            u"Wert "
+            u"wurde wiederhergestellt." },
+        { "decimals, default value",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldCurrency);
+                s.MaxNumberOfDecimals = 2;
+                return ComposeErrorMessage(
+                    u"1,234", vldCCMaxNumberOfDecimals, vldACInsertDefault, s, De(), 0, c);
+            },
+            u"Invalid number of decimals. Maximum is 2.\r\nDefault value inserted.",
+            u"Ungültige Anzahl Nachkommastellen. Höchstens 2 sind zulässig.\r\nDer Standardwert wurde "
+            u"eingesetzt." },
+        { "basic number",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldLong);
+                s.ErrorMessageMode = vldAutoBasic;
+                return ComposeErrorMessage(u"x", vldCCMustBeNumber, 0, s, Us(), 0, c);
+            },
+            u"Invalid numeric entry.", u"Ungültige Zahleneingabe." },
+        { "date after, forbidden date",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldDate, u"01.01.2000");
+                s.MustNotBeValues = { Variant(), Variant(u"24.12.2024") };
+                return ComposeErrorMessage(u"24.12.2024", vldCCMustNotBeValues, 0, s, De(), 0, c);
+            },
+            u"A date after 01.01.2000 is required.\r\nDate 24.12.2024 is not allowed.",
+            u"Ein Datum nach dem 01.01.2000 ist erforderlich.\r\nDas Datum 24.12.2024 ist nicht zulässig." },
+        { "time before",
+            [](const MessageCatalogue& c) {
+                return ComposeErrorMessage(
+                    u"18:00", vldCCMaxValue, 0, Field(vldTime, {}, u"17:00"), De(), 0, c);
+            },
+            u"A time before 17:00 is required.", u"Eine Uhrzeit vor 17:00 ist erforderlich." },
+        { "text rules, forbidden text",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldString);
+                s.CustomMask = u"##";
+                s.MustNotBeValues = { Variant(), Variant(u"n/a") };
+                return ComposeErrorMessage(u"n/a",
+                    vldCCOnlyLetters | vldCCMaxLength | vldCCCustomMask | vldCCMustNotBeValues, 0, s, Us(), 1,
+                    c);
+            },
+            u"Invalid text entry.\r\nThis field must be in a form like ##.\r\nOnly letters are "
+            u"allowed.\r\nMaximum "
+            u"allowed length of the text is 1 character.\r\n\"n/a\" is not allowed.",
+            u"Ungültige Texteingabe.\r\nDieses Feld muss eine Form wie ## haben.\r\nNur Buchstaben sind "
+            u"zulässig.\r\nDer Text darf höchstens 1 Zeichen lang sein.\r\n„n/a“ ist nicht zulässig." },
+        { "default title", [](const MessageCatalogue& c) { return ShownMessageBoxTitle(Settings(), c); },
+            u"Invalid Entry", u"Ungültige Eingabe" },
+        { "author's title",
+            [](const MessageCatalogue& c) {
+                Settings s;
+                s.MessageBoxTitle = u"Invalid Entry: Quantity";
+                return ShownMessageBoxTitle(s, c);
+            },
+            u"Invalid Entry: Quantity", u"Invalid Entry: Quantity" },
+        { "text described",
+            [](const MessageCatalogue& c) {
+                Settings s;
+                s.OnlyLettersWithSpace = true;
+                s.ExtraIncludedCharacters = u"-";
+                s.MustBeUpperCase = true;
+                return DescribeRules(s, Us(), 8, c);
+            },
+            u"Letters, spaces and - only, upper case, at most 8 characters",
+            u"Nur Buchstaben, Leerzeichen und -, Großbuchstaben, höchstens 8 Zeichen" },
+        { "character set described",
+            [](const MessageCatalogue& c) {
+                Settings s;
+                s.ValidCharactersSet = u"0123456789 +";
+                return DescribeRules(s, Us(), 0, c);
+            },
+            u"Only 0–9 space +", u"Nur 0–9 Leerzeichen +" },
+        { "decimals described",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldSingle, u"-1");
+                s.MaxNumberOfDecimals = 1;
+                return DescribeRules(s, Us(), 0, c);
+            },
+            u"A number >= -1, at most 1 decimal", u"Eine Zahl >= -1, höchstens 1 Nachkommastelle" },
+        { "number placeholder",
+            [](const MessageCatalogue& c) {
+                return PlaceholderText(Field(vldInteger, u"1", u"100"), Us(), 2030, c);
+            },
+            u"1 – 100", u"1 – 100" },
+        { "decimals tip",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldDouble);
+                s.MaxNumberOfDecimals = 2;
+                return RefusalText(Refusal::TooManyDecimals, s, De(), c);
+            },
+            u"At most 2 decimals", u"Höchstens 2 Nachkommastellen" },
+        { "pasted number tip, the locale's own example",
+            [](const MessageCatalogue& c) {
+                Settings s = Field(vldCurrency);
+                s.ThousandSeparator = vldTSAllowed;
+                return RefusalText(Refusal::PastedNumber, s, De(), c);
+            },
+            u"Numbers here are written like 1.234,50", u"Zahlen werden hier wie 1.234,50 geschrieben" },
+        { "letters tip",
+            [](const MessageCatalogue& c) {
+                Settings s;
+                s.ExtraIncludedCharacters = u"' ";
+                return RefusalText(Refusal::OnlyLetters, s, Us(), c);
+            },
+            u"Only letters and ' space can be typed here",
+            u"Hier können nur Buchstaben und ' Leerzeichen eingegeben werden" },
+    };
+    return rows;
+}
+
+class Translations : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { support::StartQtApplication("translations_tests"); }
+    void TearDown() override { InstallTranslations(QLocale(QLocale::English)); }
+};
+
+TEST_F(Translations, EveryCatalogueComposesTheSameMessagesInItsLanguage) {
+    InstallTranslations(QLocale(QLocale::English));
+    for (const MessageRow& row : Rows()) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.compose(EnglishMessages()), row.english);
+        EXPECT_EQ(row.compose(TranslatedMessages()), row.english); // nothing installed
+    }
+    EXPECT_EQ(InstallTranslations(QLocale(QStringLiteral("de_DE"))), 1);
+    for (const MessageRow& row : Rows()) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.compose(TranslatedMessages()), row.german);
+        EXPECT_EQ(row.compose(EnglishMessages()), row.english);
+    }
+    // Installing another language takes the German out again.
+    EXPECT_EQ(InstallTranslations(QLocale(QStringLiteral("fr_FR"))), 0);
+    EXPECT_EQ(Rows()[0].compose(TranslatedMessages()), Rows()[0].english);
+}
+
+// Arguments go in once: a value holding "%2" stays as typed.
+TEST(ComposeMessage, PutsEachArgumentInOnce) {
+    EXPECT_EQ(ComposeMessage(EnglishMessages(), MessageId::NumberBetween, { u"A %2", u"1", u"%3" }),
+        u"A %2 between 1 and %3");
+    EXPECT_EQ(ComposeMessage(EnglishMessages(), MessageId::IsRequired), u"%1 is required.");
+}
+
+// Each German source is complete: every entry finished, with the placeholders of its English source, and
+// every message identity of the control present.
+TEST(GermanTranslation, IsCompleteAndKeepsThePlaceholders) {
+    const QDir folder(QStringLiteral(QUILLMAR_I18N_DIR));
+    const QStringList files = folder.entryList({ QStringLiteral("*_de.ts") });
+    ASSERT_GE(files.size(), 4);
+    std::set<std::pair<QString, QString>> found;
+    const QRegularExpression placeholder(QStringLiteral("%(\\d|n)"));
+    const auto placeholders = [&](const QString& text) {
+        std::multiset<QString> all;
+        for (auto it = placeholder.globalMatch(text); it.hasNext();)
+            all.insert(it.next().captured());
+        return all;
+    };
+    for (const QString& name : files) {
+        SCOPED_TRACE(name.toStdString());
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        QXmlStreamReader xml(&file);
+        QString context, source;
+        while (xml.readNext() != QXmlStreamReader::Invalid && !xml.atEnd()) {
+            if (!xml.isStartElement()) continue;
+            if (xml.name() == QLatin1String("name")) context = xml.readElementText();
+            if (xml.name() == QLatin1String("source"))
+                source = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            if (xml.name() != QLatin1String("translation")) continue;
+            const QString type = xml.attributes().value(QLatin1String("type")).toString();
+            if (type == QLatin1String("vanished") || type == QLatin1String("obsolete")) continue;
+            const QString translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            EXPECT_TRUE(type.isEmpty()) << type.toStdString() << ": " << source.toStdString();
+            EXPECT_FALSE(translation.isEmpty()) << source.toStdString();
+            if (!source.contains(QLatin1String("%n"))) {
+                EXPECT_EQ(placeholders(translation), placeholders(source)) << source.toStdString();
+            }
+            found.insert({ context, source });
+        }
+        EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    }
+    for (size_t i = 0; i < kMessageCount; ++i) {
+        const MessageText& text = MessageSource(static_cast<MessageId>(i));
+        EXPECT_TRUE(found.count({ QString::fromUtf8(text.context), QString::fromUtf8(text.english) }))
+            << text.english;
+    }
+}
+
+} // namespace
+} // namespace quillmar
