@@ -43,10 +43,11 @@ int FindField(const std::vector<CheckedField>& fields, std::string_view name) no
     return -1;
 }
 
-std::u16string ShownMessage(std::u16string_view value, int32_t bits, const PreparedRules& rules) {
+std::u16string ShownMessage(
+    std::u16string_view value, int32_t bits, const PreparedRules& rules, const MessageCatalogue& catalogue) {
     const Settings& settings = rules.settings();
     if (settings.ErrorMessageMode == vldCustom) return settings.ErrorMessage;
-    return ComposeErrorMessage(value, bits, 0, settings, rules.locale(), rules.maxLength());
+    return ComposeErrorMessage(value, bits, 0, settings, rules.locale(), rules.maxLength(), catalogue);
 }
 
 } // namespace quillmar

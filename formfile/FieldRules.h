@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/LocaleInfo.h"
+#include "validation/MessageCatalogue.h"
 #include "validation/PreparedRules.h"
 
 #include <filesystem>
@@ -33,8 +34,8 @@ struct FormFields {
 /// What the field's final validation shows for `value`, which broke the constraints `bits` (never 0) and was
 /// left as it is (no corrective action, so no action line): the author's own `ErrorMessage` as it stands
 /// under `vldCustom` (an empty one shows an empty box), otherwise the message its mode composes. Lines are
-/// joined with "\r\n".
-[[nodiscard]] std::u16string ShownMessage(
-    std::u16string_view value, int32_t bits, const PreparedRules& rules);
+/// joined with "\r\n". The composed message is in the language of `catalogue`.
+[[nodiscard]] std::u16string ShownMessage(std::u16string_view value, int32_t bits, const PreparedRules& rules,
+    const MessageCatalogue& catalogue = EnglishMessages());
 
 } // namespace quillmar

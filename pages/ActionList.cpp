@@ -1,6 +1,8 @@
 #include "pages/ActionList.h"
 
 #include "base/Enums.h"
+#include "base/Utf8.h"
+#include "validation/MessageCatalogue.h"
 
 #include <limits>
 
@@ -29,18 +31,21 @@ bool Listed(const ActionEntries& entries, int32_t flag) {
 std::u16string ActionText(int32_t flag) {
     switch (flag) {
     case vldACInsertClosest:
-        return u"Insert closest value if possible";
+        return FromUtf8(QUILLMAR_TEXT("ActionList", "Insert closest value if possible").english)
+            .value_or(std::u16string());
     case vldACInsertDefault:
-        return u"Insert default value if exist";
+        return FromUtf8(QUILLMAR_TEXT("ActionList", "Insert default value if exist").english)
+            .value_or(std::u16string());
     case vldACReturnPrevious:
-        return u"Return previous value if valid";
+        return FromUtf8(QUILLMAR_TEXT("ActionList", "Return previous value if valid").english)
+            .value_or(std::u16string());
     default:
         return {};
     }
 }
 
 std::u16string ReturnFocusText() {
-    return u"Return focus";
+    return FromUtf8(QUILLMAR_TEXT("ActionList", "Return focus").english).value_or(std::u16string());
 }
 
 ActionEntries EntriesFromActions(const VariantArray& actions) {

@@ -7,6 +7,7 @@
 #include "pages/PageWidgets.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -20,6 +21,7 @@
 namespace quillmar::pages {
 namespace {
 
+// The product's name, the same in every language.
 const QString kMessageTitle = QStringLiteral("Quillmar");
 
 QRadioButton* MakeOption(const char* name, const QString& caption, QWidget* parent) {
@@ -34,6 +36,11 @@ QGroupBox* MakeFrame(const char* name, const QString& title, QWidget* parent) {
     return frame;
 }
 
+// An action's text as the list shows it, in the user's language.
+QString ActionListText(const std::u16string& english) {
+    return QCoreApplication::translate("ActionList", qt::ToQString(english).toUtf8().constData());
+}
+
 QListWidgetItem* MakeItem(const QString& text, bool checked) {
     auto* item = new QListWidgetItem(text);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
@@ -44,39 +51,39 @@ QListWidgetItem* MakeItem(const QString& text, bool checked) {
 } // namespace
 
 BehaviorPage::BehaviorPage(PageServices services, QWidget* parent)
-    : PropertyPage(QStringLiteral("Behavior"), std::move(services), parent) {
+    : PropertyPage(tr("Behavior"), std::move(services), parent) {
     BuildLayout();
     Connect();
     EnableValidationGroup(false);
 }
 
 void BehaviorPage::BuildLayout() {
-    m_fraInputSifting = MakeFrame("fraInputSifting", QStringLiteral("InputSifting"), this);
-    m_optNone = MakeOption("optNone", QStringLiteral("None"), m_fraInputSifting);
-    m_optWeak = MakeOption("optWeak", QStringLiteral("Weak"), m_fraInputSifting);
-    m_optStrong = MakeOption("optStrong", QStringLiteral("Strong"), m_fraInputSifting);
+    m_fraInputSifting = MakeFrame("fraInputSifting", tr("InputSifting"), this);
+    m_optNone = MakeOption("optNone", tr("None"), m_fraInputSifting);
+    m_optWeak = MakeOption("optWeak", tr("Weak"), m_fraInputSifting);
+    m_optStrong = MakeOption("optStrong", tr("Strong"), m_fraInputSifting);
     auto* sifting = new QVBoxLayout(m_fraInputSifting);
     for (QRadioButton* option : { m_optNone, m_optWeak, m_optStrong })
         sifting->addWidget(option);
     m_chkBeeping = MakeCheckBox("chkBeeping", this);
 
     m_chkFinalValidationActive = MakeCheckBox("chkFinalValidationActive", this);
-    m_fraValidationMode = MakeFrame("fraValidationMode", QStringLiteral("ValidationMode"), this);
-    m_optAutomatic = MakeOption("optAutomatic", QStringLiteral("Automatic"), m_fraValidationMode);
-    m_optSemiAutomatic = MakeOption("optSemiAutomatic", QStringLiteral("SemiAutomatic"), m_fraValidationMode);
+    m_fraValidationMode = MakeFrame("fraValidationMode", tr("ValidationMode"), this);
+    m_optAutomatic = MakeOption("optAutomatic", tr("Automatic"), m_fraValidationMode);
+    m_optSemiAutomatic = MakeOption("optSemiAutomatic", tr("SemiAutomatic"), m_fraValidationMode);
     auto* mode = new QVBoxLayout(m_fraValidationMode);
     mode->addWidget(m_optAutomatic);
     mode->addWidget(m_optSemiAutomatic);
     m_chkOnErrorSelectEntireField = MakeCheckBox("chkOnErrorSelectEntireField", this);
     m_chkShowAsUnderstood = MakeCheckBox("chkShowAsUnderstood", this);
 
-    m_fraActions = MakeFrame("fraActions", QStringLiteral("Actions"), this);
+    m_fraActions = MakeFrame("fraActions", tr("Actions"), this);
     m_lstActions = new QListWidget(m_fraActions);
     m_lstActions->setObjectName(QStringLiteral("lstActions"));
     m_lstActions->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_cmdUP = new QPushButton(QStringLiteral("Move Up"), m_fraActions);
+    m_cmdUP = new QPushButton(tr("Move Up"), m_fraActions);
     m_cmdUP->setObjectName(QStringLiteral("cmdUP"));
-    m_cmdDown = new QPushButton(QStringLiteral("Move Down"), m_fraActions);
+    m_cmdDown = new QPushButton(tr("Move Down"), m_fraActions);
     m_cmdDown->setObjectName(QStringLiteral("cmdDown"));
     // A click on a move button leaves the focus in the list, so that the arrow keys and the space key go on
     // working on the moved item.
@@ -171,8 +178,8 @@ void BehaviorPage::SelectionChanged() {
 void BehaviorPage::FillActionList() {
     m_lstActions->clear();
     for (const ActionEntry& entry : m_entries)
-        m_lstActions->addItem(MakeItem(qt::ToQString(ActionText(entry.flag)), entry.checked));
-    m_lstActions->addItem(MakeItem(qt::ToQString(ReturnFocusText()), true));
+        m_lstActions->addItem(MakeItem(ActionListText(ActionText(entry.flag)), entry.checked));
+    m_lstActions->addItem(MakeItem(ActionListText(ReturnFocusText()), true));
 }
 
 void BehaviorPage::EnableValidationGroup(bool enabled) {
@@ -187,7 +194,7 @@ void BehaviorPage::OnUp() {
     const int row = m_lstActions->currentRow();
     const MoveOutcome outcome = MoveUp(m_entries, row);
     if (outcome == MoveOutcome::ReturnFocusStays) {
-        ShowMessage(QStringLiteral("This action cannot be moved!"), kMessageTitle, IconInformation);
+        ShowMessage(tr("This action cannot be moved!"), kMessageTitle, IconInformation);
         return;
     }
     ShowMove(outcome, row, row - 1);
@@ -214,8 +221,8 @@ void BehaviorPage::OnItemChanged(QListWidgetItem* item) {
         if (checked) return;
         // "Return focus" is what the field does after every failed validation; it cannot be turned off.
         item->setCheckState(Qt::Checked);
-        ShowMessage(QStringLiteral("This action cannot be unchecked!\r\n"
-                                   "(If validation active, this action is always present.)"),
+        ShowMessage(tr("This action cannot be unchecked!\r\n"
+                       "(If validation active, this action is always present.)"),
             kMessageTitle, IconInformation);
         return;
     }

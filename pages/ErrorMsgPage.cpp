@@ -49,7 +49,7 @@ void SetOption(std::span<QRadioButton* const> options, int index) {
 } // namespace
 
 ErrorMsgPage::ErrorMsgPage(PageServices services, QWidget* parent)
-    : PropertyPage(QStringLiteral("Error Message"), services, parent) {
+    : PropertyPage(tr("Error Message"), services, parent) {
     BuildLayout();
     Connect();
 }
@@ -57,22 +57,22 @@ ErrorMsgPage::ErrorMsgPage(PageServices services, QWidget* parent)
 void ErrorMsgPage::BuildLayout() {
     m_chkShowErrorMessage = MakeCheckBox("chkShowErrorMessage", this);
 
-    m_fraErrorMessageMode = new QGroupBox(QStringLiteral("ErrorMessageMode"), this);
+    m_fraErrorMessageMode = new QGroupBox(tr("ErrorMessageMode"), this);
     m_fraErrorMessageMode->setObjectName(QStringLiteral("fraErrorMessageMode"));
     new QVBoxLayout(m_fraErrorMessageMode);
-    m_optAutoBasic = MakeOption(
-        QStringLiteral("optAutoBasic"), QStringLiteral("Basic (automatic)"), m_fraErrorMessageMode);
-    m_optAutoAdvanced = MakeOption(
-        QStringLiteral("optAutoAdvanced"), QStringLiteral("Advanced (automatic)"), m_fraErrorMessageMode);
-    m_optCustom = MakeOption(QStringLiteral("optCustom"), QStringLiteral("Custom"), m_fraErrorMessageMode);
-    m_optAutoBasic->setToolTip(QStringLiteral("A short message composed by the field."));
+    m_optAutoBasic
+        = MakeOption(QStringLiteral("optAutoBasic"), tr("Basic (automatic)"), m_fraErrorMessageMode);
+    m_optAutoAdvanced
+        = MakeOption(QStringLiteral("optAutoAdvanced"), tr("Advanced (automatic)"), m_fraErrorMessageMode);
+    m_optCustom = MakeOption(QStringLiteral("optCustom"), tr("Custom"), m_fraErrorMessageMode);
+    m_optAutoBasic->setToolTip(tr("A short message composed by the field."));
     m_optAutoAdvanced->setToolTip(
-        QStringLiteral("A message composed by the field that names every rule the entry breaks."));
-    m_optCustom->setToolTip(QStringLiteral("The text typed below as ErrorMessage."));
+        tr("A message composed by the field that names every rule the entry breaks."));
+    m_optCustom->setToolTip(tr("The text typed below as ErrorMessage."));
     qobject_cast<QVBoxLayout*>(m_fraErrorMessageMode->layout())->addStretch();
 
     // Each icon option shows the icon the message box will show.
-    m_fraMessageBoxIcon = new QGroupBox(QStringLiteral("MessageBoxIcon"), this);
+    m_fraMessageBoxIcon = new QGroupBox(tr("MessageBoxIcon"), this);
     m_fraMessageBoxIcon->setObjectName(QStringLiteral("fraMessageBoxIcon"));
     new QVBoxLayout(m_fraMessageBoxIcon);
     struct IconOption {
@@ -80,15 +80,15 @@ void ErrorMsgPage::BuildLayout() {
         QStyle::StandardPixmap pixmap; // SP_CustomBase: no icon
     };
     const IconOption icons[] = {
-        { "None", QStyle::SP_CustomBase },
-        { "Exclamation", QStyle::SP_MessageBoxWarning },
-        { "Critical", QStyle::SP_MessageBoxCritical },
-        { "Information", QStyle::SP_MessageBoxInformation },
-        { "Question", QStyle::SP_MessageBoxQuestion },
+        { QT_TR_NOOP("None"), QStyle::SP_CustomBase },
+        { QT_TR_NOOP("Exclamation"), QStyle::SP_MessageBoxWarning },
+        { QT_TR_NOOP("Critical"), QStyle::SP_MessageBoxCritical },
+        { QT_TR_NOOP("Information"), QStyle::SP_MessageBoxInformation },
+        { QT_TR_NOOP("Question"), QStyle::SP_MessageBoxQuestion },
     };
     for (size_t i = 0; i < m_optIcon.size(); ++i) {
-        m_optIcon[i] = MakeOption(
-            QStringLiteral("optIcon%1").arg(i), QString::fromLatin1(icons[i].caption), m_fraMessageBoxIcon);
+        m_optIcon[i]
+            = MakeOption(QStringLiteral("optIcon%1").arg(i), tr(icons[i].caption), m_fraMessageBoxIcon);
         if (icons[i].pixmap != QStyle::SP_CustomBase)
             m_optIcon[i]->setIcon(style()->standardIcon(icons[i].pixmap));
     }
@@ -96,13 +96,12 @@ void ErrorMsgPage::BuildLayout() {
     m_txtMessageBoxTitle = new QLineEdit(this);
     m_txtMessageBoxTitle->setObjectName(QStringLiteral("txtMessageBoxTitle"));
     m_lblMessageBoxTitle
-        = MakeLabel("lblMessageBoxTitle", QStringLiteral("MessageBoxTitle:"), m_txtMessageBoxTitle, this);
+        = MakeLabel("lblMessageBoxTitle", tr("MessageBoxTitle:"), m_txtMessageBoxTitle, this);
     m_txtErrorMessage = new QPlainTextEdit(this);
     m_txtErrorMessage->setObjectName(QStringLiteral("txtErrorMessage"));
     // Tab moves on to the next control, as in every other box of the page; Enter breaks the line.
     m_txtErrorMessage->setTabChangesFocus(true);
-    m_lblErrorMessage
-        = MakeLabel("lblErrorMessage", QStringLiteral("ErrorMessage:"), m_txtErrorMessage, this);
+    m_lblErrorMessage = MakeLabel("lblErrorMessage", tr("ErrorMessage:"), m_txtErrorMessage, this);
 
     auto* layout = new QGridLayout(this);
     layout->addWidget(m_chkShowErrorMessage, 0, 0, 1, 3);

@@ -19,8 +19,6 @@
 namespace quillmar::pages {
 namespace {
 
-const QString kDefaultValueTitle = QStringLiteral("Property Page: DefaultValue");
-
 // What the three embedded fields share: the page's font, an empty text and an empty forbidden list.
 std::vector<quillmar::PropertyEntry> EmbeddedEntries(std::initializer_list<quillmar::PropertyEntry> own) {
     std::vector<quillmar::PropertyEntry> entries {
@@ -40,26 +38,26 @@ Variant StoredActions(int32_t first, int32_t second, int32_t third) {
 } // namespace
 
 GeneralPage::GeneralPage(PageServices services, QWidget* parent)
-    : PropertyPage(QStringLiteral("General"), std::move(services), parent) {
+    : PropertyPage(tr("General"), std::move(services), parent) {
     BuildFields();
     BuildLayout();
     Connect();
 }
 
 void GeneralPage::BuildFields() {
-    m_lblNumberType = new QLabel(QStringLiteral("MustBeType:"), this);
+    m_lblNumberType = new QLabel(tr("MustBeType:"), this);
     m_lblNumberType->setObjectName(QStringLiteral("lblNumberType"));
     m_cboMustBeType = new QComboBox(this);
     m_cboMustBeType->setObjectName(QStringLiteral("cboMustBeType"));
     m_lblNumberType->setBuddy(m_cboMustBeType);
 
-    m_lblText = new QLabel(QStringLiteral("Text (Value):"), this);
+    m_lblText = new QLabel(tr("Text (Value):"), this);
     m_lblText->setObjectName(QStringLiteral("lblText"));
     m_txtText = new QLineEdit(this);
     m_txtText->setObjectName(QStringLiteral("txtText"));
     m_lblText->setBuddy(m_txtText);
 
-    m_lblDefaultValue = new QLabel(QStringLiteral("DefaultValue:"), this);
+    m_lblDefaultValue = new QLabel(tr("DefaultValue:"), this);
     m_lblDefaultValue->setObjectName(QStringLiteral("lblDefaultValue"));
     m_txtDefaultValue = MakeEmbeddedField(QStringLiteral("txtDefaultValue"),
         EmbeddedEntries({
@@ -69,7 +67,7 @@ void GeneralPage::BuildFields() {
         }));
     m_lblDefaultValue->setBuddy(m_txtDefaultValue->lineEdit());
 
-    m_chkRequiredField = new QCheckBox(QStringLiteral("RequiredField"), this);
+    m_chkRequiredField = new QCheckBox(tr("RequiredField"), this);
     m_chkRequiredField->setObjectName(QStringLiteral("chkRequiredField"));
 
     m_fraMustNotBeValues = new QGroupBox(this);
@@ -81,11 +79,11 @@ void GeneralPage::BuildFields() {
             { u"MessageBoxTitle", u"Property Page: AddNew" },
             { u"OnErrorSelectEntireField", true },
         }));
-    m_cmdAddNew = new QPushButton(QStringLiteral("Add New"), this);
+    m_cmdAddNew = new QPushButton(tr("Add New"), this);
     m_cmdAddNew->setObjectName(QStringLiteral("cmdAddNew"));
     m_cboMustNotBe = new QComboBox(this);
     m_cboMustNotBe->setObjectName(QStringLiteral("cboMustNotBe"));
-    m_cmdRemove = new QPushButton(QStringLiteral("Remove Selected"), this);
+    m_cmdRemove = new QPushButton(tr("Remove Selected"), this);
     m_cmdRemove->setObjectName(QStringLiteral("cmdRemove"));
     // The list buttons act on the entry field or the list: a click leaves the focus where it was, so that
     // a half-typed new value is validated once, by the Add itself, and not again on leaving its field.
@@ -177,10 +175,8 @@ void GeneralPage::LoadTypeList(int32_t type) {
     {
         const QSignalBlocker quiet(m_cboMustBeType);
         m_cboMustBeType->clear();
-        m_cboMustBeType->addItems({ QStringLiteral("Unspecified"), QStringLiteral("String"),
-            QStringLiteral("Byte"), QStringLiteral("Integer"), QStringLiteral("Long"),
-            QStringLiteral("Single"), QStringLiteral("Double"), QStringLiteral("Currency"),
-            QStringLiteral("Date"), QStringLiteral("Time") });
+        m_cboMustBeType->addItems({ tr("Unspecified"), tr("String"), tr("Byte"), tr("Integer"), tr("Long"),
+            tr("Single"), tr("Double"), tr("Currency"), tr("Date"), tr("Time") });
         m_cboMustBeType->setCurrentIndex(type);
     }
     // Selecting the type is a type change, whether or not the list already showed it.
@@ -301,8 +297,8 @@ bool GeneralPage::CheckCollisions(int32_t type) {
     if (position == RangePosition::Unreadable) return false;
     if (position != RangePosition::Inside) {
         Beep();
-        ShowMessage(QStringLiteral("DefaultValue is in a collision with Min/Max range."), kDefaultValueTitle,
-            IconExclamation);
+        ShowMessage(tr("DefaultValue is in a collision with Min/Max range."),
+            tr("Property Page: DefaultValue"), IconExclamation);
         if (m_txtDefaultValue->isEnabled()) FocusField(m_txtDefaultValue, true);
         return false;
     }
@@ -318,19 +314,17 @@ bool GeneralPage::CheckCollisions(int32_t type) {
         if (index >= 0) {
             m_cboMustNotBe->setCurrentIndex(index);
             Beep();
-            ShowMessage(
-                QStringLiteral("DefaultValue is in a collision with an item in the MustNotBeValues list!"),
-                kDefaultValueTitle, IconExclamation);
+            ShowMessage(tr("DefaultValue is in a collision with an item in the MustNotBeValues list!"),
+                tr("Property Page: DefaultValue"), IconExclamation);
             return false;
         }
     }
 
     if (!MisfitItems(type).empty()) {
-        const Answer answer
-            = Ask(QStringLiteral("Some of the items in the MustNotBeValues list are incompatible "
-                                 "with the current settings.\r\nWould you like them to be "
-                                 "removed from the list?\r\n"),
-                QStringLiteral("Property Page: MustNotBeValues"), IconQuestion);
+        const Answer answer = Ask(tr("Some of the items in the MustNotBeValues list are incompatible "
+                                     "with the current settings.\r\nWould you like them to be "
+                                     "removed from the list?\r\n"),
+            tr("Property Page: MustNotBeValues"), IconQuestion);
         if (answer == Answer::Cancel) return false;
         if (answer == Answer::Yes) RemoveIncompatibleItems(type);
     }

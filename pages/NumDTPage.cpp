@@ -62,7 +62,7 @@ std::u16string TextOfField(const qt::QuillmarEdit* field) {
 } // namespace
 
 NumDTPage::NumDTPage(PageServices services, QWidget* parent)
-    : PropertyPage(QStringLiteral("Number/Date,Time"), services, parent) {
+    : PropertyPage(tr("Number/Date,Time"), services, parent) {
     BuildLayout();
     Connect();
     EnableByType(vldUnspecified);
@@ -77,11 +77,11 @@ void NumDTPage::BuildLayout() {
         QStringLiteral("txtMaxNumberOfDecimals"), CountFieldEntries(u"Invalid Entry: MaxNumberOfDecimals"));
     m_txtMaxRelativeAccuracy = MakeEmbeddedField(
         QStringLiteral("txtMaxRelativeAccuracy"), CountFieldEntries(u"Invalid Entry: MaxRelativeAccuracy"));
-    m_lblSep1000 = MakeLabel("lblSep1000", QStringLiteral("ThousandSeparator:"), m_cboSep1000, frame3);
-    m_lblMaxNumberOfDecimals = MakeLabel(
-        "lblMaxNumberOfDecimals", QStringLiteral("MaxNumberOfDecimals:"), m_txtMaxNumberOfDecimals, frame3);
-    m_lblMaxRelativeAccuracy = MakeLabel(
-        "lblMaxRelativeAccuracy", QStringLiteral("MaxRelativeAccuracy:"), m_txtMaxRelativeAccuracy, frame3);
+    m_lblSep1000 = MakeLabel("lblSep1000", tr("ThousandSeparator:"), m_cboSep1000, frame3);
+    m_lblMaxNumberOfDecimals
+        = MakeLabel("lblMaxNumberOfDecimals", tr("MaxNumberOfDecimals:"), m_txtMaxNumberOfDecimals, frame3);
+    m_lblMaxRelativeAccuracy
+        = MakeLabel("lblMaxRelativeAccuracy", tr("MaxRelativeAccuracy:"), m_txtMaxRelativeAccuracy, frame3);
     auto* counts = new QFormLayout(frame3);
     counts->addRow(m_lblSep1000, m_cboSep1000);
     counts->addRow(m_lblMaxNumberOfDecimals, m_txtMaxNumberOfDecimals);
@@ -103,8 +103,8 @@ void NumDTPage::BuildLayout() {
         LimitFieldEntries(u"-9.20000000000003E+185", u"Property Page: MinValue"));
     m_txtMaxValue = MakeEmbeddedField(
         QStringLiteral("txtMaxValue"), LimitFieldEntries(u"", u"Property Page: MaxValue"));
-    m_lblMinValue = MakeLabel("lblMinValue", QStringLiteral("MinValue:"), m_txtMinValue, this);
-    m_lblMaxValue = MakeLabel("lblMaxValue", QStringLiteral("MaxValue:"), m_txtMaxValue, this);
+    m_lblMinValue = MakeLabel("lblMinValue", tr("MinValue:"), m_txtMinValue, this);
+    m_lblMaxValue = MakeLabel("lblMaxValue", tr("MaxValue:"), m_txtMaxValue, this);
     auto* range = new QFormLayout;
     range->addRow(m_lblMinValue, m_txtMinValue);
     range->addRow(m_lblMaxValue, m_txtMaxValue);
@@ -161,7 +161,7 @@ void NumDTPage::SelectionChanged() {
     m_chkMustBePositive->setChecked(control.MustBePositive());
 
     m_cboSep1000->clear();
-    m_cboSep1000->addItems({ QStringLiteral("Forbidden"), QStringLiteral("Allowed") });
+    m_cboSep1000->addItems({ tr("Forbidden"), tr("Allowed") });
     // A stored separator other than 0 or 1 selects nothing, and applying then leaves it as it is.
     const int separator = control.ThousandSeparator();
     m_cboSep1000->setCurrentIndex(separator == vldTSForbidden || separator == vldTSAllowed ? separator : -1);
@@ -234,8 +234,8 @@ bool NumDTPage::CollisionCheck() {
         const RangePosition order = PositionInRange(*min, nullptr, max, kind, locale);
         if (order == RangePosition::Unreadable) return false;
         if (order == RangePosition::AboveMax) {
-            RefuseRange(QStringLiteral("MaxValue must be >= than MinValue."),
-                QStringLiteral("Property Page: Min/MaxValue"), m_txtMaxValue);
+            RefuseRange(
+                tr("MaxValue must be >= than MinValue."), tr("Property Page: Min/MaxValue"), m_txtMaxValue);
             return false;
         }
     }
@@ -246,12 +246,12 @@ bool NumDTPage::CollisionCheck() {
     case RangePosition::Unreadable:
         return false;
     case RangePosition::AboveMax:
-        RefuseRange(QStringLiteral("MaxValue is in a collision with the DefaultValue."),
-            QStringLiteral("Property Page: MaxValue"), m_txtMaxValue);
+        RefuseRange(tr("MaxValue is in a collision with the DefaultValue."), tr("Property Page: MaxValue"),
+            m_txtMaxValue);
         return false;
     case RangePosition::BelowMin:
-        RefuseRange(QStringLiteral("MinValue is in a collision with the DefaultValue."),
-            QStringLiteral("Property Page: MinValue"), m_txtMinValue);
+        RefuseRange(tr("MinValue is in a collision with the DefaultValue."), tr("Property Page: MinValue"),
+            m_txtMinValue);
         return false;
     case RangePosition::Inside:
         break;

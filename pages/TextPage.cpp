@@ -28,30 +28,29 @@ QLineEdit* MakeLineEdit(const char* name, const QString& toolTip, QWidget* paren
 } // namespace
 
 TextPage::TextPage(PageServices services, QWidget* parent)
-    : PropertyPage(QStringLiteral("Text"), services, parent) {
+    : PropertyPage(tr("Text"), services, parent) {
     BuildLayout();
     Connect();
 }
 
 void TextPage::BuildLayout() {
     m_txtCustomMask = MakeLineEdit("txtCustomMask",
-        QStringLiteral("A pattern the whole text must match: ? any character, * any run of characters, "
-                       "# a digit, [a-z] one character of a list, [!0-9] one character not in it."),
+        tr("A pattern the whole text must match: ? any character, * any run of characters, "
+           "# a digit, [a-z] one character of a list, [!0-9] one character not in it."),
         this);
     m_txtExtraIncludedCharacters = MakeLineEdit("txtExtraIncludedCharacters",
-        QStringLiteral("Characters allowed whatever the set, letter and digit rules say."), this);
+        tr("Characters allowed whatever the set, letter and digit rules say."), this);
     m_txtExtraExcludedCharacters = MakeLineEdit(
-        "txtExtraExcludedCharacters", QStringLiteral("Characters never allowed, even when included."), this);
+        "txtExtraExcludedCharacters", tr("Characters never allowed, even when included."), this);
     m_txtValidCharactersSet = MakeLineEdit("txtValidCharactersSet",
-        QStringLiteral("When not empty, the only characters allowed (besides the included ones)."), this);
+        tr("When not empty, the only characters allowed (besides the included ones)."), this);
     m_labels = {
-        MakeLabel("lblCustomMask", QStringLiteral("CustomMask:"), m_txtCustomMask, this),
-        MakeLabel("lblExtraIncludedCharacters", QStringLiteral("ExtraIncludedCharacters:"),
-            m_txtExtraIncludedCharacters, this),
-        MakeLabel("lblExtraExcludedCharacters", QStringLiteral("ExtraExcludedCharacters:"),
-            m_txtExtraExcludedCharacters, this),
+        MakeLabel("lblCustomMask", tr("CustomMask:"), m_txtCustomMask, this),
         MakeLabel(
-            "lblValidCharactersSet", QStringLiteral("ValidCharactersSet:"), m_txtValidCharactersSet, this),
+            "lblExtraIncludedCharacters", tr("ExtraIncludedCharacters:"), m_txtExtraIncludedCharacters, this),
+        MakeLabel(
+            "lblExtraExcludedCharacters", tr("ExtraExcludedCharacters:"), m_txtExtraExcludedCharacters, this),
+        MakeLabel("lblValidCharactersSet", tr("ValidCharactersSet:"), m_txtValidCharactersSet, this),
     };
     auto* sets = new QFormLayout;
     const std::array<QLineEdit*, 4> edits { m_txtCustomMask, m_txtExtraIncludedCharacters,
@@ -59,9 +58,9 @@ void TextPage::BuildLayout() {
     for (size_t i = 0; i < edits.size(); ++i)
         sets->addRow(m_labels[i], edits[i]);
 
-    m_fraCharacterRules = new QGroupBox(QStringLiteral("Character rules"), this);
+    m_fraCharacterRules = new QGroupBox(tr("Character rules"), this);
     m_fraCharacterRules->setObjectName(QStringLiteral("fraCharacterRules"));
-    m_fraCaseRules = new QGroupBox(QStringLiteral("Case rules"), this);
+    m_fraCaseRules = new QGroupBox(tr("Case rules"), this);
     m_fraCaseRules->setObjectName(QStringLiteral("fraCaseRules"));
     // In the order of `TextRule`.
     const char* const names[] = { "chkOnlyLettersWithSpace", "chkOnlyLetters", "chkNoDigits",

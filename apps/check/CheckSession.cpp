@@ -159,7 +159,8 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
             ++result.brokenByField[static_cast<size_t>(field)];
             result.entries.emplace_back(row, result.text.size());
             AppendViolation(m_options.format, m_columns[column], texts[row], bits,
-                m_fields[static_cast<size_t>(field)].rules, result.text);
+                m_fields[static_cast<size_t>(field)].rules, result.text,
+                m_options.catalogue ? *m_options.catalogue : EnglishMessages());
         }
     }
     // Row order first, then column order, as a sequential reader reports.

@@ -24,6 +24,8 @@ struct CheckOptions {
     size_t chunkBytes = size_t { 1 } << 20;
     /// Draw a progress bar on the error stream once the check has run for a second.
     bool progress = false;
+    /// Where the messages find their words; null for the product's English.
+    const MessageCatalogue* catalogue = nullptr;
 };
 
 /// A run of whole rows to check: CSV bytes to read, or rows already read into a table.

@@ -4,6 +4,9 @@
 #include "formfile/FieldRules.h"
 #include "validation/ConstraintNames.h"
 
+#include <QCoreApplication>
+#include <QString>
+
 #include <charconv>
 #include <cstdio>
 
@@ -39,12 +42,19 @@ void AppendQuotedValue(std::u16string_view value, std::string& out) {
     out += cut ? "...\"" : "\"";
 }
 
+// A text of the report in the language installed for the program, with %1, %2 ... replaced by `args` (UTF-8).
+template <typename... Args> std::string Translated(const char* english, const Args&... args) {
+    const auto utf16 = [](std::string_view utf8) {
+        return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    };
+    return QCoreApplication::translate("quillmar-check", english).arg(utf16(args)...).toStdString();
+}
+
 // A count with its noun, singular for one: "1 row", "2 rows".
-void AppendCount(uint64_t count, std::string_view noun, std::string& out) {
-    AppendNumber(count, out);
-    out += ' ';
-    out += noun;
-    if (count != 1) out += 's';
+void AppendCount(uint64_t count, const char* one, const char* many, std::string& out) {
+    std::string number;
+    AppendNumber(count, number);
+    out += Translated(count == 1 ? one : many, number);
 }
 
 } // namespace
@@ -87,9 +97,9 @@ void AppendRow(ReportFormat format, uint64_t row, std::string& out) {
 }
 
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
-    const PreparedRules& rules, std::string& out) {
+    const PreparedRules& rules, std::string& out, const MessageCatalogue& catalogue) {
     std::string message;
-    AppendUtf8(ShownMessage(value, bits, rules), message);
+    AppendUtf8(ShownMessage(value, bits, rules, catalogue), message);
     if (format == ReportFormat::Text) {
         out += ", ";
         out += column;
@@ -135,9 +145,10 @@ void AppendViolation(ReportFormat format, std::string_view column, std::u16strin
 
 void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out) {
     if (format == ReportFormat::Text) {
-        out += "column ";
-        out += column;
-        out += ": no field of the form has this name; not checked\n";
+        out += Translated(
+            QT_TRANSLATE_NOOP("quillmar-check", "column %1: no field of the form has this name; not checked"),
+            column);
+        out += '\n';
         return;
     }
     out += "{\"unchecked_column\":";
@@ -147,9 +158,10 @@ void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::st
 
 void AppendUncheckedField(ReportFormat format, std::string_view field, std::string& out) {
     if (format == ReportFormat::Text) {
-        out += "field ";
-        out += field;
-        out += ": no column of the data has this name; not checked\n";
+        out += Translated(
+            QT_TRANSLATE_NOOP("quillmar-check", "field %1: no column of the data has this name; not checked"),
+            field);
+        out += '\n';
         return;
     }
     out += "{\"unchecked_field\":";
@@ -162,13 +174,17 @@ void AppendSummary(ReportFormat format, const Summary& summary, std::string& out
     for (const auto& field : summary.brokenByField)
         broken += field.second;
     if (format == ReportFormat::Text) {
-        out += "checked ";
-        AppendCount(summary.rows, "row", out);
-        out += ", ";
-        AppendCount(summary.values, "value", out);
-        out += ": ";
-        AppendNumber(broken, out);
-        out += " broken\n";
+        std::string rows;
+        std::string values;
+        std::string brokenCount;
+        AppendCount(summary.rows, QT_TRANSLATE_NOOP("quillmar-check", "%1 row"),
+            QT_TRANSLATE_NOOP("quillmar-check", "%1 rows"), rows);
+        AppendCount(summary.values, QT_TRANSLATE_NOOP("quillmar-check", "%1 value"),
+            QT_TRANSLATE_NOOP("quillmar-check", "%1 values"), values);
+        AppendNumber(broken, brokenCount);
+        out += Translated(
+            QT_TRANSLATE_NOOP("quillmar-check", "checked %1, %2: %3 broken"), rows, values, brokenCount);
+        out += '\n';
         for (const auto& [name, count] : summary.brokenByField) {
             out += "  ";
             out += name;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "validation/MessageCatalogue.h"
 #include "validation/PreparedRules.h"
 
 #include <cstdint>
@@ -17,9 +18,9 @@ enum class ReportFormat { Text, JsonLines };
 /// `ErrorMessageMode` (basic, advanced, or the author's own text as it stands) (text:
 /// `, Quantity "600" [vldCCMaxValue]: A ...`, the message's lines joined by a space, nothing after the
 /// constraints for an empty message; JSON: `,"column":...,"message":...}` with the lines kept), then a
-/// line feed.
+/// line feed. The message is composed in the language of `catalogue`; the constraint names never change.
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
-    const PreparedRules& rules, std::string& out);
+    const PreparedRules& rules, std::string& out, const MessageCatalogue& catalogue = EnglishMessages());
 
 /// Appends the start of a broken value's report line: `row 17` or `{"row":17`.
 void AppendRow(ReportFormat format, uint64_t row, std::string& out);

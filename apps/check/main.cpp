@@ -4,6 +4,10 @@
 #include "apps/check/FormFields.h"
 #include "apps/check/TableSource.h"
 #include "base/LocaleName.h"
+#include "i18n/QuillmarTranslations.h"
+
+#include <QCoreApplication>
+#include <QLocale>
 
 #include <charconv>
 #include <cstdio>
@@ -14,9 +18,11 @@
 namespace {
 
 constexpr const char* kUsage
-    = "usage: quillmar-check [--locale NAME] [--format text|json] [--table NAME] [--threads N] FORM DATA\n"
+    = "usage: quillmar-check [--locale NAME] [--messages LANGUAGE] [--format text|json] [--table NAME]\n"
+      "                      [--threads N] FORM DATA\n"
       "  Checks each value of DATA (a CSV file with a header row, or with --table a table of an SQLite\n"
       "  database) with the rules of the form's field of the same name.\n"
+      "  Messages are in the language of the locale; --messages en keeps them in English.\n"
       "  Exit status: 0 every value valid, 1 some broken, 2 unusable input (an unknown locale, a broken\n"
       "  form or data file, no column named after a field of the form).\n";
 
@@ -32,6 +38,7 @@ int main(int argc, char** argv) {
     using namespace quillmar::check;
     std::optional<std::string> localeName;
     std::optional<std::string> table;
+    std::optional<std::string> messagesName;
     CheckOptions options;
     std::vector<std::string_view> paths;
     for (int i = 1; i < argc; ++i) {
@@ -44,6 +51,10 @@ int main(int argc, char** argv) {
             const char* name = value();
             if (!name) return Usage("--locale needs a locale name (de_DE)");
             localeName = name;
+        } else if (arg == "--messages") {
+            const char* name = value();
+            if (!name) return Usage("--messages needs a language (en)");
+            messagesName = name;
         } else if (arg == "--format") {
             const char* name = value();
             if (!name || (std::strcmp(name, "text") != 0 && std::strcmp(name, "json") != 0))
@@ -82,6 +93,10 @@ int main(int argc, char** argv) {
         }
     }
     const LocaleInfo locale = localeName ? LocaleInfo::FromName(*localeName) : LocaleInfo::FromEnvironment();
+    // The messages speak the language of the values' locale, unless another is named.
+    QCoreApplication application(argc, argv);
+    InstallTranslations(QLocale(QString::fromStdString(messagesName.value_or(locale.name))));
+    options.catalogue = &TranslatedMessages();
     const FormFields form = LoadFormFields(std::filesystem::path(paths[0]), locale);
     if (!form.error.empty()) {
         std::fprintf(stderr, "quillmar-check: %s\n", form.error.c_str());

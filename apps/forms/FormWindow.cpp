@@ -41,7 +41,7 @@ FormWindow::FormWindow(
     , m_formPath(formPath)
     , m_databasePath(databasePath)
     , m_table(TableOf(document, formPath)) {
-    setWindowTitle(qt::ToQString(document.title) + QStringLiteral(" \u2014 Quillmar Forms"));
+    setWindowTitle(tr("%1 \u2014 Quillmar Forms").arg(qt::ToQString(document.title)));
     m_area = new QWidget(this);
     m_area->setFixedSize(document.width, document.height);
     m_area->setFont(FormAmbientFont());

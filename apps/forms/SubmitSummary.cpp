@@ -1,17 +1,21 @@
 #include "apps/forms/SubmitSummary.h"
 
+#include "qt/QtConversions.h"
+
+#include <QCoreApplication>
+
 #include <string>
 
 namespace quillmar::forms {
 
 std::u16string SubmitSummary(const std::vector<InvalidField>& fields) {
-    std::u16string summary = u"The record was not stored. Please correct ";
-    if (fields.size() == 1) {
-        summary += u"this field:\n";
-    } else {
-        const std::string count = std::to_string(fields.size());
-        summary += u"these " + std::u16string(count.begin(), count.end()) + u" fields:\n";
-    }
+    std::u16string summary
+        = qt::FromQString(fields.size() == 1 ? QCoreApplication::translate(
+                              "SubmitSummary", "The record was not stored. Please correct this field:")
+                                             : QCoreApplication::translate("SubmitSummary",
+                                                 "The record was not stored. Please correct these %1 fields:")
+                                                   .arg(fields.size()));
+    summary += u'\n';
     for (const InvalidField& field : fields) {
         summary += u"\n\u2022 " + field.label + u": ";
         // The composed messages break their lines with "\r\n"; each further line is indented under the first.

@@ -3,6 +3,7 @@
 #include "apps/forms/DesignWindow.h"
 #include "apps/forms/FormWindow.h"
 #include "apps/forms/Record.h"
+#include "i18n/QuillmarTranslations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -103,6 +104,9 @@ int main(int argc, char** argv) {
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillmar-forms"));
+    // The user's language, for the product's texts and for Qt's own (the standard buttons).
+    quillmar::InstallTranslations(QLocale());
+    quillmar::InstallQtTranslation(QLocale());
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Runs a Quillmar form file, or designs one (--design)."));
     parser.addHelpOption();
