@@ -5,7 +5,7 @@ BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
              libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
-             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
+             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 

@@ -183,6 +183,39 @@ TEST(CsvCheck, ToolRefusesALocaleItDoesNotKnow) {
     }
 }
 
+// The messages follow the locale's language, the constraint names never change, and --messages en keeps
+// the English for scripts.
+TEST(CsvCheck, ToolPrintsItsMessagesInTheLanguageOfTheLocale) {
+    const struct {
+        const char* environment;
+        const char* option;
+        const char* line; // a line of the report
+    } rows[] = {
+        { "LANG=C", "--locale de_DE",
+            "row 1, OrderDate \"3/15/2024\" [vldCCMustBeDate]: Ungültige Datumseingabe." },
+        { "LANG=de_DE.UTF-8", "", "geprüft: 2 Zeilen, 8 Werte; 2 fehlerhaft" },
+        { "LANG=C", "--locale de_DE --messages en",
+            "row 1, OrderDate \"3/15/2024\" [vldCCMustBeDate]: Invalid date entry." },
+        { "LANG=C", "--locale de_DE --format json",
+            R"({"row":1,"column":"OrderDate","value":"3/15/2024","bits":65536,"constraints":["vldCCMustBeDate"],"message":"Ungültige Datumseingabe."})" },
+        { "LANG=C", "--locale en_US --messages de",
+            "Spalte Comment: kein Feld des Formulars trägt diesen Namen; nicht geprüft" },
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.environment) + " " + row.option);
+        const std::string outPath = ::testing::TempDir() + "/check-language.out";
+        const std::string command = std::string("env -u LC_ALL -u LC_NUMERIC ") + row.environment + " "
+            + QUILLMAR_CHECK_BINARY + " " + row.option + " " + DataPath("check.qform.json") + " "
+            + DataPath("columns.csv") + " >" + outPath;
+        const int status = std::system(command.c_str());
+        ASSERT_TRUE(WIFEXITED(status));
+        std::ifstream outFile(outPath);
+        std::stringstream out;
+        out << outFile.rdbuf();
+        EXPECT_NE(out.str().find(std::string(row.line) + "\n"), std::string::npos) << out.str();
+    }
+}
+
 TEST(CsvCheck, TinyChunksOnManyThreadsGiveTheSequentialResult) {
     for (const char* file : { "quoted.csv", "columns.csv", "malformed.csv", "short.csv", "unclosed.csv",
              "broken.csv", "one.csv" }) {
