@@ -1,6 +1,8 @@
 // quillmar-page-screenshots: opens the property pages on one field of a form file, as a form designer would,
-// and saves a picture of each page. The README's pictures of the pages are made with it.
+// and saves a picture of each page, in the language of LOCALE when one is named (en_US by default). The
+// README's pictures of the pages are made with it.
 #include "formfile/FormFile.h"
+#include "i18n/QuillmarTranslations.h"
 #include "pages/FieldPages.h"
 #include "qt/QuillmarEdit.h"
 
@@ -13,11 +15,14 @@
 #include <filesystem>
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: quillmar-page-screenshots FORM FIELD FOLDER\n");
+    if (argc != 4 && argc != 5) {
+        std::fprintf(stderr, "usage: quillmar-page-screenshots FORM FIELD FOLDER [LOCALE]\n");
         return 2;
     }
     QApplication app(argc, argv);
+    const QString localeName = argc == 5 ? QString::fromLocal8Bit(argv[4]) : QStringLiteral("en_US");
+    quillmar::InstallTranslations(QLocale(localeName));
+    quillmar::InstallQtTranslation(QLocale(localeName));
     const quillmar::FormResult form = quillmar::LoadFormFile(argv[1]);
     if (!form.document) {
         std::fprintf(stderr, "quillmar-page-screenshots: %s\n", form.error.c_str());
@@ -34,12 +39,12 @@ int main(int argc, char** argv) {
     QWidget designSurface;
     auto* edit = new quillmar::qt::QuillmarEdit(&designSurface);
     edit->setObjectName(QString::fromLocal8Bit(argv[2]));
-    edit->SetLocaleName(QStringLiteral("en_US"));
+    edit->SetLocaleName(localeName);
     edit->SetUserMode(false);
     edit->control().ReadProperties(field->properties);
 
     quillmar::pages::PropertyPageFrame frame;
-    frame.SetLocaleName(QStringLiteral("en_US"));
+    frame.SetLocaleName(localeName);
     quillmar::pages::AddFieldPages(frame);
     frame.SetSelectedControls({ edit });
     frame.show();

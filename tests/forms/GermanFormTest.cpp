@@ -42,6 +42,7 @@ protected:
         ASSERT_TRUE(form.document) << form.error;
         window = std::make_unique<FormWindow>(
             *form.document, QString(), folder.filePath(QStringLiteral("o.sqlite")));
+        ASSERT_EQ(window->Load("orders.qform.json"), std::nullopt);
         window->SetLocaleName(QStringLiteral("de_DE"));
         window->SetMessageHandler([this](FormWindow::MessageKind, const QString& title, const QString& text) {
             boxes << title + QLatin1Char('|') + text;
@@ -91,8 +92,12 @@ TEST_F(German, TheFormItsFieldsAndItsBoxesSpeakGerman) {
     EXPECT_EQ(boxes.last(),
         QStringLiteral(
             "Datensatz nicht gespeichert|Der Datensatz wurde nicht gespeichert. Bitte korrigieren Sie diese "
-            "2 Felder:\n\n\u2022 Order number: An order number has six digits, such as 012345.\n"
-            "\u2022 Quantity: Eine ganze Zahl zwischen 1 und 500 ist erforderlich."));
+            "4 Felder:\n\n"
+            "\u2022 Customer code: A customer code is two letters, a hyphen and four digits, such as "
+            "AB-1234.\n"
+            "\u2022 Order number: An order number has six digits, such as 012345.\n"
+            "\u2022 Order date: Dieses Feld muss ausgefüllt werden.\n"
+            "\u2022 Unit price: Dieses Feld muss ausgefüllt werden."));
 }
 
 // The frame's standard buttons, a page's refusal and Qt's question buttons.
