@@ -280,7 +280,7 @@
     <name>QuillmarTips</name>
     <message>
         <source>Only digits, &quot;:&quot; and AM or PM can be typed here</source>
-        <translation>Hier können nur Ziffern, „:“ und AM oder PM eingegeben werden</translation>
+        <translation>Hier sind nur Ziffern, „:“ und AM oder PM erlaubt</translation>
     </message>
     <message>
         <source>That would not make a time</source>
@@ -288,7 +288,7 @@
     </message>
     <message>
         <source>Only digits and / - . can be typed here</source>
-        <translation>Hier können nur Ziffern und / - . eingegeben werden</translation>
+        <translation>Hier sind nur Ziffern und / - . erlaubt</translation>
     </message>
     <message>
         <source>That would not make a date</source>
@@ -296,7 +296,7 @@
     </message>
     <message>
         <source>Only digits can be typed here</source>
-        <translation>Hier können nur Ziffern eingegeben werden</translation>
+        <translation>Hier sind nur Ziffern erlaubt</translation>
     </message>
     <message>
         <source>The number already has a decimal separator</source>
@@ -308,7 +308,7 @@
     </message>
     <message>
         <source>Only whole numbers can be typed here</source>
-        <translation>Hier können nur ganze Zahlen eingegeben werden</translation>
+        <translation>Hier sind nur ganze Zahlen erlaubt</translation>
     </message>
     <message>
         <source>The number must be positive</source>
@@ -340,12 +340,12 @@
     </message>
     <message>
         <source>Only the field&apos;s own characters can be typed here</source>
-        <translation>Hier können nur die Zeichen dieses Feldes eingegeben werden</translation>
+        <translation>Hier sind nur die Zeichen dieses Feldes erlaubt</translation>
     </message>
     <message>
         <source>Only %1 can be typed here</source>
         <extracomment>%1 lists the characters the field takes: &quot;0–9 space + - ( )&quot;.</extracomment>
-        <translation>Hier können nur %1 eingegeben werden</translation>
+        <translation>Hier sind nur %1 erlaubt</translation>
     </message>
     <message>
         <source>Digits are not allowed here</source>
@@ -353,20 +353,20 @@
     </message>
     <message>
         <source>Only letters can be typed here</source>
-        <translation>Hier können nur Buchstaben eingegeben werden</translation>
+        <translation>Hier sind nur Buchstaben erlaubt</translation>
     </message>
     <message>
         <source>Only letters and %1 can be typed here</source>
         <extracomment>%1 lists the characters the author allowed besides letters: &quot;- &apos;&quot;.</extracomment>
-        <translation>Hier können nur Buchstaben und %1 eingegeben werden</translation>
+        <translation>Hier sind nur Buchstaben und %1 erlaubt</translation>
     </message>
     <message>
         <source>Only letters and spaces can be typed here</source>
-        <translation>Hier können nur Buchstaben und Leerzeichen eingegeben werden</translation>
+        <translation>Hier sind nur Buchstaben und Leerzeichen erlaubt</translation>
     </message>
     <message>
         <source>Only letters, spaces and %1 can be typed here</source>
-        <translation>Hier können nur Buchstaben, Leerzeichen und %1 eingegeben werden</translation>
+        <translation>Hier sind nur Buchstaben, Leerzeichen und %1 erlaubt</translation>
     </message>
     <message>
         <source>Numbers here are written like %1</source>

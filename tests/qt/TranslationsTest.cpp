@@ -177,7 +177,7 @@ const std::vector<MessageRow>& Rows() {
                 return RefusalText(Refusal::OnlyLetters, s, Us(), c);
             },
             u"Only letters and ' space can be typed here",
-            u"Hier können nur Buchstaben und ' Leerzeichen eingegeben werden" },
+            u"Hier sind nur Buchstaben und ' Leerzeichen erlaubt" },
     };
     return rows;
 }
