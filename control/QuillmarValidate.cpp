@@ -137,8 +137,10 @@ std::u16string Quillmar::CurrentErrorMessage() const {
     if (bits <= 0) return {};
     std::u16string message = m_settings.ErrorMessageMode == vldCustom
         ? m_settings.ErrorMessage
-        : ComposeErrorMessage(text, bits, 0, m_settings, Locale(), m_host.editBox.MaxLength());
-    if (message.find_first_not_of(u" \r\n") == std::u16string::npos) return u"This entry is not valid.";
+        : ComposeErrorMessage(
+            text, bits, 0, m_settings, Locale(), m_host.editBox.MaxLength(), m_host.catalogue);
+    if (message.find_first_not_of(u" \r\n") == std::u16string::npos)
+        return ComposeMessage(m_host.catalogue, MessageId::EntryNotValid);
     return message;
 }
 

@@ -11,6 +11,14 @@
         <source>&lt;b&gt;Quillmar&lt;/b&gt; %1&lt;br&gt;A data-entry field that knows what it must contain.</source>
         <translation>&lt;b&gt;Quillmar&lt;/b&gt; %1&lt;br&gt;Ein Eingabefeld, das weiß, was es enthalten muss.</translation>
     </message>
+    <message>
+        <source>Not valid: %1</source>
+        <translation>Ungültig: %1</translation>
+    </message>
+    <message>
+        <source>Not valid</source>
+        <translation>Ungültig</translation>
+    </message>
 </context>
 <context>
     <name>QuillmarMessages</name>
@@ -119,6 +127,11 @@
         <source>Invalid Entry</source>
         <extracomment>The title of the error message box while the author has not given one.</extracomment>
         <translation>Ungültige Eingabe</translation>
+    </message>
+    <message>
+        <source>This entry is not valid.</source>
+        <extracomment>Shown for an invalid field whose own message is empty, so that it always has a reason to show.</extracomment>
+        <translation>Diese Eingabe ist ungültig.</translation>
     </message>
 </context>
 <context>

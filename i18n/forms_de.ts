@@ -15,10 +15,6 @@
 <context>
     <name>SubmitSummary</name>
     <message>
-        <source>This entry is not valid.</source>
-        <translation>Diese Eingabe ist ungültig.</translation>
-    </message>
-    <message>
         <source>The record was not stored. Please correct this field:</source>
         <translation>Der Datensatz wurde nicht gespeichert. Bitte korrigieren Sie dieses Feld:</translation>
     </message>

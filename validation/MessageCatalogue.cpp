@@ -55,6 +55,8 @@ constexpr Entry kEntries[] = {
     { MessageId::ClosestInserted, QUILLMAR_TEXT("QuillmarMessages", "Closest value inserted.") },
     //: The title of the error message box while the author has not given one.
     { MessageId::InvalidEntryTitle, QUILLMAR_TEXT("QuillmarMessages", "Invalid Entry") },
+    //: Shown for an invalid field whose own message is empty, so that it always has a reason to show.
+    { MessageId::EntryNotValid, QUILLMAR_TEXT("QuillmarMessages", "This entry is not valid.") },
 
     { MessageId::AnInteger, QUILLMAR_TEXT("QuillmarRules", "An integer") },
     { MessageId::APositiveInteger, QUILLMAR_TEXT("QuillmarRules", "A positive integer") },

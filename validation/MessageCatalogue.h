@@ -53,6 +53,8 @@ enum class MessageId : uint16_t {
     ClosestInserted,
     // The default title of the message box.
     InvalidEntryTitle,
+    // What an invalid field whose message says nothing shows instead.
+    EntryNotValid,
     // The rules in words.
     AnInteger,
     APositiveInteger,
