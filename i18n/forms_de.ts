@@ -24,6 +24,49 @@
     </message>
 </context>
 <context>
+    <name>quillmar-forms</name>
+    <message>
+        <source>Runs a Quillmar form file, or designs one (--design).</source>
+        <translation>Führt eine Quillmar-Formulardatei aus oder entwirft eine (--design).</translation>
+    </message>
+    <message>
+        <source>The form file (the example orders form by default).</source>
+        <translation>Die Formulardatei (ohne Angabe das Beispiel-Bestellformular).</translation>
+    </message>
+    <message>
+        <source>Shows the form, saves a picture of its window to &lt;file&gt; and quits.</source>
+        <translation>Zeigt das Formular, speichert ein Bild seines Fensters in &lt;file&gt; und beendet sich.</translation>
+    </message>
+    <message>
+        <source>Stores the records in &lt;file&gt; (by default beside the form, named after it: orders.qform.json stores in orders.sqlite; the example form&apos;s in the user&apos;s data folder, $XDG_DATA_HOME/quillmar or ~/.local/share/quillmar).</source>
+        <translation>Speichert die Datensätze in &lt;file&gt; (ohne Angabe neben dem Formular und nach ihm benannt: orders.qform.json speichert in orders.sqlite; die des Beispielformulars im Datenordner des Benutzers, $XDG_DATA_HOME/quillmar oder ~/.local/share/quillmar).</translation>
+    </message>
+    <message>
+        <source>Starts the field &lt;name&gt; with &lt;text&gt; (repeatable).</source>
+        <translation>Beginnt das Feld &lt;name&gt; mit &lt;text&gt; (wiederholbar).</translation>
+    </message>
+    <message>
+        <source>With --screenshot: submits the form as filled and pictures the box that answers (the window when the record is stored).</source>
+        <translation>Mit --screenshot: sendet das Formular wie ausgefüllt ab und bildet das Antwortfenster ab (das Formularfenster, wenn der Datensatz gespeichert wird).</translation>
+    </message>
+    <message>
+        <source>Opens the form (a new empty form when none is named) in design mode.</source>
+        <translation>Öffnet das Formular (ein neues, leeres, wenn keines angegeben ist) im Entwurfsmodus.</translation>
+    </message>
+    <message>
+        <source>With --design: selects the field &lt;name&gt; (repeatable).</source>
+        <translation>Mit --design: wählt das Feld &lt;name&gt; aus (wiederholbar).</translation>
+    </message>
+    <message>
+        <source>With --design: opens the property pages on the selected fields.</source>
+        <translation>Mit --design: öffnet die Eigenschaftsseiten der ausgewählten Felder.</translation>
+    </message>
+    <message>
+        <source>Gives the field &lt;name&gt; the focus and types &lt;keys&gt; into it, as a person would; with --screenshot the picture is taken of the screen, so that a tip the field shows is in it.</source>
+        <translation>Gibt dem Feld &lt;name&gt; den Fokus und tippt &lt;keys&gt; hinein, wie ein Mensch es täte; mit --screenshot wird der Bildschirm aufgenommen, sodass ein Hinweis des Feldes darauf zu sehen ist.</translation>
+    </message>
+</context>
+<context>
     <name>quillmar::forms::DesignPages</name>
     <message>
         <source>Properties of %1</source>

@@ -108,31 +108,40 @@ int main(int argc, char** argv) {
     quillmar::InstallTranslations(QLocale());
     quillmar::InstallQtTranslation(QLocale());
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Runs a Quillmar form file, or designs one (--design)."));
+    parser.setApplicationDescription(QCoreApplication::translate(
+        "quillmar-forms", "Runs a Quillmar form file, or designs one (--design)."));
     parser.addHelpOption();
-    parser.addPositionalArgument(
-        QStringLiteral("form"), QStringLiteral("The form file (the example orders form by default)."));
+    parser.addPositionalArgument(QStringLiteral("form"),
+        QCoreApplication::translate("quillmar-forms", "The form file (the example orders form by default)."));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-        QStringLiteral("Shows the form, saves a picture of its window to <file> and quits."),
+        QCoreApplication::translate(
+            "quillmar-forms", "Shows the form, saves a picture of its window to <file> and quits."),
         QStringLiteral("file"));
     const QCommandLineOption database(QStringLiteral("database"),
-        QStringLiteral("Stores the records in <file> (by default beside the form, named after it: "
-                       "orders.qform.json stores in orders.sqlite; the example form's in the user's data "
-                       "folder, $XDG_DATA_HOME/quillmar or ~/.local/share/quillmar)."),
+        QCoreApplication::translate("quillmar-forms",
+            "Stores the records in <file> (by default beside the form, named after it: "
+            "orders.qform.json stores in orders.sqlite; the example form's in the user's data "
+            "folder, $XDG_DATA_HOME/quillmar or ~/.local/share/quillmar)."),
         QStringLiteral("file"));
     const QCommandLineOption fill(QStringLiteral("fill"),
-        QStringLiteral("Starts the field <name> with <text> (repeatable)."), QStringLiteral("name=text"));
+        QCoreApplication::translate("quillmar-forms", "Starts the field <name> with <text> (repeatable)."),
+        QStringLiteral("name=text"));
     const QCommandLineOption submit(QStringLiteral("submit"),
-        QStringLiteral("With --screenshot: submits the form as filled and pictures the box that answers (the "
-                       "window when the record is stored)."));
+        QCoreApplication::translate("quillmar-forms",
+            "With --screenshot: submits the form as filled and pictures the box that answers (the "
+            "window when the record is stored)."));
     const QCommandLineOption design(QStringLiteral("design"),
-        QStringLiteral("Opens the form (a new empty form when none is named) in design mode."));
+        QCoreApplication::translate(
+            "quillmar-forms", "Opens the form (a new empty form when none is named) in design mode."));
     const QCommandLineOption select(QStringLiteral("select"),
-        QStringLiteral("With --design: selects the field <name> (repeatable)."), QStringLiteral("name"));
+        QCoreApplication::translate(
+            "quillmar-forms", "With --design: selects the field <name> (repeatable)."),
+        QStringLiteral("name"));
     const QCommandLineOption properties(QStringLiteral("properties"),
-        QStringLiteral("With --design: opens the property pages on the selected fields."));
+        QCoreApplication::translate(
+            "quillmar-forms", "With --design: opens the property pages on the selected fields."));
     const QCommandLineOption type(QStringLiteral("type"),
-        QStringLiteral(
+        QCoreApplication::translate("quillmar-forms",
             "Gives the field <name> the focus and types <keys> into it, as a person would; with "
             "--screenshot the picture is taken of the screen, so that a tip the field shows is in it."),
         QStringLiteral("name=keys"));
