@@ -8,7 +8,7 @@
 namespace quillmar {
 
 /// Marks a text of the product for the translation tools: its stable context and its English source, which
-/// `lupdate` reads when told `-tr-function-alias QT_TRANSLATE_NOOP=QUILLMAR_TEXT`. Expands to a
+/// `lupdate` reads when told `-tr-function-alias QT_TRANSLATE_NOOP+=QUILLMAR_TEXT`. Expands to a
 /// `MessageText`.
 #define QUILLMAR_TEXT(context, english)                                                                      \
     ::quillmar::MessageText {                                                                                \
