@@ -15,8 +15,9 @@ namespace quillmar {
 /// into the program (the control, the pages, the applications), the one that best fits the locale's
 /// languages ("de_DE" takes German), replacing those an earlier call installed. English, or a language the
 /// product does not ship, installs nothing and leaves the product's English. Returns how many translations
-/// were installed. Call it from the thread of the application object, after that object is made;
-/// widgets already shown receive a LanguageChange event.
+/// were installed. Call it from the thread of the application object, after that object is made and before
+/// the windows are: a widget takes its texts when it is made, and a field composes each message when it
+/// shows it.
 int InstallTranslations(const QLocale& locale);
 
 /// Installs Qt's own translation ("qtbase": the standard buttons, "Abbrechen", "Ja", "Nein") for `locale`
