@@ -24,6 +24,23 @@ public:
     }
 };
 
+// A catalogue with a translation of its own, not one installed in the application.
+class OwnTranslationCatalogue final : public MessageCatalogue {
+public:
+    explicit OwnTranslationCatalogue(std::unique_ptr<QTranslator> translator)
+        : m_translator(std::move(translator)) { }
+    [[nodiscard]] std::u16string Template(MessageId id) const override {
+        const MessageText& source = MessageSource(id);
+        QString text = m_translator->translate(source.context, source.english);
+        if (text.isEmpty()) text = QString::fromUtf8(source.english);
+        return std::u16string(
+            reinterpret_cast<const char16_t*>(text.utf16()), static_cast<size_t>(text.size()));
+    }
+
+private:
+    std::unique_ptr<QTranslator> m_translator;
+};
+
 // Each library embeds its compiled translations under this folder as "<library>_<language>.qm".
 const QString kFolder = QStringLiteral(":/i18n/quillmar");
 
@@ -42,6 +59,13 @@ std::unique_ptr<QTranslator>& InstalledQt() {
 const MessageCatalogue& TranslatedMessages() {
     static const TranslatedCatalogue catalogue;
     return catalogue;
+}
+
+std::shared_ptr<const MessageCatalogue> MessagesFor(const QLocale& locale) {
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(locale, QStringLiteral("control"), QStringLiteral("_"), kFolder))
+        return std::make_shared<EnglishCatalogue>();
+    return std::make_shared<OwnTranslationCatalogue>(std::move(translator));
 }
 
 int InstallTranslations(const QLocale& locale) {

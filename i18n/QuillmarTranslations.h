@@ -2,6 +2,8 @@
 
 #include "validation/MessageCatalogue.h"
 
+#include <memory>
+
 class QLocale;
 
 namespace quillmar {
@@ -10,6 +12,12 @@ namespace quillmar {
 /// context, so that an installed translation replaces it; with none installed, the product's English,
 /// character for character. Safe to use from any thread.
 [[nodiscard]] const MessageCatalogue& TranslatedMessages();
+
+/// The control's messages in the language of `locale`, read from the translation embedded in the program,
+/// whatever the application installed. Needs no application object, so that a library loaded into another
+/// program (the SQLite extension) speaks the user's language. English when the product ships no translation
+/// for the locale's languages.
+[[nodiscard]] std::shared_ptr<const MessageCatalogue> MessagesFor(const QLocale& locale);
 
 /// Installs the product's translations for `locale` in the application: of every Quillmar library linked
 /// into the program (the control, the pages, the applications), the one that best fits the locale's

@@ -4,6 +4,7 @@
 #include "base/Utf8.h"
 #include "formfile/FieldRules.h"
 #include "formfile/StoredText.h"
+#include "i18n/QuillmarTranslations.h"
 
 // Built into the loadable module, every SQLite call goes through the routines the loading program hands
 // over; built into a program, straight to the library it links.
@@ -13,6 +14,9 @@ SQLITE_EXTENSION_INIT3
 #else
 #include <sqlite3.h>
 #endif
+
+#include <QLocale>
+#include <QString>
 
 #include <filesystem>
 #include <map>
@@ -30,6 +34,7 @@ struct ReadForm {
     std::uintmax_t size = 0;
     std::filesystem::file_time_type modified;
     std::vector<CheckedField> fields;
+    std::shared_ptr<const MessageCatalogue> messages; // the messages in the locale's language
 };
 
 // A locale as named in SQL; none for the process's locale.
@@ -74,7 +79,11 @@ std::shared_ptr<const ReadForm> FormCache::Find(
         error = std::move(form.error);
         return nullptr;
     }
-    cached = std::make_shared<const ReadForm>(ReadForm { size, modified, std::move(form.fields) });
+    // The process's locale is the one its environment names (LC_ALL, LC_MESSAGES, LANG); English without one.
+    const auto environment = EnvironmentLocale();
+    const std::string language = localeName ? *localeName : environment ? environment->second : "en_US";
+    cached = std::make_shared<const ReadForm>(ReadForm {
+        size, modified, std::move(form.fields), MessagesFor(QLocale(QString::fromStdString(language))) });
     return cached;
 }
 
@@ -148,7 +157,7 @@ void Answer(sqlite3_context* context, int count, sqlite3_value** arguments) {
     const int32_t bits = rules.CheckInput(text);
     if (!function.message) return sqlite3_result_int64(context, bits);
     if (bits == 0) return sqlite3_result_null(context);
-    const std::string message = ToUtf8(ShownMessage(text, bits, rules));
+    const std::string message = ToUtf8(ShownMessage(text, bits, rules, *form->messages));
     sqlite3_result_text(context, message.c_str(), static_cast<int>(message.size()), SQLITE_TRANSIENT);
 }
 

@@ -87,11 +87,13 @@ TEST_F(RuleFunctions, TypedValuesAreCheckedAsTheTextsTypedInTheLocale) {
         { "Quantity", "'12'", "en_US", "0", nullptr },
         { "Price", "2.5", "de_DE", "0", nullptr }, // read as "2,5"
         { "Price", "'2.5'", "de_DE", "0", nullptr }, // a point number text takes the locale's separator
-        { "Price", "2.505", "de_DE", "16384", "Invalid number of decimals. Maximum is 2." },
+        { "Price", "2.505", "de_DE", "16384",
+            "Ungültige Anzahl Nachkommastellen. Höchstens 2 sind zulässig." },
         { "Price", "0.0", "en_US", "16", "Invalid numeric entry." },
         { "Day", "'2020-01-01'", "de_DE", "0", nullptr },
-        { "Day", "'2019-12-31'", "de_DE", "64", "A date after 01.01.2020 is required." },
-        { "Day", "'2020-02-30'", "de_DE", "65536", "Invalid date entry." }, // not a date: checked as it is
+        { "Day", "'2019-12-31'", "de_DE", "64", "Ein Datum nach dem 01.01.2020 ist erforderlich." },
+        { "Day", "'2020-02-30'", "de_DE", "65536",
+            "Ungültige Datumseingabe." }, // not a date: checked as it is
         { "Start", "'17:59:59'", "en_US", "0", nullptr },
         { "Start", "'18:00:01'", "en_US", "128", "A time before 6:00:00 PM is required." },
         { "Code", "12", "en_US", "0", nullptr },
