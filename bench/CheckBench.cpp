@@ -1,6 +1,7 @@
-// quillmar-check end to end: a generated file of a million orders with the example form's columns (about
-// one value in two hundred broken), checked on one core, on all cores, and by the peer script a user would
-// otherwise write (Python's csv module and regular expressions). Prints values per second and peak memory.
+// quillmar-check end to end: a generated file of a million orders with the example form's first eight
+// columns (about one value in a hundred and twenty broken), checked on one core, on all cores, and by the
+// peer script a user would otherwise write (Python's csv module and regular expressions). Prints values per
+// second and peak memory.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -17,7 +18,7 @@
 namespace {
 
 constexpr int kRows = 1000000;
-constexpr int kColumns = 14;
+constexpr int kColumns = 8;
 
 // One order as a person would enter it in en_US, now and then with a mistake.
 std::string Row(std::mt19937_64& random) {
@@ -26,25 +27,20 @@ std::string Row(std::mt19937_64& random) {
     static const char* const kLast[] = { "Smith", "Jones", "Brown", "Miller", "Davis", "Garcia" };
     const bool mistake = pick(15) == 0; // one row in fifteen holds one broken value
     const int broken = mistake ? pick(kColumns) : -1;
-    char line[512];
-    std::snprintf(line, sizeof line,
-        "%s %s,%c%c-%04d,%06d,%d/%d/%d,%d:%02d %s,%d,%d.%d,\"%d,%03d.%02d\",%d.%03d,%d.%dE%d,-%d.%02d,%s,"
-        "+1 (555) %03d-%04d,%s\n",
+    char line[256];
+    std::snprintf(line, sizeof line, "%s %s,%c%c-%04d,%06d,%d/%d/%d,%d:%02d %s,%d,%d.%d,\"%d,%03d.%02d\"\n",
         kFirst[pick(7)], broken == 0 ? "smith" : kLast[pick(6)], 'A' + pick(26), 'A' + pick(26), pick(10000),
         100000 + pick(900000), 1 + pick(12), 1 + pick(28), broken == 3 ? 2019 : 2020 + pick(10),
         broken == 4 ? 7 : 8 + pick(4), pick(60), "AM", broken == 5 ? 501 : 1 + pick(500), pick(100), pick(10),
-        pick(1000), pick(1000), pick(100), pick(1000), pick(1000), 1 + pick(9), pick(10), pick(20) - 10,
-        pick(100), pick(100), broken == 11 ? "Ref" : "ref", pick(1000), pick(10000),
-        broken == 13 ? "call <before> noon" : "leave at the door");
+        1 + pick(999), pick(1000), pick(100));
     return line;
 }
 
 std::string Generate() {
     const std::string path = (std::filesystem::temp_directory_path() / "quillmar-check-bench.csv").string();
     std::FILE* file = std::fopen(path.c_str(), "wb");
-    std::fputs("CustomerName,CustomerCode,OrderNumber,OrderDate,DeliveryTime,Quantity,Discount,UnitPrice,"
-               "Weight,ScaleFactor,Adjustment,Reference,Phone,Notes\n",
-        file);
+    std::fputs(
+        "CustomerName,CustomerCode,OrderNumber,OrderDate,DeliveryTime,Quantity,Discount,UnitPrice\n", file);
     std::mt19937_64 random(42);
     for (int i = 0; i < kRows; ++i)
         std::fputs(Row(random).c_str(), file);

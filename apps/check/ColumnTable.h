@@ -19,6 +19,13 @@ public:
     [[nodiscard]] size_t ColumnCount() const noexcept { return m_columns.size(); }
     [[nodiscard]] size_t RowCount() const noexcept { return m_rows; }
 
+    /// Empties the table for rows of `columns` values and gives room for `units` units at its start, which
+    /// the caller fills (a widened copy of the bytes being read) and values may then refer to with
+    /// `CommitSpan`. Values added with `Room` go after them.
+    char16_t* ClearWithUnits(size_t columns, size_t units);
+    /// Ends the value of `column` in the current row: the `units` units at `offset` of the table's start.
+    void CommitSpan(size_t column, size_t offset, size_t units);
+
     /// Room for `units` more UTF-16 units of the next value; valid until the next call.
     char16_t* Room(size_t units);
     /// Ends the value of `column` in the current row: the next `units` units of the room.

@@ -3,6 +3,7 @@
 #include "apps/check/RecordSplit.h"
 #include "base/Utf8.h"
 
+#include <climits>
 #include <csv.h>
 #include <memory>
 
@@ -106,7 +107,75 @@ std::optional<CsvProblem> CsvChunkReader::Parse(std::string_view bytes) {
     return std::nullopt;
 }
 
+// The inner bytes of a quoted value that holds quotes: each must be doubled, and stands for one.
+bool CsvChunkReader::AddQuoted(std::string_view inner, size_t column, ColumnTable& table) {
+    m_unescaped.clear();
+    for (size_t i = 0; i < inner.size(); ++i) {
+        m_unescaped.push_back(inner[i]);
+        if (inner[i] != '"') continue;
+        if (i + 1 == inner.size() || inner[i + 1] != '"') return false;
+        ++i;
+    }
+    size_t units = 0;
+    if (!DecodeUtf8(m_unescaped, table.Room(m_unescaped.size()), units)) return false;
+    table.CommitValue(column, units);
+    return true;
+}
+
+// A value without quotes or bytes beyond ASCII is a span of the widened bytes, so most values are never
+// copied.
+bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTable& table) {
+    if (bytes.size() > UINT32_MAX || columns == 0) return false;
+    m_structure.Scan(bytes, table.ClearWithUnits(columns, bytes.size()));
+    size_t column = 0;
+    const auto addValue = [&](size_t from, size_t to) {
+        if (column == columns) return false;
+        if (from < to && bytes[from] == '"') {
+            if (to - from < 2 || bytes[to - 1] != '"') return false;
+            ++from;
+            --to;
+            if (m_structure.AnyQuote(from, to))
+                return AddQuoted(bytes.substr(from, to - from), column++, table);
+        } else if (m_structure.AnyQuote(from, to)) {
+            return false;
+        }
+        if (m_structure.AnyHigh(from, to)) {
+            size_t units = 0;
+            if (!DecodeUtf8(bytes.substr(from, to - from), table.Room(to - from), units)) return false;
+            table.CommitValue(column++, units);
+        } else {
+            table.CommitSpan(column++, from, to - from);
+        }
+        return true;
+    };
+    size_t start = 0;
+    bool begun = false; // a comma has been seen in the current record
+    for (const uint32_t at : m_structure.Separators()) {
+        if (bytes[at] == ',') {
+            if (!addValue(start, at)) return false;
+            begun = true;
+        } else if (begun || at > start) { // a CR or LF right at a record's start ends an empty line
+            if (!addValue(start, at) || column != columns) return false;
+            table.CommitRow();
+            column = 0;
+            begun = false;
+        }
+        start = at + 1;
+    }
+    if (begun || start < bytes.size()) {
+        if (!addValue(start, bytes.size()) || column != columns) return false;
+        table.CommitRow();
+    }
+    return true;
+}
+
 std::optional<CsvProblem> CsvChunkReader::Read(std::string_view bytes, size_t columns, ColumnTable& table) {
+    if (ReadByScan(bytes, columns, table)) return std::nullopt;
+    return ReadByLibcsv(bytes, columns, table);
+}
+
+std::optional<CsvProblem> CsvChunkReader::ReadByLibcsv(
+    std::string_view bytes, size_t columns, ColumnTable& table) {
     *m_state = State {};
     m_state->table = &table;
     m_state->columns = columns;

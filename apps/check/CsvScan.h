@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace quillmar::check {
+
+/// The bytes of 64 CSV bytes that matter to a reader, one bit per byte (bit i for byte i).
+struct BlockMasks {
+    uint64_t quote = 0;
+    uint64_t comma = 0;
+    uint64_t lf = 0;
+    uint64_t cr = 0;
+    /// Bytes of 0x80 and above: the ones that are not ASCII.
+    uint64_t high = 0;
+};
+
+/// The masks of the `size` (at most 64) bytes at `bytes`; the bits past `size` are 0. When `widened` is not
+/// null, also writes each byte as one UTF-16 unit to it (`size` units), which is the UTF-16 form of the bytes
+/// wherever they are ASCII.
+[[nodiscard]] BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept;
+
+/// Each bit becomes the exclusive or of itself and every bit below it: for a quote mask, the bytes from an
+/// opening quote up to (not including) its closing quote. A doubled quote leaves and re-enters, so it needs
+/// no special case.
+[[nodiscard]] constexpr uint64_t PrefixXor(uint64_t bits) noexcept {
+    bits ^= bits << 1;
+    bits ^= bits << 2;
+    bits ^= bits << 4;
+    bits ^= bits << 8;
+    bits ^= bits << 16;
+    bits ^= bits << 32;
+    return bits;
+}
+
+/// The structure of a run of CSV bytes, found block by block: where the commas, CRs and LFs outside quotes
+/// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
+class CsvStructure {
+public:
+    /// Scans `bytes` (at most 4 GiB) and writes their widened form to `widened` (`bytes.size()` units).
+    void Scan(std::string_view bytes, char16_t* widened);
+
+    /// The positions of the commas, CRs and LFs outside quotes, in order.
+    [[nodiscard]] std::span<const uint32_t> Separators() const noexcept { return m_separators; }
+    /// Whether a quote, or a byte that is not ASCII, stands in [from, to).
+    [[nodiscard]] bool AnyQuote(size_t from, size_t to) const noexcept { return AnyBit(m_quotes, from, to); }
+    [[nodiscard]] bool AnyHigh(size_t from, size_t to) const noexcept { return AnyBit(m_high, from, to); }
+
+private:
+    static bool AnyBit(const std::vector<uint64_t>& bits, size_t from, size_t to) noexcept;
+
+    std::vector<uint32_t> m_separators;
+    std::vector<uint64_t> m_quotes;
+    std::vector<uint64_t> m_high;
+};
+
+} // namespace quillmar::check
