@@ -1,6 +1,8 @@
 // The CSV reading path of quillmar-check: any bytes give a report and exit status 0 or 1, or status 2 with
 // one line naming the file; reading in tiny blocks on two threads gives exactly what one block on one thread
-// gives; and every value read gets from the prepared checker the bits the interactive checker gives.
+// gives; the structural scan reads every record and every fault as libcsv does, the bytes in one piece and
+// cut into chunks of whole records as the tool cuts them; and every value read gets from the prepared checker
+// the bits the interactive checker gives.
 #include "apps/check/CsvChunk.h"
 #include "apps/check/CsvSource.h"
 #include "apps/check/RecordSplit.h"
@@ -41,8 +43,65 @@ Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsi
     return { status, Drain(out), Drain(err) };
 }
 
+// The bytes read by the structural scan (falling back to libcsv where it is unsure) and by libcsv alone.
+void CompareReaders(std::string_view bytes, size_t columns) {
+    static CsvChunkReader scanning;
+    static CsvChunkReader reference;
+    ColumnTable scanned;
+    ColumnTable expected;
+    const auto problem = scanning.Read(bytes, columns, scanned);
+    const auto expectedProblem = reference.ReadByLibcsv(bytes, columns, expected);
+    fuzz::Require(problem.has_value() == expectedProblem.has_value()
+            && (!problem
+                || (problem->what == expectedProblem->what
+                    && problem->lineBreaksBefore == expectedProblem->lineBreaksBefore)),
+        "the structural scan and libcsv see different faults");
+    fuzz::Require(
+        scanned.RowCount() == expected.RowCount(), "the structural scan and libcsv read different rows");
+    for (size_t column = 0; column < columns; ++column) {
+        const auto a = scanned.Column(column);
+        const auto b = expected.Column(column);
+        fuzz::Require(std::equal(a.begin(), a.end(), b.begin(), b.end()),
+            "the structural scan and libcsv read different values");
+    }
+}
+
+// Where the cut into whole records goes, byte by byte: the reference of the block-wise `CompleteRecords`.
+RecordPrefix ReferenceCut(std::string_view bytes) {
+    RecordPrefix prefix;
+    bool quoted = false;
+    size_t lineBreaks = 0;
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '"') quoted = !quoted;
+        const bool lineBreak
+            = bytes[i] == '\n' || (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] != '\n');
+        if (!lineBreak) continue;
+        ++lineBreaks;
+        if (!quoted) prefix = { i + 1, lineBreaks };
+    }
+    return prefix;
+}
+
+// The body in one piece, then in the chunks of whole records a reader of `block` bytes at a time cuts.
+void CompareReadersInChunks(std::string_view body, size_t columns, size_t block) {
+    CompareReaders(body, columns);
+    size_t start = 0;
+    for (size_t end = std::min(block, body.size());; end = std::min(end + block, body.size())) {
+        const bool atEnd = end == body.size();
+        const std::string_view buffer = body.substr(start, end - start);
+        const RecordPrefix complete = CompleteRecords(buffer);
+        const RecordPrefix reference = ReferenceCut(buffer);
+        fuzz::Require(complete.length == reference.length && complete.lineBreaks == reference.lineBreaks,
+            "the cut into whole records is not where a byte-wise reader puts it");
+        const size_t cut = atEnd ? buffer.size() : complete.length;
+        if (cut > 0) CompareReaders(buffer.substr(0, cut), columns);
+        start += cut;
+        if (atEnd) break;
+    }
+}
+
 // Each value of the bytes' records, read in one piece, checked both ways.
-void CompareCheckers(const std::vector<CheckedField>& fields, std::string_view bytes) {
+void CompareCheckers(const std::vector<CheckedField>& fields, std::string_view bytes, size_t block) {
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
     RecordPrefix header = FirstRecord(bytes);
     if (header.length == 0) header.length = bytes.size();
@@ -51,6 +110,7 @@ void CompareCheckers(const std::vector<CheckedField>& fields, std::string_view b
     if (reader.ReadHeader(bytes.substr(0, header.length), names) || names.empty()) return;
     ColumnTable table;
     (void)reader.Read(bytes.substr(header.length), names.size(), table);
+    CompareReadersInChunks(bytes.substr(header.length), names.size(), block);
     for (size_t column = 0; column < names.size(); ++column) {
         const int field = FindField(fields, names[column]);
         if (field < 0) continue;
@@ -92,6 +152,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         : split.err == whole.err;
     fuzz::Require(split.status == whole.status && split.out == whole.out && sameFault,
         "reading in small blocks differs from reading at once");
-    CompareCheckers(fields, bytes);
+    CompareCheckers(fields, bytes, block);
     return 0;
 }

@@ -1,5 +1,10 @@
 #include "apps/check/RecordSplit.h"
 
+#include "apps/check/CsvScan.h"
+
+#include <algorithm>
+#include <bit>
+
 namespace quillmar::check {
 namespace {
 
@@ -28,11 +33,29 @@ template <typename AtTerminator> void ForEachTerminator(std::string_view bytes, 
 } // namespace
 
 RecordPrefix CompleteRecords(std::string_view bytes) noexcept {
+    // Block by block: the line breaks are the LFs and the CRs not followed by an LF, the terminators those of
+    // them outside quotes; the cut goes after the last terminator.
     RecordPrefix prefix;
-    ForEachTerminator(bytes, [&](size_t end, size_t lineBreaks) {
-        prefix = { end, lineBreaks };
-        return true;
-    });
+    uint64_t inside = 0; // all ones while the previous block ended inside quotes
+    size_t lineBreaks = 0;
+    const size_t n = bytes.size();
+    for (size_t base = 0; base < n; base += 64) {
+        const size_t size = std::min<size_t>(64, n - base);
+        const BlockMasks masks = ScanBlock(bytes.data() + base, size, nullptr);
+        const uint64_t quoted = PrefixXor(masks.quote) ^ inside;
+        inside = uint64_t { 0 } - (quoted >> 63);
+        const bool lfFollows = base + size < n && bytes[base + size] == '\n';
+        uint64_t lonelyCr = masks.cr & ~((masks.lf >> 1) | (uint64_t { lfFollows } << 63));
+        if (base + size == n) lonelyCr &= ~(uint64_t { 1 } << (size - 1)); // undecided: an LF may follow
+        const uint64_t breaks = masks.lf | lonelyCr;
+        if (const uint64_t terminators = breaks & ~quoted; terminators != 0) {
+            const int last = 63 - std::countl_zero(terminators);
+            const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
+            prefix = { base + static_cast<size_t>(last) + 1,
+                lineBreaks + static_cast<size_t>(std::popcount(breaks & upToLast)) };
+        }
+        lineBreaks += static_cast<size_t>(std::popcount(breaks));
+    }
     return prefix;
 }
 

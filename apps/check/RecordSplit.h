@@ -14,9 +14,10 @@ struct RecordPrefix {
     size_t lineBreaks = 0;
 };
 
-/// Finds the cut with one pass that tracks whether it stands inside quotes (a doubled quote leaves and
-/// re-enters, so it needs no special case). A CR at the very end is left undecided, since an LF may follow.
-/// For well-formed CSV every cut lies between two records exactly where a sequential reader sees one end.
+/// Finds the cut with one pass over 64-byte blocks that tracks whether it stands inside quotes (a doubled
+/// quote leaves and re-enters, so it needs no special case). A CR at the very end is left undecided, since an
+/// LF may follow. For well-formed CSV every cut lies between two records exactly where a sequential reader
+/// sees one end.
 [[nodiscard]] RecordPrefix CompleteRecords(std::string_view bytes) noexcept;
 
 /// The prefix that ends with the terminator of the first record (empty lines before it included); length 0
