@@ -103,7 +103,68 @@ bool PreparedRules::HasTooManyDecimals(std::u16string_view text) const noexcept 
     return false;
 }
 
+// The rules of a number's value, whatever its text.
+int32_t PreparedRules::ValueRules(double value) const noexcept {
+    int32_t result = 0;
+    if (value < 0 && m_settings.MustBePositive) result |= vldCCMustBePositive;
+    if (value > 0 && m_settings.MustBeNegative) result |= vldCCMustBeNegative;
+    if (value == 0 && m_settings.MustNotBeZero) result |= vldCCMustNotBeZero;
+    for (const double item : m_forbiddenValues)
+        if (item == value) result |= vldCCMustNotBeValues;
+    if (m_minimum && value < *m_minimum) result |= vldCCMinValue;
+    if (m_maximum && value > *m_maximum) result |= vldCCMaxValue;
+    return result;
+}
+
+// The most common number texts, "-123" and "-123.45" (the locale's decimal separator, at most 15 digits, no
+// group separator, sign only where the type takes one), judged in one pass. Their value is exact: the digits
+// make an integer below 2^53, divided once by an exact power of ten, which rounds as the full reading does.
+// Their shape passes the type's whole-text test save for the integral types' ranges and the currency's,
+// which 15 digits cannot leave once the whole part is short enough. -1 for any other text, which goes the
+// full way.
+int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept {
+    const int32_t type = m_settings.MustBeType;
+    const bool integral = type == vldByte || type == vldInteger || type == vldLong;
+    if (!integral && type != vldDouble && type != vldCurrency) return -1;
+    size_t i = 0;
+    const bool negative = text[0] == u'-';
+    if (negative) {
+        if (type == vldByte) return -1;
+        i = 1;
+    }
+    uint64_t mantissa = 0;
+    size_t wholeDigits = 0;
+    for (; i < text.size() && IsDigit(text[i]); ++i, ++wholeDigits)
+        mantissa = mantissa * 10 + static_cast<uint64_t>(text[i] - u'0');
+    if (wholeDigits == 0 || wholeDigits > 15) return -1;
+    const uint64_t whole = mantissa;
+    size_t fractionDigits = 0;
+    if (i < text.size()) {
+        if (integral || text[i] != m_locale.decimalSeparator) return -1;
+        for (++i; i < text.size() && IsDigit(text[i]); ++i, ++fractionDigits)
+            mantissa = mantissa * 10 + static_cast<uint64_t>(text[i] - u'0');
+        if (i < text.size() || fractionDigits == 0 || wholeDigits + fractionDigits > 15) return -1;
+    }
+    if (type == vldCurrency && wholeDigits > 14) return -1;
+    static constexpr double kPowers[]
+        = { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15 };
+    double value = static_cast<double>(mantissa) / kPowers[fractionDigits];
+    if (negative) value = -value;
+    int32_t result = ValueRules(value);
+    if (integral) {
+        const uint64_t limit = type == vldByte ? 255
+            : type == vldInteger               ? (negative ? 32768 : 32767)
+                                               : (negative ? UINT64_C(2147483648) : UINT64_C(2147483647));
+        if (whole > limit) result |= TypeBit(type);
+    }
+    if (m_settings.MaxNumberOfDecimals > 0
+        && fractionDigits > static_cast<size_t>(m_settings.MaxNumberOfDecimals))
+        result |= vldCCMaxNumberOfDecimals;
+    return result;
+}
+
 int32_t PreparedRules::NumericRules(std::u16string_view text) const noexcept {
+    if (const int32_t plain = PlainNumberRules(text); plain >= 0) return plain;
     ScannedNumber number;
     switch (ScanNumber(text, m_locale, GroupingOf(m_settings.ThousandSeparator), number)) {
     case NumberScanResult::NotNumber:
@@ -113,15 +174,7 @@ int32_t PreparedRules::NumericRules(std::u16string_view text) const noexcept {
     case NumberScanResult::Number:
         break;
     }
-    const double value = number.value;
-    int32_t result = 0;
-    if (value < 0 && m_settings.MustBePositive) result |= vldCCMustBePositive;
-    if (value > 0 && m_settings.MustBeNegative) result |= vldCCMustBeNegative;
-    if (value == 0 && m_settings.MustNotBeZero) result |= vldCCMustNotBeZero;
-    for (const double item : m_forbiddenValues)
-        if (item == value) result |= vldCCMustNotBeValues;
-    if (m_minimum && value < *m_minimum) result |= vldCCMinValue;
-    if (m_maximum && value > *m_maximum) result |= vldCCMaxValue;
+    int32_t result = ValueRules(number.value);
     if (!NumericWholeTextTest(text, m_settings.MustBeType, m_settings.AllowScientificFormat, m_thousands,
             m_locale, &number.digits))
         result |= TypeBit(m_settings.MustBeType);

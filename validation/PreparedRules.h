@@ -40,6 +40,8 @@ public:
 private:
     int32_t DateTimeRules(std::u16string_view text) const noexcept;
     int32_t NumericRules(std::u16string_view text) const noexcept;
+    int32_t PlainNumberRules(std::u16string_view text) const noexcept;
+    int32_t ValueRules(double value) const noexcept;
     int32_t TextRules(std::u16string_view text) const noexcept;
     bool HasTooManyDecimals(std::u16string_view text) const noexcept;
     int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
