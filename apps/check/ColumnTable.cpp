@@ -1,14 +1,14 @@
 #include "apps/check/ColumnTable.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace quillmar::check {
 
 void ColumnTable::Clear(size_t columns) {
     m_used = 0;
-    m_columns.resize(columns);
-    for (auto& column : m_columns)
-        column.clear();
+    m_columnCount = columns;
+    m_spans.clear();
     m_rows = 0;
 }
 
@@ -19,8 +19,9 @@ char16_t* ColumnTable::ClearWithUnits(size_t columns, size_t units) {
     return m_units.data();
 }
 
-void ColumnTable::CommitSpan(size_t column, size_t offset, size_t units) {
-    m_columns[column].push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(units) });
+void ColumnTable::CommitSpan([[maybe_unused]] size_t column, size_t offset, size_t units) {
+    assert(column == m_spans.size() % m_columnCount && "values come in column order");
+    m_spans.push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(units) });
 }
 
 char16_t* ColumnTable::Room(size_t units) {
@@ -29,8 +30,9 @@ char16_t* ColumnTable::Room(size_t units) {
     return m_units.data() + m_used;
 }
 
-void ColumnTable::CommitValue(size_t column, size_t units) {
-    m_columns[column].push_back({ static_cast<uint32_t>(m_used), static_cast<uint32_t>(units) });
+void ColumnTable::CommitValue([[maybe_unused]] size_t column, size_t units) {
+    assert(column == m_spans.size() % m_columnCount && "values come in column order");
+    m_spans.push_back({ static_cast<uint32_t>(m_used), static_cast<uint32_t>(units) });
     m_used += units;
 }
 
@@ -42,9 +44,11 @@ void ColumnTable::Add(size_t column, std::u16string_view value) {
 std::span<const std::u16string_view> ColumnTable::Column(size_t column) {
     m_views.clear();
     // A row cut short by a fault is no row: only whole rows are given.
-    const auto& spans = m_columns[column];
-    for (size_t row = 0; row < m_rows && row < spans.size(); ++row)
-        m_views.emplace_back(m_units.data() + spans[row].offset, spans[row].length);
+    const size_t rows = std::min(m_rows, m_spans.size() / std::max<size_t>(m_columnCount, 1));
+    m_views.resize(rows);
+    const Span* span = m_spans.data() + column;
+    for (size_t row = 0; row < rows; ++row, span += m_columnCount)
+        m_views[row] = std::u16string_view(m_units.data() + span->offset, span->length);
     return m_views;
 }
 

@@ -9,14 +9,15 @@
 namespace quillmar::check {
 
 /// The values of a run of rows, column by column, in UTF-16: what the checker reads. Filled row by row with
-/// `Add`; its storage is kept by `Clear`, so a table reused for chunk after chunk stops allocating.
+/// `Add`, each row's values in column order; its storage is kept by `Clear`, so a table reused for chunk
+/// after chunk stops allocating.
 class ColumnTable {
 public:
     /// Empties the table for rows of `columns` values.
     void Clear(size_t columns);
 
     /// The number of columns each row has.
-    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columns.size(); }
+    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columnCount; }
     [[nodiscard]] size_t RowCount() const noexcept { return m_rows; }
 
     /// Empties the table for rows of `columns` values and gives room for `units` units at its start, which
@@ -45,7 +46,9 @@ private:
     };
     std::vector<char16_t> m_units;
     size_t m_used = 0;
-    std::vector<std::vector<Span>> m_columns;
+    size_t m_columnCount = 0;
+    std::vector<Span> m_spans; // row by row
+
     std::vector<std::u16string_view> m_views;
     size_t m_rows = 0;
 };

@@ -130,7 +130,11 @@ bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTa
     size_t column = 0;
     const auto addValue = [&](size_t from, size_t to) {
         if (column == columns) return false;
-        if (from < to && bytes[from] == '"') {
+        if (!m_structure.AnyQuoteOrHigh(from, to)) {
+            table.CommitSpan(column++, from, to - from);
+            return true;
+        }
+        if (bytes[from] == '"') {
             if (to - from < 2 || bytes[to - 1] != '"') return false;
             ++from;
             --to;

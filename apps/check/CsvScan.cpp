@@ -64,6 +64,7 @@ void CsvStructure::Scan(std::string_view bytes, char16_t* widened) {
     m_separators.clear();
     m_quotes.resize(blocks);
     m_high.resize(blocks);
+    m_quotesOrHigh.resize(blocks);
     // A comma, CR or LF every few bytes is usual; reserving for one in four saves most regrowth.
     m_separators.reserve(bytes.size() / 4);
     uint64_t inside = 0; // all ones while the previous block ended inside quotes
@@ -75,24 +76,12 @@ void CsvStructure::Scan(std::string_view bytes, char16_t* widened) {
         inside = uint64_t { 0 } - (quoted >> 63);
         m_quotes[block] = masks.quote;
         m_high[block] = masks.high;
+        m_quotesOrHigh[block] = masks.quote | masks.high;
         for (uint64_t separators = (masks.comma | masks.lf | masks.cr) & ~quoted; separators != 0;
              separators &= separators - 1)
             m_separators.push_back(
                 static_cast<uint32_t>(base + static_cast<size_t>(std::countr_zero(separators))));
     }
-}
-
-bool CsvStructure::AnyBit(const std::vector<uint64_t>& bits, size_t from, size_t to) noexcept {
-    if (from >= to) return false;
-    const size_t first = from / 64;
-    const size_t last = (to - 1) / 64;
-    const uint64_t head = ~uint64_t { 0 } << (from % 64);
-    const uint64_t tail = ~uint64_t { 0 } >> (63 - (to - 1) % 64);
-    if (first == last) return (bits[first] & head & tail) != 0;
-    if ((bits[first] & head) != 0 || (bits[last] & tail) != 0) return true;
-    for (size_t i = first + 1; i < last; ++i)
-        if (bits[i] != 0) return true;
-    return false;
 }
 
 } // namespace quillmar::check

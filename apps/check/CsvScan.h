@@ -45,16 +45,31 @@ public:
 
     /// The positions of the commas, CRs and LFs outside quotes, in order.
     [[nodiscard]] std::span<const uint32_t> Separators() const noexcept { return m_separators; }
-    /// Whether a quote, or a byte that is not ASCII, stands in [from, to).
+    /// Whether a quote, a byte that is not ASCII, or either stands in [from, to).
     [[nodiscard]] bool AnyQuote(size_t from, size_t to) const noexcept { return AnyBit(m_quotes, from, to); }
     [[nodiscard]] bool AnyHigh(size_t from, size_t to) const noexcept { return AnyBit(m_high, from, to); }
+    [[nodiscard]] bool AnyQuoteOrHigh(size_t from, size_t to) const noexcept {
+        return AnyBit(m_quotesOrHigh, from, to);
+    }
 
 private:
-    static bool AnyBit(const std::vector<uint64_t>& bits, size_t from, size_t to) noexcept;
+    static bool AnyBit(const std::vector<uint64_t>& bits, size_t from, size_t to) noexcept {
+        if (from >= to) return false;
+        const size_t first = from / 64;
+        const size_t last = (to - 1) / 64;
+        const uint64_t head = ~uint64_t { 0 } << (from % 64);
+        const uint64_t tail = ~uint64_t { 0 } >> (63 - (to - 1) % 64);
+        if (first == last) return (bits[first] & head & tail) != 0;
+        if ((bits[first] & head) != 0 || (bits[last] & tail) != 0) return true;
+        for (size_t i = first + 1; i < last; ++i)
+            if (bits[i] != 0) return true;
+        return false;
+    }
 
     std::vector<uint32_t> m_separators;
     std::vector<uint64_t> m_quotes;
     std::vector<uint64_t> m_high;
+    std::vector<uint64_t> m_quotesOrHigh;
 };
 
 } // namespace quillmar::check

@@ -8,6 +8,14 @@
 namespace quillmar::check {
 namespace {
 
+// Line breaks are a few in a block: clearing the lowest bit until none is left beats a general count.
+size_t CountBits(uint64_t bits) noexcept {
+    size_t count = 0;
+    for (; bits != 0; bits &= bits - 1)
+        ++count;
+    return count;
+}
+
 // Calls `atTerminator(end, lineBreaksSoFar)` after each record terminator outside quotes, `end` being the
 // position just past it; stops when it returns false. A final CR is left undecided.
 template <typename AtTerminator> void ForEachTerminator(std::string_view bytes, AtTerminator atTerminator) {
@@ -51,10 +59,9 @@ RecordPrefix CompleteRecords(std::string_view bytes) noexcept {
         if (const uint64_t terminators = breaks & ~quoted; terminators != 0) {
             const int last = 63 - std::countl_zero(terminators);
             const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
-            prefix = { base + static_cast<size_t>(last) + 1,
-                lineBreaks + static_cast<size_t>(std::popcount(breaks & upToLast)) };
+            prefix = { base + static_cast<size_t>(last) + 1, lineBreaks + CountBits(breaks & upToLast) };
         }
-        lineBreaks += static_cast<size_t>(std::popcount(breaks));
+        lineBreaks += CountBits(breaks);
     }
     return prefix;
 }
