@@ -26,6 +26,29 @@ bool ChangedBy(UChar32 c, UChar32 (*map)(UChar32)) {
     return mapped != c && U16_LENGTH(mapped) == U16_LENGTH(c);
 }
 
+// A mask without `*` takes exactly one character per unit, so a text matches it when it has as many
+// characters and each is one its unit takes. Per unit, the ASCII characters it takes, found by matching each
+// against the unit alone (a list ends at its first `]`); empty for a mask with a `*` or an unclosed list.
+std::vector<std::array<uint64_t, 2>> AsciiUnitsOf(std::u16string_view mask) {
+    std::vector<std::array<uint64_t, 2>> units;
+    for (size_t p = 0; p < mask.size();) {
+        size_t end = p + 1;
+        if (mask[p] == u'*') return {};
+        if (mask[p] == u'[') {
+            const size_t close = mask.find(u']', p + 1 < mask.size() && mask[p + 1] == u'!' ? p + 2 : p + 1);
+            if (close == std::u16string_view::npos) return {};
+            end = close + 1;
+        }
+        std::array<uint64_t, 2> bits {};
+        for (char16_t c = 0; c < 128; ++c)
+            if (MatchPattern(std::u16string_view(&c, 1), mask.substr(p, end - p)))
+                bits[c / 64] |= uint64_t { 1 } << (c % 64);
+        units.push_back(bits);
+        p = end;
+    }
+    return units;
+}
+
 } // namespace
 
 PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength)
@@ -55,6 +78,7 @@ PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale,
     } else {
         for (size_t i = 1; i < forbidden.size(); ++i)
             m_forbiddenTexts.push_back(TextOf(forbidden[i], locale));
+        m_maskUnits = AsciiUnitsOf(settings.CustomMask);
         m_anyCharacterRule = !settings.ExtraExcludedCharacters.empty() || !settings.ValidCharactersSet.empty()
             || settings.NoDigits || settings.OnlyLetters || settings.OnlyLettersWithSpace;
         for (char16_t c = 0; c < 128; ++c) {
@@ -198,10 +222,20 @@ int32_t PreparedRules::CaseRulesOfCodePoint(std::u16string_view text, size_t& at
     return result;
 }
 
+bool PreparedRules::MatchesMask(std::u16string_view text) const noexcept {
+    if (m_maskUnits.empty()) return MatchPattern(text, m_settings.CustomMask);
+    if (text.size() != m_maskUnits.size()) return false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (c >= 128) return MatchPattern(text, m_settings.CustomMask);
+        if ((m_maskUnits[i][c / 64] >> (c % 64) & 1) == 0) return false;
+    }
+    return true;
+}
+
 int32_t PreparedRules::TextRules(std::u16string_view text) const noexcept {
     int32_t result = 0;
-    if (!m_settings.CustomMask.empty() && !MatchPattern(text, m_settings.CustomMask))
-        result |= vldCCCustomMask;
+    if (!m_settings.CustomMask.empty() && !MatchesMask(text)) result |= vldCCCustomMask;
     if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;
     // One pass for the character rules and the upper- and lower-case rules: ASCII through the table, the
     // rest unit by unit for the characters and code point by code point for the case.

@@ -43,6 +43,7 @@ private:
     int32_t PlainNumberRules(std::u16string_view text) const noexcept;
     int32_t ValueRules(double value) const noexcept;
     int32_t TextRules(std::u16string_view text) const noexcept;
+    bool MatchesMask(std::u16string_view text) const noexcept;
     bool HasTooManyDecimals(std::u16string_view text) const noexcept;
     int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
 
@@ -58,6 +59,8 @@ private:
     std::vector<std::u16string> m_forbiddenTexts;
     std::array<int32_t, 128> m_asciiBits {};
     bool m_anyCharacterRule = false;
+    // A mask without `*`: per unit, the ASCII characters it takes (a bit per character); empty otherwise.
+    std::vector<std::array<uint64_t, 2>> m_maskUnits;
 };
 
 /// The batch entry point: checks a column of texts against one field's prepared rules, writing to `bits[i]`

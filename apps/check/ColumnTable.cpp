@@ -42,7 +42,6 @@ void ColumnTable::Add(size_t column, std::u16string_view value) {
 }
 
 std::span<const std::u16string_view> ColumnTable::Column(size_t column) {
-    m_views.clear();
     // A row cut short by a fault is no row: only whole rows are given.
     const size_t rows = std::min(m_rows, m_spans.size() / std::max<size_t>(m_columnCount, 1));
     m_views.resize(rows);

@@ -173,6 +173,36 @@ TEST_P(PreparedRulesAgreement, EdgeNumbersGiveEvaluateRulesBits) {
     }
 }
 
+// Masks without a star, which the prepared checker matches unit by unit, beside texts that meet them, miss
+// them by one character or by length, or hold characters beyond ASCII.
+TEST(PreparedRules, MasksWithoutAStarMatchAsMatchPatternDoes) {
+    const struct {
+        const char16_t* mask;
+        std::vector<const char16_t*> texts;
+    } rows[] = {
+        { u"[A-Z][A-Z]-####",
+            { u"AB-1234", u"Ab-1234", u"AB-123", u"AB-12345", u"AB_1234", u"\u00C9B-1234" } },
+        { u"[!a-c]?#", { u"d\u00E91", u"a11", u"\u00E9x1", u"dx", u"dxx" } },
+        { u"[]x", { u"x", u"]x", u"" } }, // the empty list takes no character
+        { u"[!]x", { u"ax", u"\u00E9x", u"x" } },
+        { u"[[]]", { u"[]", u"]]" } },
+        { u"[a-]", { u"a", u"-", u"b" } },
+        { u"[z-a]x", { u"zx", u"ax" } }, // malformed: matches nothing
+        { u"[ab", { u"a", u"[ab" } }, // unclosed
+        { u"\u00E9#", { u"\u00E91", u"e1" } },
+    };
+    const LocaleInfo locale = LocaleInfo::FromName("en_US");
+    for (const auto& row : rows) {
+        Settings settings;
+        settings.MustBeType = vldString;
+        settings.CustomMask = row.mask;
+        const PreparedRules rules(settings, locale, 0);
+        for (const char16_t* text : row.texts)
+            EXPECT_EQ(rules.Evaluate(text), EvaluateRules(text, settings, locale, 0))
+                << quillmar::ToUtf8(row.mask) << " " << quillmar::ToUtf8(text);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE"));
 
 TEST(CheckColumn, AnUnspecifiedFieldTakesEveryTextAsCheckInputDoes) {
