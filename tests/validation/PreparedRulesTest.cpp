@@ -146,28 +146,33 @@ TEST_P(PreparedRulesAgreement, HandMadeSettingsGiveEvaluateRulesBits) {
     }
 }
 
-// Numbers at the edges of the short way plain number texts take (signs, leading zeros, the decimal
-// separator of either locale, 15 and 16 digits, the ranges of the integral types and of the currency), and
-// texts just beside that shape, which must go the full way.
-constexpr const char16_t* kEdgeNumbers[] = { u"0", u"-0", u"00", u"007", u"-007", u"0.0", u"-0.00", u"1.5",
+// Numbers and dates at the edges of the short ways plain number texts and short dates take (signs, leading
+// zeros, the decimal separator of either locale, 15 and 16 digits, the ranges of the integral types and of
+// the currency; days no month has, two- and five-digit years, either date order), and texts just beside
+// those shapes, which must go the full way.
+constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", u"0.0", u"-0.00", u"1.5",
     u"1,5", u"12.345", u"12,345", u"-12.34", u"255", u"256", u"-1", u"32767", u"32768", u"-32768", u"-32769",
     u"2147483647", u"2147483648", u"-2147483648", u"-2147483649", u"999999999999999", u"9999999999999999",
     u"99999999999999.9", u"922337203685477", u"92233720368547", u"-92233720368547.75", u"0.000000000000001",
     u"0.1234567890123456", u"123456789012345.6", u"1.", u".5", u"-", u"-.5", u"1e5", u"+5", u"5-", u" 5",
     u"5 ", u"1.2.3", u"13", u"7", u"7.0", u"250", u"250.001", u"-1000", u"-1000.5", u"1,234", u"1.234",
-    u"1,234.5", u"0.005", u"100.00", u"\uFF11" };
+    u"1,234.5", u"0.005", u"100.00", u"\uFF11", u"2/29/2024", u"2/29/2023", u"29.2.2024", u"13/1/2024",
+    u"1/13/2024", u"31.12.2099", u"12-31-1999", u"1/1/0099", u"1/1/99", u"1/1/2024 ", u" 1/1/2024",
+    u"1/1/20245", u"001/1/2024", u"1/1/2024 9:00", u"12:00", u"0/1/2024", u"1/0/2024", u"4/31/2024",
+    u"31/4/2024", u"1/1/2000", u"1//2024" };
 
-TEST_P(PreparedRulesAgreement, EdgeNumbersGiveEvaluateRulesBits) {
+TEST_P(PreparedRulesAgreement, EdgeNumbersAndDatesGiveEvaluateRulesBits) {
     const LocaleInfo locale = LocaleInfo::FromName(GetParam());
     std::vector<Settings> all = HandMadeSettings();
-    for (const int32_t type : { vldByte, vldInteger, vldLong, vldSingle, vldDouble, vldCurrency }) {
+    for (const int32_t type :
+        { vldByte, vldInteger, vldLong, vldSingle, vldDouble, vldCurrency, vldDate, vldTime }) {
         Settings bare;
         bare.MustBeType = static_cast<MustBeTypeConstants>(type);
         all.push_back(bare);
     }
     for (const Settings& settings : all) {
         const PreparedRules rules(settings, locale, 0);
-        for (const std::u16string_view text : kEdgeNumbers)
+        for (const std::u16string_view text : kEdgeTexts)
             EXPECT_EQ(rules.Evaluate(text), EvaluateRules(text, settings, locale, 0))
                 << "type " << settings.MustBeType << ", text " << quillmar::ToUtf8(text);
     }
@@ -203,7 +208,7 @@ TEST(PreparedRules, MasksWithoutAStarMatchAsMatchPatternDoes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE"));
+INSTANTIATE_TEST_SUITE_P(Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE", "ja_JP"));
 
 TEST(CheckColumn, AnUnspecifiedFieldTakesEveryTextAsCheckInputDoes) {
     Settings settings;
