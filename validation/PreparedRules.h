@@ -39,6 +39,7 @@ public:
 
 private:
     int32_t DateTimeRules(std::u16string_view text) const noexcept;
+    bool ReadShortTime(std::u16string_view text, std::optional<double>& days) const noexcept;
     int32_t NumericRules(std::u16string_view text) const noexcept;
     int32_t PlainNumberRules(std::u16string_view text) const noexcept;
     int32_t ValueRules(double value) const noexcept;
@@ -55,6 +56,9 @@ private:
     std::optional<double> m_maximum;
     std::vector<double> m_forbiddenValues;
     std::u16string m_thousands;
+    // For a time field, what "AM", "PM", "am" and "pm" after a time stand for in the locale: 1 before noon, 2
+    // after, 0 unknown (such texts go the full way).
+    std::array<int8_t, 4> m_designators {};
     // Texts: the forbidden texts, and per ASCII code unit the character and case rules it breaks.
     std::vector<std::u16string> m_forbiddenTexts;
     std::array<int32_t, 128> m_asciiBits {};

@@ -146,10 +146,10 @@ TEST_P(PreparedRulesAgreement, HandMadeSettingsGiveEvaluateRulesBits) {
     }
 }
 
-// Numbers and dates at the edges of the short ways plain number texts and short dates take (signs, leading
-// zeros, the decimal separator of either locale, 15 and 16 digits, the ranges of the integral types and of
-// the currency; days no month has, two- and five-digit years, either date order), and texts just beside
-// those shapes, which must go the full way.
+// Numbers, dates and times at the edges of the short ways plain number texts, short dates and short times
+// take (signs, leading zeros, the decimal separator of either locale, 15 and 16 digits, the ranges of the
+// integral types and of the currency; days no month has, two- and five-digit years, either date order;
+// designators, hours past 12 or 23), and texts just beside those shapes, which must go the full way.
 constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", u"0.0", u"-0.00", u"1.5",
     u"1,5", u"12.345", u"12,345", u"-12.34", u"255", u"256", u"-1", u"32767", u"32768", u"-32768", u"-32769",
     u"2147483647", u"2147483648", u"-2147483648", u"-2147483649", u"999999999999999", u"9999999999999999",
@@ -159,9 +159,12 @@ constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", 
     u"1,234.5", u"0.005", u"100.00", u"\uFF11", u"2/29/2024", u"2/29/2023", u"29.2.2024", u"13/1/2024",
     u"1/13/2024", u"31.12.2099", u"12-31-1999", u"1/1/0099", u"1/1/99", u"1/1/2024 ", u" 1/1/2024",
     u"1/1/20245", u"001/1/2024", u"1/1/2024 9:00", u"12:00", u"0/1/2024", u"1/0/2024", u"4/31/2024",
-    u"31/4/2024", u"1/1/2000", u"1//2024" };
+    u"31/4/2024", u"1/1/2000", u"1//2024", u"9:05", u"9:05 AM", u"9:05 am", u"9:05 Am", u"12:00 AM",
+    u"12:00 PM", u"13:00 PM", u"0:00 AM", u"23:59:59", u"24:00", u"9:60", u"9:05:60", u"9:5", u"09:05",
+    u"9:05  AM", u"9:05 AM ", u"9:05AM", u"123:00", u"9:005", u"9:05:", u"9:", u"9:05 A",
+    u"9:05 \u5348\u524D", u"9:05xPM", u"8:00 AM", u"6:00 PM", u"6:00:01 PM" };
 
-TEST_P(PreparedRulesAgreement, EdgeNumbersAndDatesGiveEvaluateRulesBits) {
+TEST_P(PreparedRulesAgreement, EdgeNumbersDatesAndTimesGiveEvaluateRulesBits) {
     const LocaleInfo locale = LocaleInfo::FromName(GetParam());
     std::vector<Settings> all = HandMadeSettings();
     for (const int32_t type :
@@ -170,6 +173,11 @@ TEST_P(PreparedRulesAgreement, EdgeNumbersAndDatesGiveEvaluateRulesBits) {
         bare.MustBeType = static_cast<MustBeTypeConstants>(type);
         all.push_back(bare);
     }
+    Settings daytime;
+    daytime.MustBeType = vldTime;
+    daytime.MinValue = u"8:00";
+    daytime.MaxValue = u"18:00";
+    all.push_back(daytime);
     for (const Settings& settings : all) {
         const PreparedRules rules(settings, locale, 0);
         for (const std::u16string_view text : kEdgeTexts)
