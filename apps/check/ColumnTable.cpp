@@ -45,9 +45,8 @@ std::span<const std::u16string_view> ColumnTable::Column(size_t column) {
     // A row cut short by a fault is no row: only whole rows are given.
     const size_t rows = std::min(m_rows, m_spans.size() / std::max<size_t>(m_columnCount, 1));
     m_views.resize(rows);
-    const Span* span = m_spans.data() + column;
-    for (size_t row = 0; row < rows; ++row, span += m_columnCount)
-        m_views[row] = std::u16string_view(m_units.data() + span->offset, span->length);
+    for (size_t row = 0, at = column; row < rows; ++row, at += m_columnCount)
+        m_views[row] = std::u16string_view(m_units.data() + m_spans[at].offset, m_spans[at].length);
     return m_views;
 }
 
