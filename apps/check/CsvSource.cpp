@@ -80,11 +80,13 @@ int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem:
         const RecordPrefix prefix
             = atEnd ? RecordPrefix { buffer.size(), CountLineBreaks(buffer) } : CompleteRecords(buffer);
         if (prefix.length > 0) {
+            // The block's bytes become the chunk's; only the unfinished record after the cut is copied.
             Chunk chunk;
-            chunk.bytes.assign(buffer, 0, prefix.length);
+            chunk.bytes = std::move(buffer);
+            buffer.assign(chunk.bytes, prefix.length);
+            chunk.bytes.resize(prefix.length);
             chunk.lineBreaks = prefix.lineBreaks;
             chunk.inputBytes = prefix.length;
-            buffer.erase(0, prefix.length);
             line += prefix.lineBreaks;
             if (!session.Submit(std::move(chunk))) break;
         }
