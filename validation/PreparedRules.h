@@ -17,7 +17,9 @@ namespace quillmar {
 /// converted once, the thousands separator and the decimal count, and a table of what each ASCII character
 /// breaks. `Evaluate` gives exactly the bits of `EvaluateRules` for the settings, locale and edit-box limit
 /// it was prepared with, and allocates nothing on its way (save for a number with more than 64 significant
-/// digits, which takes the general path). A prepared field is immutable and may be shared between threads.
+/// digits, which takes the general path). The commonest texts (plain numbers without group separators, short
+/// dates and times, texts under a mask without `*`) are judged in one pass; whatever such a short way is
+/// unsure of goes the full way. A prepared field is immutable and may be shared between threads.
 /// The interactive control keeps calling `EvaluateRules`, since its settings may change between two calls.
 class PreparedRules {
 public:
