@@ -61,7 +61,9 @@ protected:
         return value;
     }
 
-    std::string m_form = ::testing::TempDir() + "/rules.qform.json";
+    // A file of each test's own: ctest runs the tests side by side.
+    std::string m_form = ::testing::TempDir() + "/rules-"
+        + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".qform.json";
     sqlite3* m_db = nullptr;
 };
 
@@ -150,7 +152,7 @@ TEST_F(RuleFunctions, AFormChangedBetweenTwoQueriesIsReadAgain) {
     std::filesystem::remove(m_form);
     std::string error;
     (void)Query(select, &error);
-    EXPECT_NE(error.find("rules.qform.json"), std::string::npos) << error;
+    EXPECT_NE(error.find(m_form), std::string::npos) << error;
 }
 
 } // namespace
