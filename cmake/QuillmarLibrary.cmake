@@ -18,6 +18,7 @@ function(quillmar_public_headers)
     cmake_path(GET header PARENT_PATH folder)
     file(MAKE_DIRECTORY ${QUILLMAR_INCLUDE_DIR}/quillmar/${folder})
     file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${header} ${QUILLMAR_INCLUDE_DIR}/quillmar/${header} SYMBOLIC)
+    set_property(GLOBAL APPEND PROPERTY QUILLMAR_PUBLIC_HEADERS ${QUILLMAR_INCLUDE_DIR}/quillmar/${header})
     install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillmar/${folder} COMPONENT dev)
   endforeach()
 endfunction()
@@ -88,4 +89,37 @@ function(quillmar_add_library layer)
     target_include_directories(${internal} INTERFACE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${internal} INTERFACE ${library} ${internalDepends})
   endif()
+endfunction()
+
+# quillmar_pkg_config(<layer> <description> <requires> [<cflags>]): quillmar-<layer>.pc for builds that use
+# pkg-config. The code needs C++20; as usual with pkg-config, the consumer chooses its -std flag.
+function(quillmar_pkg_config layer description requires)
+  set(QUILLMAR_PC_NAME quillmar-${layer})
+  set(QUILLMAR_PC_DESCRIPTION ${description})
+  set(QUILLMAR_PC_REQUIRES ${requires})
+  set(QUILLMAR_PC_CFLAGS "${ARGN}")
+  if(QUILLMAR_PC_CFLAGS)
+    string(PREPEND QUILLMAR_PC_CFLAGS " ")
+  endif()
+  file(RELATIVE_PATH QUILLMAR_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/quillmar.pc.in ${PROJECT_BINARY_DIR}/pkgconfig/quillmar-${layer}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/pkgconfig/quillmar-${layer}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT dev)
+endfunction()
+
+# quillmar_docs(): the `docs` target, the API reference by Doxygen from the public headers' `///` comments.
+# A public declaration without a comment is a warning, and a warning fails it. The HTML goes with the
+# development files (share/doc/libquillmar-dev/html) once built.
+function(quillmar_docs)
+  find_package(Doxygen QUIET)
+  if(NOT DOXYGEN_FOUND)
+    return()
+  endif()
+  get_property(headers GLOBAL PROPERTY QUILLMAR_PUBLIC_HEADERS)
+  list(JOIN headers " " QUILLMAR_DOC_INPUT)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
+  add_custom_target(docs COMMAND Doxygen::doxygen ${PROJECT_BINARY_DIR}/Doxyfile
+    COMMENT "The API reference in ${PROJECT_BINARY_DIR}/docs/html" VERBATIM)
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libquillmar-dev
+    COMPONENT dev OPTIONAL)
 endfunction()
