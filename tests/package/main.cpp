@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
     // The plugin file loads as Designer loads it.
     const QStringList plugins = QDir(pluginDir).entryList({ QStringLiteral("*.so") }, QDir::Files);
     if (plugins.size() != 1) return Fail("plugins in", pluginDir);
-    QPluginLoader plugin(QDir(pluginDir).filePath(plugins.front()));
+    QPluginLoader plugin(QDir(pluginDir).absoluteFilePath(plugins.front()));
     if (!plugin.load()) return Fail("plugin", plugin.errorString());
 
     // A form read at run time: the plugin makes the field, and the field is a QuillmarEdit of this program.
@@ -73,7 +73,8 @@ int main(int argc, char** argv) {
     QBuffer buffer(&form);
     std::unique_ptr<QWidget> widget(loader.load(&buffer));
     if (!widget) return Fail("QUiLoader", loader.errorString());
-    auto* quantity = qobject_cast<quillmar::qt::QuillmarEdit*>(widget->findChild<QWidget*>(QStringLiteral("quantity")));
+    auto* quantity
+        = qobject_cast<quillmar::qt::QuillmarEdit*>(widget->findChild<QWidget*>(QStringLiteral("quantity")));
     if (!quantity) return Fail("the loaded field is not a QuillmarEdit");
     if (quantity->MustBeType() != quillmar::vldInteger) return Fail("the loaded field's type");
 
