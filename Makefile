@@ -5,11 +5,11 @@ BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
              libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
-             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev dpkg-dev file python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
+             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev dpkg-dev file doxygen python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 
-.PHONY: all setup configure build package test unit-tests schema-check package-test sanitize fuzz-smoke format format-check bench run clean
+.PHONY: all setup configure build package docs test unit-tests schema-check package-test sanitize fuzz-smoke format format-check bench run clean
 
 all: build
 
@@ -48,6 +48,11 @@ schema-check: setup
 
 unit-tests: build format-check
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
+
+# The API reference (Doxygen) from the public headers' /// comments in $(BUILD)/docs/html; a public
+# declaration without a comment fails it. The development package carries it when it was built first.
+docs: configure
+	cmake --build $(BUILD) --target docs
 
 # The Debian packages (libquillmar1, libquillmar-dev, quillmar-designer-plugin, quillmar-tools) in $(BUILD).
 package: build
