@@ -141,7 +141,9 @@ TEST(Validate, CorrectsExplainsAndBeepsAsDeclared) {
         // What a form would show for the text before it is left: the box's message less its action line.
         const std::u16string current = field.CurrentErrorMessage();
         EXPECT_EQ(current.empty(), field.IsValid());
-        if (c.message && !current.empty()) EXPECT_EQ(c.message->text.substr(0, current.size()), current);
+        if (c.message && !current.empty()) {
+            EXPECT_EQ(c.message->text.substr(0, current.size()), current);
+        }
         EXPECT_EQ(field.Validate(), c.valid);
         EXPECT_EQ(field.Text(), c.after);
         EXPECT_EQ(host.alerts.beeps, c.message ? 1 : 0);
