@@ -1,9 +1,11 @@
 // A field made from the installed package checks a text by its rules, its page frame is at hand, and the
-// installed Designer plugin makes fields for QUiLoader that are this program's own QuillmarEdit.
+// installed Designer plugin makes fields for QUiLoader that are this program's own QuillmarEdit, which the
+// form-level helpers find.
 // Argument: the folder of the installed Designer plugin.
 #include <quillmar/pages/FieldPages.h>
 #include <quillmar/pages/PropertyPageFrame.h>
 #include <quillmar/qt/QuillmarEdit.h>
+#include <quillmar/qt/QuillmarForm.h>
 
 #include <QApplication>
 #include <QBuffer>
@@ -13,6 +15,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -77,6 +80,11 @@ int main(int argc, char** argv) {
         = qobject_cast<quillmar::qt::QuillmarEdit*>(widget->findChild<QWidget*>(QStringLiteral("quantity")));
     if (!quantity) return Fail("the loaded field is not a QuillmarEdit");
     if (quantity->MustBeType() != quillmar::vldInteger) return Fail("the loaded field's type");
+    // The form-level helper finds it once its text is not an integer.
+    quantity->SetText(QStringLiteral("12a"));
+    const std::vector<quillmar::qt::InvalidField> invalid = quillmar::qt::InvalidFields(*widget);
+    if (invalid.size() != 1 || invalid.front().field != quantity || invalid.front().message.isEmpty())
+        return Fail("invalid fields", QString::number(invalid.size()));
 
     std::puts("quillmar package: the field checks its text, and QUiLoader's field is a QuillmarEdit");
     return 0;
