@@ -102,6 +102,7 @@ function(quillmar_pkg_config layer description requires)
     string(PREPEND QUILLMAR_PC_CFLAGS " ")
   endif()
   file(RELATIVE_PATH QUILLMAR_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+  string(REGEX REPLACE "/$" "" QUILLMAR_PC_TO_PREFIX "${QUILLMAR_PC_TO_PREFIX}")
   configure_file(${PROJECT_SOURCE_DIR}/cmake/quillmar.pc.in ${PROJECT_BINARY_DIR}/pkgconfig/quillmar-${layer}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/pkgconfig/quillmar-${layer}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT dev)
