@@ -5,11 +5,11 @@ BUILD     ?= build
 BUILDTYPE ?= RelWithDebInfo
 PACKAGES  := cmake ninja-build ccache g++ make pkg-config clang-format \
              libicu-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev \
-             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
+             qt6-base-dev libqt6sql6-sqlite sqlite3 libsqlite3-dev libcsv-dev dpkg-dev file doxygen python3 python3-jsonschema qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n libqt6opengl6-dev designer-qt6 imagemagick xdotool xvfb xauth dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev
 SUDO      := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 WERROR    := $(if $(CI),ON,OFF)
 
-.PHONY: all setup configure build test unit-tests schema-check package-test sanitize fuzz-smoke format format-check bench run clean
+.PHONY: all setup configure build package docs test unit-tests schema-check package-test sanitize fuzz-smoke format format-check bench run clean
 
 all: build
 
@@ -49,15 +49,44 @@ schema-check: setup
 unit-tests: build format-check
 	QT_QPA_PLATFORM=offscreen ctest --test-dir $(BUILD) --output-on-failure -j2
 
-# The package as another project uses it: an install staged in the build folder, tests/package configured
-# against it with find_package(Quillmar), built and run.
-package-test: build
-	@stage=$(abspath $(BUILD))/package-stage; rm -rf "$$stage" && \
-	cmake --install $(BUILD) --prefix "$$stage/prefix" >/dev/null && \
-	cmake -S tests/package -B "$$stage/build" -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
-	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_PREFIX_PATH="$$stage/prefix" >/dev/null && \
-	cmake --build "$$stage/build" && \
-	QT_QPA_PLATFORM=offscreen "$$stage/build/quillmar-package-consumer"
+# The API reference (Doxygen) from the public headers' /// comments in $(BUILD)/docs/html; a public
+# declaration without a comment fails it. The development package carries it when it was built first.
+docs: configure
+	cmake --build $(BUILD) --target docs
+
+# The Debian packages (libquillmar1, libquillmar-dev, quillmar-designer-plugin, quillmar-tools) in $(BUILD).
+package: build
+	rm -f $(BUILD)/*.deb
+	cmake --build $(BUILD) --target package
+
+# The packages as another project uses them: unpacked into a scratch root, the libraries carry their
+# versioned SONAME, quillmar-check runs from there, and three consumers build against it and run: a CMake
+# project (find_package, with QUiLoader and the Designer plugin), a program built with pkg-config, and a
+# project that builds Quillmar as a subproject (add_subdirectory).
+package-test: package
+	@set -e; stage=$(abspath $(BUILD))/package-stage; root=$$stage/root; \
+	rm -rf "$$stage"; mkdir -p "$$root"; \
+	for deb in $(BUILD)/*.deb; do dpkg -x "$$deb" "$$root"; done; \
+	libdir=$$root/usr/lib/$$(dpkg-architecture -qDEB_HOST_MULTIARCH); \
+	for lib in core qt pages; do \
+	  objdump -p "$$libdir/libquillmar-$$lib.so.1" | grep -q "SONAME *libquillmar-$$lib.so.1$$" || \
+	    { echo "libquillmar-$$lib.so.1: no SONAME libquillmar-$$lib.so.1"; exit 1; }; \
+	done; \
+	LD_LIBRARY_PATH="$$libdir" "$$root/usr/bin/quillmar-check" --help >/dev/null; \
+	cmake -S tests/package -B "$$stage/cmake" -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
+	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_PREFIX_PATH="$$root/usr" >/dev/null; \
+	cmake --build "$$stage/cmake"; \
+	QT_QPA_PLATFORM=offscreen "$$stage/cmake/quillmar-package-consumer" "$$libdir/qt6/plugins/designer"; \
+	"$$stage/cmake/quillmar-package-core"; \
+	export PKG_CONFIG_PATH="$$libdir/pkgconfig"; \
+	pkg-config --exists --print-errors quillmar-qt quillmar-pages; \
+	g++ -std=c++20 tests/package/CoreProgram.cpp -o "$$stage/pkg-config-core" \
+	  $$(pkg-config --cflags --libs quillmar-core) -Wl,-rpath,"$$libdir"; \
+	"$$stage/pkg-config-core"; \
+	cmake -S tests/package/subproject -B "$$stage/subproject" -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
+	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUILLMAR_SOURCE_DIR=$(CURDIR) >/dev/null; \
+	cmake --build "$$stage/subproject"; \
+	"$$stage/subproject/quillmar-subproject-core"
 
 # The whole suite again under AddressSanitizer and UndefinedBehaviorSanitizer (clang).
 sanitize: setup

@@ -6,12 +6,15 @@
 // enumerations are also meta-enumerations of the namespace, so that QVariant, QMetaEnum, debuggers and
 // Qt Designer show their enumerator names. The core itself never needs Qt.
 #if defined(QUILLMAR_QT_META)
+#include <quillmar/QtExport.h>
+
 #include <QtCore/qobjectdefs.h>
 #endif
 
 namespace quillmar {
 #if defined(QUILLMAR_QT_META)
-Q_NAMESPACE
+// The namespace's meta-object lives in the Qt binding's library.
+Q_NAMESPACE_EXPORT(QUILLMAR_QT_EXPORT)
 #endif
 
 /// The data type a field must hold.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include <string>
 #include <string_view>
 
@@ -10,7 +12,7 @@ enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
 
 /// The locale facts the conversions need, as a plain value. The host hands one to the control
 /// at every use, so a change of the user's locale takes effect at once.
-struct LocaleInfo {
+struct QUILLMAR_CORE_EXPORT LocaleInfo {
     /// The ICU name the facts were read for ("de_DE"); "en_US_POSIX" for the invariant locale.
     std::string name = "en_US_POSIX";
     /// The character between the 0 and the 5 of one half written with one decimal.

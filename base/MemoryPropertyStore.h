@@ -1,7 +1,9 @@
 #pragma once
 
-#include "base/PropertyStore.h"
-#include "base/Variant.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/PropertyStore.h>
+#include <quillmar/base/Variant.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -28,7 +30,7 @@ struct PropertyEntry {
 /// false, a String UTF-8 text, Byte, Integer, Long and Currency (ten-thousandths) integers, Single, Double
 /// and Date (days) floats, a byte array a byte string, and an array of variants an array of [kind, value]
 /// pairs.
-class MemoryPropertyStore final : public PropertyStore {
+class QUILLMAR_CORE_EXPORT MemoryPropertyStore final : public PropertyStore {
 public:
     /// The largest byte array `FromBytes` accepts.
     static constexpr size_t MaxBytes = size_t { 4 } << 20;
@@ -69,8 +71,8 @@ private:
 
 /// The name of a variant kind as stores and form files spell it: "Empty", "Boolean", "String", "Byte",
 /// "Integer", "Long", "Single", "Double", "Currency", "Date", "ByteArray", "Array".
-[[nodiscard]] std::string_view KindName(Variant::Kind kind) noexcept;
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::string_view KindName(Variant::Kind kind) noexcept;
 /// The kind of a `KindName`; nullopt for any other text (names are case-sensitive).
-[[nodiscard]] std::optional<Variant::Kind> KindFromName(std::string_view name) noexcept;
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<Variant::Kind> KindFromName(std::string_view name) noexcept;
 
 } // namespace quillmar

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -9,7 +11,7 @@ namespace quillmar {
 /// Raised by a property writer or reader that refuses: 380 invalid property value,
 /// 382 list property written at run time, 393 list property read at run time.
 /// It is the only exception that leaves the control.
-class PropertyError : public std::runtime_error {
+class QUILLMAR_CORE_EXPORT PropertyError : public std::runtime_error {
 public:
     static constexpr int InvalidPropertyValue = 380;
     static constexpr int NotSettableAtRunTime = 382;

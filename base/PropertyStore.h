@@ -1,13 +1,15 @@
 #pragma once
 
-#include "base/Variant.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/Variant.h>
 
 #include <string_view>
 
 namespace quillmar {
 
 /// The container's store of a control's persisted properties: named entries holding variants.
-class PropertyStore {
+class QUILLMAR_CORE_EXPORT PropertyStore {
 public:
     virtual ~PropertyStore() = default;
     /// The entry's value, or `defaultValue` when the store has no such entry.

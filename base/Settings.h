@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/Enums.h"
-#include "base/Variant.h"
+#include <quillmar/base/Enums.h>
+#include <quillmar/base/Variant.h>
 
 #include <string>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,9 +21,9 @@ namespace quillmar {
 void AppendUtf8(std::u16string_view utf16, std::string& out);
 
 /// The UTF-8 form of a UTF-16 text; a lone surrogate becomes U+FFFD.
-[[nodiscard]] std::string ToUtf8(std::u16string_view text);
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::string ToUtf8(std::u16string_view text);
 /// The UTF-16 form of a UTF-8 text; nullopt for invalid UTF-8 (overlong forms, surrogates, code points
 /// above U+10FFFF, truncated sequences).
-[[nodiscard]] std::optional<std::u16string> FromUtf8(std::string_view text);
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<std::u16string> FromUtf8(std::string_view text);
 
 } // namespace quillmar

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
@@ -30,7 +32,7 @@ using VariantArray = std::vector<Variant>;
 using ByteArray = std::vector<uint8_t>;
 
 /// The tagged value of properties and converted texts. Empty is distinct from the empty string.
-class Variant {
+class QUILLMAR_CORE_EXPORT Variant {
 public:
     /// The kinds a variant can hold, in the order of the underlying alternatives.
     enum class Kind : uint8_t {
@@ -114,6 +116,6 @@ private:
 };
 
 /// Prints a variant's `Describe` form (found by GoogleTest when a comparison fails).
-void PrintTo(const Variant& value, std::ostream* out);
+QUILLMAR_CORE_EXPORT void PrintTo(const Variant& value, std::ostream* out);
 
 } // namespace quillmar

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "base/Enums.h"
-#include "base/PropertyError.h"
-#include "base/PropertyStore.h"
-#include "base/Settings.h"
-#include "base/Variant.h"
-#include "host/Host.h"
-#include "host/QuillmarEvents.h"
-#include "input/Refusal.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/Enums.h>
+#include <quillmar/base/PropertyError.h>
+#include <quillmar/base/PropertyStore.h>
+#include <quillmar/base/Settings.h>
+#include <quillmar/base/Variant.h>
+#include <quillmar/host/Host.h>
+#include <quillmar/host/QuillmarEvents.h>
+#include <quillmar/input/Refusal.h>
 
 #include <cstdint>
 #include <string>
@@ -46,7 +48,7 @@ struct ControlState : TypeFlags {
 /// `SetMustBeType` runs its interlocks first and notifies last. A refused value throws `PropertyError` (380,
 /// or 382/393 for the two list properties at run time) and changes nothing. Nothing else throws.
 /// The control reaches its host only through the services it is given, which must outlive it.
-class Quillmar : private EditBoxEvents {
+class QUILLMAR_CORE_EXPORT Quillmar : private EditBoxEvents {
 public:
     explicit Quillmar(HostServices host);
     ~Quillmar() override;

@@ -57,7 +57,7 @@ QString QuillmarEditPlugin::whatsThis() const {
 }
 
 QString QuillmarEditPlugin::includeFile() const {
-    return QStringLiteral("qt/QuillmarEdit.h");
+    return QStringLiteral("quillmar/qt/QuillmarEdit.h");
 }
 
 QIcon QuillmarEditPlugin::icon() const {
@@ -88,7 +88,7 @@ QString QuillmarEditPlugin::domXml() const {
   <customwidget>
    <class>quillmar::qt::QuillmarEdit</class>
    <extends>QWidget</extends>
-   <header>qt/QuillmarEdit.h</header>
+   <header location="global">quillmar/qt/QuillmarEdit.h</header>
   </customwidget>
  </customwidgets>
 </ui>

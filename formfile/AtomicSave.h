@@ -1,6 +1,8 @@
 #pragma once
 
-#include "formfile/FormDocument.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/formfile/FormDocument.h>
 
 #include <filesystem>
 #include <functional>
@@ -25,14 +27,14 @@ using BeforeCommitHook = std::function<void(const std::filesystem::path& tempora
 /// the folder fails: the new file is then in place). Returns nullopt on success, otherwise what failed
 /// and why, such as "cannot create a temporary file in /forms: Permission denied" (it does not repeat
 /// `path`, so that a caller can put it in its own words).
-[[nodiscard]] std::optional<std::string> ReplaceFileAtomically(
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<std::string> ReplaceFileAtomically(
     const std::filesystem::path& path, std::string_view contents, const BeforeCommitHook& beforeCommit = {});
 
 /// Writes `FormToJson(document)` to `path` with `ReplaceFileAtomically`. Does not check the form; a
 /// program that saves what a person designed checks it with `CheckFormDocument` first. Returns nullopt on
 /// success, otherwise one line naming the path as given: `orders.qform.json: cannot be written: cannot
 /// create a temporary file in .: Permission denied`.
-[[nodiscard]] std::optional<std::string> SaveFormFile(const std::filesystem::path& path,
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<std::string> SaveFormFile(const std::filesystem::path& path,
     const FormDocument& document, const BeforeCommitHook& beforeCommit = {});
 
 } // namespace quillmar

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "base/LocaleInfo.h"
-#include "formfile/FormDocument.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/LocaleInfo.h>
+#include <quillmar/formfile/FormDocument.h>
 
 #include <optional>
 #include <string>
@@ -17,7 +19,7 @@ namespace quillmar {
 /// count, `Actions` exactly three flag words), and limits and a default value that leave room for each other
 /// when read under `locale` (the locale the form's fields will follow). Returns nullopt, or one line naming
 /// `sourceName`, the control and the entry or entries, and what is wrong.
-[[nodiscard]] std::optional<std::string> CheckFormDocument(const FormDocument& document,
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<std::string> CheckFormDocument(const FormDocument& document,
     std::string_view sourceName, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
 } // namespace quillmar

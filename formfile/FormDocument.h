@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/MemoryPropertyStore.h"
+#include <quillmar/base/MemoryPropertyStore.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/MemoryPropertyStore.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/MemoryPropertyStore.h>
 
 #include <optional>
 #include <string>
@@ -21,10 +23,11 @@ struct [[nodiscard]] EntriesResult {
 /// arrays; see `formtext::ReadableEntryFromJson`) or in the older type-tagged one ({"type": kind, "value":
 /// value}, a list's store as its "NEl" and "1N" ... entries). The entries "Font", "MustNotBeValues" and
 /// "Actions" must hold a property store. Never throws.
-[[nodiscard]] EntriesResult EntriesFromJson(std::string_view json, std::string_view sourceName);
+[[nodiscard]] QUILLMAR_CORE_EXPORT EntriesResult EntriesFromJson(
+    std::string_view json, std::string_view sourceName);
 
 /// One field's entries as a JSON object, one entry per line, in store order, in the readable notation, which
 /// `EntriesFromJson` reads back: `EntriesFromJson(EntriesToJson(s), ...)` gives `s` back.
-[[nodiscard]] std::string EntriesToJson(const quillmar::MemoryPropertyStore& entries);
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::string EntriesToJson(const quillmar::MemoryPropertyStore& entries);
 
 } // namespace quillmar

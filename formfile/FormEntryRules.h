@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include "base/LocaleInfo.h"
 #include "base/MemoryPropertyStore.h"
 #include "base/Variant.h"
@@ -50,7 +52,7 @@ struct EntriesFault {
 /// else limits and a default value that exclude each other (`FindRangeCollision` of the stored
 /// "MustBeType", "MinValue", "MaxValue" and "DefaultValue", absent ones at their defaults), each value shown
 /// as `locale` writes it. nullopt when the field takes the entries as they are.
-[[nodiscard]] std::optional<EntriesFault> FieldEntriesFault(
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::optional<EntriesFault> FieldEntriesFault(
     const quillmar::MemoryPropertyStore& entries, const LocaleInfo& locale);
 
 } // namespace quillmar

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "base/LocaleInfo.h"
-#include "formfile/FormDocument.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/LocaleInfo.h>
+#include <quillmar/formfile/FormDocument.h>
 
 #include <filesystem>
 #include <optional>
@@ -37,17 +39,17 @@ struct [[nodiscard]] FormResult {
 /// a misspelt option is never quietly off. The form must then pass `CheckFormDocument` under `locale`. Any
 /// fault gives one error line naming `sourceName` and never a partial form; nothing throws, and nesting
 /// deeper than 64 levels is refused.
-[[nodiscard]] FormResult ParseFormJson(std::string_view json, std::string_view sourceName,
-    const LocaleInfo& locale = LocaleInfo::FromEnvironment());
+[[nodiscard]] QUILLMAR_CORE_EXPORT FormResult ParseFormJson(std::string_view json,
+    std::string_view sourceName, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
 /// Reads the form file at `path` (at most 16 MiB) with `ParseFormJson` under `locale`, naming the path as
 /// given in errors.
-[[nodiscard]] FormResult LoadFormFile(
+[[nodiscard]] QUILLMAR_CORE_EXPORT FormResult LoadFormFile(
     const std::filesystem::path& path, const LocaleInfo& locale = LocaleInfo::FromEnvironment());
 
 /// The form as pretty-printed JSON in the layout `ParseFormJson` reads, one entry a line in store order, each
 /// in the readable notation. `ParseFormJson(FormToJson(d), ...)` gives `d` back for a `d` that passes
 /// `CheckFormDocument`.
-[[nodiscard]] std::string FormToJson(const FormDocument& document);
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::string FormToJson(const FormDocument& document);
 
 } // namespace quillmar

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "base/LocaleInfo.h"
-#include "base/Variant.h"
-#include "validation/MessageCatalogue.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/LocaleInfo.h>
+#include <quillmar/base/Variant.h>
+#include <quillmar/validation/MessageCatalogue.h>
 
 #include <cstdint>
 #include <memory>
@@ -32,7 +34,7 @@ struct Picture {
 using PictureRef = std::shared_ptr<const Picture>;
 
 /// The data carried by a drag-and-drop operation: values by clipboard format number.
-class DataObject {
+class QUILLMAR_CORE_EXPORT DataObject {
 public:
     /// Stores the data under the format (replacing what the format held).
     void SetData(const Variant& data, int16_t format);
@@ -52,7 +54,7 @@ inline constexpr int16_t kTextFormat = 1;
 
 /// What the edit box reports to the control that owns it. Arguments are by reference, so that the control
 /// (and, through it, the form) can change or cancel a key before the edit box acts on it.
-class EditBoxEvents {
+class QUILLMAR_CORE_EXPORT EditBoxEvents {
 public:
     virtual ~EditBoxEvents() = default;
     /// A key went down; `shift` holds 1 for Shift, 2 for Ctrl and 4 for Alt.
@@ -89,7 +91,7 @@ public:
 };
 
 /// The single-line edit box the control covers itself with. Positions and lengths are UTF-16 code units.
-class EditBox {
+class QUILLMAR_CORE_EXPORT EditBox {
 public:
     virtual ~EditBox() = default;
 
@@ -158,7 +160,7 @@ public:
 };
 
 /// The form that holds the control.
-class Container {
+class QUILLMAR_CORE_EXPORT Container {
 public:
     virtual ~Container() = default;
     /// A property of the control changed; a designer marks the form dirty.
@@ -194,7 +196,7 @@ enum MessageBoxIconFlag : int16_t {
 enum class Answer { Yes, No, Cancel };
 
 /// The beep and the modal message boxes. A line break in a text is a carriage return and a line feed.
-class Alerts {
+class QUILLMAR_CORE_EXPORT Alerts {
 public:
     virtual ~Alerts() = default;
     virtual void Beep() = 0;
@@ -208,14 +210,14 @@ public:
 };
 
 /// Where the control learns the user's locale, asked afresh at every use.
-class LocaleSource {
+class QUILLMAR_CORE_EXPORT LocaleSource {
 public:
     virtual ~LocaleSource() = default;
     [[nodiscard]] virtual LocaleInfo Locale() const = 0;
 };
 
 /// The control's about box.
-class AboutBox {
+class QUILLMAR_CORE_EXPORT AboutBox {
 public:
     virtual ~AboutBox() = default;
     /// Shows the about box modally and returns when it closes.

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "host/Host.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/host/Host.h>
 
 #include <cstdint>
 
@@ -8,7 +10,7 @@ namespace quillmar {
 
 /// The events the control raises to the form, each before the control acts on it. Arguments are passed
 /// by reference, so that a form can change or cancel a key. Every method does nothing by default.
-class QuillmarEvents {
+class QUILLMAR_CORE_EXPORT QuillmarEvents {
 public:
     virtual ~QuillmarEvents() = default;
     virtual void OLEStartDrag(DataObject& /*data*/, int32_t& /*allowedEffects*/) { }

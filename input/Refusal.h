@@ -1,8 +1,10 @@
 #pragma once
 
-#include "base/LocaleInfo.h"
-#include "base/Settings.h"
-#include "validation/MessageCatalogue.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/base/LocaleInfo.h>
+#include <quillmar/base/Settings.h>
+#include <quillmar/validation/MessageCatalogue.h>
 
 #include <string>
 
@@ -56,12 +58,13 @@ enum class Refusal {
 /// shows how numbers are written in the field, by an example in the locale's own form that follows the
 /// field's type, sign and grouping ("Numbers here are written like 1,234.50", "... like 1234"). The words
 /// come from `catalogue`.
-[[nodiscard]] std::u16string RefusalText(Refusal refusal, const Settings& settings, const LocaleInfo& locale,
-    const MessageCatalogue& catalogue = EnglishMessages());
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::u16string RefusalText(Refusal refusal, const Settings& settings,
+    const LocaleInfo& locale, const MessageCatalogue& catalogue = EnglishMessages());
 
 /// An example number of the field as the user would write it: 123 for a byte, 1234 for the other whole
 /// numbers, 1234.50 otherwise (fewer decimals when `MaxNumberOfDecimals` allows only one), with the locale's
 /// separators, grouped when `ThousandSeparator` allows grouping, and a minus sign when it must be negative.
-[[nodiscard]] std::u16string NumberExample(const Settings& settings, const LocaleInfo& locale);
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::u16string NumberExample(
+    const Settings& settings, const LocaleInfo& locale);
 
 } // namespace quillmar

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "base/LocaleInfo.h"
-#include "host/Host.h"
+#include <quillmar/PagesExport.h>
+
+#include <quillmar/base/LocaleInfo.h>
+#include <quillmar/host/Host.h>
 
 #include <QString>
 
 namespace quillmar::pages {
 
 /// The time of day to the second, as the pages read it to tell two loads within one second apart.
-class Clock {
+class QUILLMAR_PAGES_EXPORT Clock {
 public:
     virtual ~Clock() = default;
     /// Seconds since midnight, 0 to 86,399.
@@ -16,7 +18,7 @@ public:
 };
 
 /// The system's clock.
-class SystemClock final : public Clock {
+class QUILLMAR_PAGES_EXPORT SystemClock final : public Clock {
 public:
     [[nodiscard]] int SecondsOfDay() const override;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "base/MemoryPropertyStore.h"
-#include "base/PropertyError.h"
-#include "pages/PageServices.h"
-#include "pages/SelectedControls.h"
-#include "qt/QuillmarEdit.h"
+#include <quillmar/PagesExport.h>
+
+#include <quillmar/base/MemoryPropertyStore.h>
+#include <quillmar/base/PropertyError.h>
+#include <quillmar/pages/PageServices.h>
+#include <quillmar/pages/SelectedControls.h>
+#include <quillmar/qt/QuillmarEdit.h>
 
 #include <QPointer>
 #include <QString>
@@ -20,7 +22,7 @@ namespace quillmar::pages {
 /// checks, then writes every selected field through its public writers). A page marks itself Changed when the
 /// author touches one of its controls; a page still Changed after `ApplyChanges` has refused, and keeps the
 /// place where it put the focus so that the frame can give it back once the page is shown.
-class PropertyPage : public QWidget {
+class QUILLMAR_PAGES_EXPORT PropertyPage : public QWidget {
     Q_OBJECT
 public:
     PropertyPage(const QString& caption, PageServices services, QWidget* parent = nullptr);
@@ -106,6 +108,6 @@ private:
 };
 
 /// The stored entries of a list property holding the given items in slots 1 to n.
-[[nodiscard]] Variant StoredList(const VariantArray& items);
+[[nodiscard]] QUILLMAR_PAGES_EXPORT Variant StoredList(const VariantArray& items);
 
 } // namespace quillmar::pages

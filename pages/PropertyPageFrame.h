@@ -1,9 +1,11 @@
 #pragma once
 
-#include "pages/PageServices.h"
-#include "pages/PropertyPage.h"
-#include "pages/SelectedControls.h"
-#include "qt/QtAlerts.h"
+#include <quillmar/PagesExport.h>
+
+#include <quillmar/pages/PageServices.h>
+#include <quillmar/pages/PropertyPage.h>
+#include <quillmar/pages/SelectedControls.h>
+#include <quillmar/qt/QtAlerts.h>
 
 #include <QDialog>
 #include <QList>
@@ -22,7 +24,7 @@ namespace quillmar::pages {
 /// first page that refused is then shown with the focus where it put it. When none refused, every page
 /// loads again from the first selected field. OK closes only when no page refused; Cancel closes and writes
 /// nothing. An embedded field that refuses to be left keeps the focus, and the frame shows its page.
-class PropertyPageFrame : public QDialog {
+class QUILLMAR_PAGES_EXPORT PropertyPageFrame : public QDialog {
     Q_OBJECT
 public:
     /// A frame whose pages beep and ask with `alerts` and read the time from `clock` (both must outlive it).

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "qt/QuillmarEdit.h"
+#include <quillmar/PagesExport.h>
+
+#include <quillmar/qt/QuillmarEdit.h>
 
 #include <QList>
 #include <QPointer>
@@ -9,7 +11,7 @@ namespace quillmar::pages {
 
 /// The fields the author selected in the designer, in selection order. A field destroyed while selected
 /// reads as nullptr.
-class SelectedControls {
+class QUILLMAR_PAGES_EXPORT SelectedControls {
 public:
     SelectedControls() = default;
     explicit SelectedControls(const QList<qt::QuillmarEdit*>& fields) {

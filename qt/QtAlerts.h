@@ -1,6 +1,8 @@
 #pragma once
 
-#include "host/Host.h"
+#include <quillmar/QtExport.h>
+
+#include <quillmar/host/Host.h>
 
 #include <QMessageBox>
 #include <QPointer>
@@ -12,11 +14,11 @@ namespace quillmar::qt {
 /// Shows a modal `QMessageBox` over `parent` (a carriage return and line feed in the text break the line)
 /// with the icon flag (`MessageBoxIconFlag`) and the buttons; returns the button that closed it (Escape or
 /// the window's close button give Cancel, or OK for a box with OK alone).
-QMessageBox::StandardButton ExecMessageBox(QWidget* parent, const QString& text, const QString& title,
-    int icon, QMessageBox::StandardButtons buttons);
+QUILLMAR_QT_EXPORT QMessageBox::StandardButton ExecMessageBox(QWidget* parent, const QString& text,
+    const QString& title, int icon, QMessageBox::StandardButtons buttons);
 
 /// The beep and the message boxes as Qt shows them, over a parent window that may change or go away.
-class QtAlerts final : public Alerts {
+class QUILLMAR_QT_EXPORT QtAlerts final : public Alerts {
 public:
     explicit QtAlerts(QWidget* parent = nullptr)
         : m_parent(parent) { }

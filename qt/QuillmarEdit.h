@@ -1,7 +1,9 @@
 #pragma once
 
-#include "control/Quillmar.h"
-#include "qt/QtConversions.h"
+#include <quillmar/QtExport.h>
+
+#include <quillmar/control/Quillmar.h>
+#include <quillmar/qt/QtConversions.h>
 
 #include <QLineEdit>
 #include <QString>
@@ -31,7 +33,7 @@ class QtServices;
 /// In a `.ui` file the field's rules travel as one text, `rules`; the edit box's properties travel one by
 /// one (Designer marks them `stdset="0"`, so `uic` code writes them with `setProperty`).
 /// The message box, the beep and the about box are Qt's unless replaced (tests replace them).
-class QuillmarEdit : public QWidget {
+class QUILLMAR_QT_EXPORT QuillmarEdit : public QWidget {
     Q_OBJECT
     // Designer shows the edit box's properties and the rules as one text (`rules`); the rules one by one,
     // the run-time state, the inert writers and the font size (a float, which Designer cannot edit) are for

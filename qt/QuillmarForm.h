@@ -1,7 +1,9 @@
 #pragma once
 
-#include "formfile/FormDocument.h"
-#include "qt/QuillmarEdit.h"
+#include <quillmar/QtExport.h>
+
+#include <quillmar/formfile/FormDocument.h>
+#include <quillmar/qt/QuillmarEdit.h>
 
 #include <QLabel>
 #include <QRect>
@@ -41,16 +43,16 @@ struct FormWidgets {
 /// order and take the form's refusal-tip and inline-state switches. The fields take `parent`'s font as
 /// their ambient font. When a field refuses a stored value, nothing stays built and the error (naming
 /// `sourceName`) says why.
-[[nodiscard]] FormWidgets BuildForm(
+[[nodiscard]] QUILLMAR_QT_EXPORT FormWidgets BuildForm(
     const FormDocument& document, QWidget& parent, std::string_view sourceName);
 
 /// Reads the form file at `path` and builds it inside `parent` (see `BuildForm`); a file that does not read
 /// builds nothing and gives the error line.
-[[nodiscard]] FormWidgets LoadForm(const QString& path, QWidget& parent);
+[[nodiscard]] QUILLMAR_QT_EXPORT FormWidgets LoadForm(const QString& path, QWidget& parent);
 
 /// The text of the label whose buddy is `field` (or its edit box), as a person reads it: "&Quantity:" gives
 /// "Quantity". Empty when the field has no label.
-[[nodiscard]] QString LabelOf(const QuillmarEdit& field);
+[[nodiscard]] QUILLMAR_QT_EXPORT QString LabelOf(const QuillmarEdit& field);
 
 /// A field of a form whose text is not valid now.
 struct InvalidField {
@@ -64,6 +66,6 @@ struct InvalidField {
 /// The fields inside `form` whose text is not valid now, in tab order, each with its label and message.
 /// Nothing is corrected and no message is shown: a form calls this before it takes the values (a Submit
 /// or an OK button) and lists what is left to correct.
-[[nodiscard]] std::vector<InvalidField> InvalidFields(const QWidget& form);
+[[nodiscard]] QUILLMAR_QT_EXPORT std::vector<InvalidField> InvalidFields(const QWidget& form);
 
 } // namespace quillmar::qt

@@ -14,7 +14,7 @@ read -r -a TARGETS <<<"${FUZZ_TARGETS:-pattern pattern_diff number datetime stor
 if [ ! -f "$BUILD_DIR/build.ninja" ]; then
   CC=clang-14 CXX=clang++-14 cmake -S . -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DQUILLMAR_FUZZ=ON -DQUILLMAR_TESTS=OFF -DQUILLMAR_BENCH=OFF \
-    -DQUILLMAR_QT=OFF >/dev/null
+    -DQUILLMAR_QT=OFF -DBUILD_SHARED_LIBS=OFF >/dev/null
 fi
 cmake --build "$BUILD_DIR" --target quillmar_fuzzers
 

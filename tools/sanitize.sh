@@ -12,7 +12,7 @@ if [ ! -f "$BUILD_DIR/build.ninja" ]; then
   CC=clang-14 CXX=clang++-14 cmake -S . -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_FLAGS="$FLAGS" \
     -DCMAKE_EXE_LINKER_FLAGS="-fsanitize=address,undefined" -DQUILLMAR_QT=OFF -DQUILLMAR_BENCH=OFF \
-    -DQUILLMAR_TESTS=ON >/dev/null
+    -DQUILLMAR_TESTS=ON -DBUILD_SHARED_LIBS=OFF >/dev/null
 fi
 cmake --build "$BUILD_DIR"
 

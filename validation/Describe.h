@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include "base/LocaleInfo.h"
 #include "base/Settings.h"
 #include "validation/MessageCatalogue.h"
@@ -38,13 +40,13 @@ namespace quillmar {
 /// declared rules joined by ", " and begun with a capital ("Letters only, upper case, at most 8 characters,
 /// like AB-1234"), naming the characters the author added to a letter rule or allowed alone; the empty text
 /// for a text field without rules. `maxLength` is the edit box's limit (0 for none).
-[[nodiscard]] std::u16string DescribeRules(const Settings& settings, const LocaleInfo& locale,
-    int32_t maxLength, const MessageCatalogue& catalogue = EnglishMessages());
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::u16string DescribeRules(const Settings& settings,
+    const LocaleInfo& locale, int32_t maxLength, const MessageCatalogue& catalogue = EnglishMessages());
 
 /// The text an empty field shows in grey: for a date field the locale's short date of 31 December of `year`,
 /// for a time field its short time of 17:30 (both from ICU); for a number its range ("1 – 100", "≥ 0",
 /// "≤ 100"); for masked text the mask's example; otherwise the empty text.
-[[nodiscard]] std::u16string PlaceholderText(const Settings& settings, const LocaleInfo& locale, int32_t year,
-    const MessageCatalogue& catalogue = EnglishMessages());
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::u16string PlaceholderText(const Settings& settings,
+    const LocaleInfo& locale, int32_t year, const MessageCatalogue& catalogue = EnglishMessages());
 
 } // namespace quillmar

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -124,10 +126,10 @@ enum class MessageId : uint16_t {
 inline constexpr size_t kMessageCount = static_cast<size_t>(MessageId::Count);
 
 /// The context and English source of a message identity (never null).
-[[nodiscard]] const MessageText& MessageSource(MessageId id);
+[[nodiscard]] QUILLMAR_CORE_EXPORT const MessageText& MessageSource(MessageId id);
 
 /// Where the control finds the text of a message identity in the user's language.
-class MessageCatalogue {
+class QUILLMAR_CORE_EXPORT MessageCatalogue {
 public:
     virtual ~MessageCatalogue() = default;
     /// The text of `id` with %1, %2 ... still in it where the arguments go; the English source when the
@@ -136,17 +138,17 @@ public:
 };
 
 /// The catalogue of the product's own English texts, character for character.
-class EnglishCatalogue final : public MessageCatalogue {
+class QUILLMAR_CORE_EXPORT EnglishCatalogue final : public MessageCatalogue {
 public:
     [[nodiscard]] std::u16string Template(MessageId id) const override;
 };
 
 /// The English catalogue shared by every caller that names no other.
-[[nodiscard]] const MessageCatalogue& EnglishMessages();
+[[nodiscard]] QUILLMAR_CORE_EXPORT const MessageCatalogue& EnglishMessages();
 
 /// The text of `id` in the catalogue's language with %1 ... %9 replaced by `args` in order, once: an
 /// argument holding "%2" stays as it is. A placeholder without an argument is left as written.
-[[nodiscard]] std::u16string ComposeMessage(
+[[nodiscard]] QUILLMAR_CORE_EXPORT std::u16string ComposeMessage(
     const MessageCatalogue& catalogue, MessageId id, std::initializer_list<std::u16string_view> args = {});
 
 } // namespace quillmar

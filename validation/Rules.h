@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmar/CoreExport.h>
+
 #include "base/LocaleInfo.h"
 #include "base/Settings.h"
 
@@ -28,7 +30,7 @@ namespace quillmar {
 /// scientific format; any other text for the mask, case, length and character rules and forbidden values.
 /// Conversions that fail count as broken constraints or skipped items; never throws.
 /// The type used is `settings.MustBeType`; `vldUnspecified` is checked as text.
-[[nodiscard]] int32_t EvaluateRules(
+[[nodiscard]] QUILLMAR_CORE_EXPORT int32_t EvaluateRules(
     std::u16string_view text, const Settings& settings, const LocaleInfo& locale, int32_t maxLength);
 
 } // namespace quillmar

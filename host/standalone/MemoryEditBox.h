@@ -1,6 +1,8 @@
 #pragma once
 
-#include "host/Host.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/host/Host.h>
 
 #include <optional>
 #include <string>
@@ -25,7 +27,7 @@ enum VirtualKey : int16_t {
 /// `MaxLength` and `Locked`), reports the change, then the key coming up. Backspace and Delete remove, a
 /// paste replaces the selection with one change, arrows and Home/End move the caret (with Shift they select).
 /// Programmatic writes report a change only when the text really changes.
-class MemoryEditBox final : public EditBox {
+class QUILLMAR_CORE_EXPORT MemoryEditBox final : public EditBox {
 public:
     MemoryEditBox();
 

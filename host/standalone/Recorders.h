@@ -1,7 +1,9 @@
 #pragma once
 
-#include "host/Host.h"
-#include "host/QuillmarEvents.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/host/Host.h>
+#include <quillmar/host/QuillmarEvents.h>
 
 #include <optional>
 #include <string>
@@ -11,7 +13,7 @@
 namespace quillmar::standalone {
 
 /// A container that records every PropertyChanged notification and every request for the focus.
-class RecordingContainer final : public Container {
+class QUILLMAR_CORE_EXPORT RecordingContainer final : public Container {
 public:
     void PropertyChanged(std::u16string_view name) override { notifications.emplace_back(name); }
     [[nodiscard]] bool UserMode() const override { return userMode; }
@@ -44,7 +46,7 @@ struct ShownMessage {
 
 /// Beeps, message boxes and questions, counted and recorded instead of shown; questions take their answers
 /// from a script.
-class RecordingAlerts final : public Alerts {
+class QUILLMAR_CORE_EXPORT RecordingAlerts final : public Alerts {
 public:
     void Beep() override { ++beeps; }
     void MessageBox(std::u16string_view text, std::u16string_view title, int16_t icon) override {
@@ -61,7 +63,7 @@ public:
 };
 
 /// A locale fixed by name (or taken from the process environment).
-class FixedLocale final : public LocaleSource {
+class QUILLMAR_CORE_EXPORT FixedLocale final : public LocaleSource {
 public:
     FixedLocale()
         : m_info(LocaleInfo::FromEnvironment()) { }
@@ -75,7 +77,7 @@ private:
 };
 
 /// An about box that only counts how often it was opened.
-class CountingAboutBox final : public AboutBox {
+class QUILLMAR_CORE_EXPORT CountingAboutBox final : public AboutBox {
 public:
     void Show() override { ++shown; }
     int shown = 0;
@@ -83,7 +85,7 @@ public:
 
 /// The events raised to the form, recorded in order as short texts with their arguments ("Change",
 /// "KeyPress 65", "MouseUp 1 0 14 5").
-class RecordingEvents : public QuillmarEvents {
+class QUILLMAR_CORE_EXPORT RecordingEvents : public QuillmarEvents {
 public:
     void OLEStartDrag(DataObject& data, int32_t& allowedEffects) override;
     void OLESetData(DataObject& data, int16_t& dataFormat) override;

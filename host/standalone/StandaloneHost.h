@@ -1,7 +1,9 @@
 #pragma once
 
-#include "host/standalone/MemoryEditBox.h"
-#include "host/standalone/Recorders.h"
+#include <quillmar/CoreExport.h>
+
+#include <quillmar/host/standalone/MemoryEditBox.h>
+#include <quillmar/host/standalone/Recorders.h>
 
 #include <string_view>
 
@@ -10,7 +12,7 @@ namespace quillmar::standalone {
 /// Every host service in memory, for tests, headless use and batch validation. The locale is the process's
 /// unless one is named. A host serves one control at a time: constructing a second control on it while the
 /// first lives throws `std::logic_error` (its edit box refuses a second control).
-class StandaloneHost {
+class QUILLMAR_CORE_EXPORT StandaloneHost {
 public:
     StandaloneHost() = default;
     explicit StandaloneHost(std::string_view localeName)

@@ -19,8 +19,8 @@
 
 #include <memory>
 
-// The plugin is loaded as Designer loads it; its field is another copy of the class than the tests', so
-// the tests reach it through the meta-object system only.
+// The plugin is loaded as Designer loads it, and its field is reached as Designer reaches it: through the
+// meta-object system only.
 namespace quillmar {
 namespace {
 
@@ -43,13 +43,16 @@ TEST_F(DesignerPlugin, WidgetBoxEntryDescribesTheField) {
     QDesignerCustomWidgetInterface* entry = Field();
     ASSERT_NE(entry, nullptr) << loader.errorString().toStdString();
     EXPECT_EQ(entry->group(), QStringLiteral("Quillmar"));
-    EXPECT_EQ(entry->includeFile(), QStringLiteral("qt/QuillmarEdit.h"));
+    EXPECT_EQ(entry->includeFile(), QStringLiteral("quillmar/qt/QuillmarEdit.h"));
     EXPECT_FALSE(entry->isContainer());
     EXPECT_FALSE(entry->icon().isNull());
     const QString xml = entry->domXml();
     EXPECT_TRUE(
         xml.contains(QStringLiteral(R"(<widget class="quillmar::qt::QuillmarEdit" name="quillmarEdit">)")));
     EXPECT_TRUE(xml.contains(QStringLiteral("<width>160</width>")));
+    // uic writes #include <quillmar/qt/QuillmarEdit.h>, the installed header.
+    EXPECT_TRUE(
+        xml.contains(QStringLiteral(R"(<header location="global">quillmar/qt/QuillmarEdit.h</header>)")));
 }
 
 TEST_F(DesignerPlugin, CreatedFieldIsInDesignModeAndItsTaskMenuOpensThePages) {

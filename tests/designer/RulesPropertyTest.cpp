@@ -1,10 +1,10 @@
-#include "base/MemoryPropertyStore.h"
-#include "qt/QuillmarEdit.h"
-
 #include <QApplication>
 #include <QMetaEnum>
 
 #include "support/QtApplication.h"
+
+#include <quillmar/base/MemoryPropertyStore.h>
+#include <quillmar/qt/QuillmarEdit.h>
 
 #include <gtest/gtest.h>
 

@@ -1,31 +1,91 @@
-// A field made from the installed package checks a text by its rules, and its page frame is at hand.
-#include "pages/FieldPages.h"
-#include "pages/PropertyPageFrame.h"
-#include "qt/QuillmarEdit.h"
+// A field made from the installed package checks a text by its rules, its page frame is at hand, and the
+// installed Designer plugin makes fields for QUiLoader that are this program's own QuillmarEdit, which the
+// form-level helpers find.
+// Argument: the folder of the installed Designer plugin.
+#include <quillmar/pages/FieldPages.h>
+#include <quillmar/pages/PropertyPageFrame.h>
+#include <quillmar/qt/QuillmarEdit.h>
+#include <quillmar/qt/QuillmarForm.h>
 
 #include <QApplication>
-#include <QMetaEnum>
+#include <QBuffer>
+#include <QDir>
+#include <QPluginLoader>
+#include <QUiLoader>
 
 #include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+int Fail(const char* what, const QString& detail = {}) {
+    std::fprintf(stderr, "quillmar package: %s %s\n", what, qPrintable(detail));
+    return 1;
+}
+
+const char kForm[] = R"(<ui version="4.0">
+ <class>Order</class>
+ <widget class="QWidget" name="Order">
+  <widget class="quillmar::qt::QuillmarEdit" name="quantity">
+   <property name="MustBeType"><enum>quillmar::vldInteger</enum></property>
+  </widget>
+ </widget>
+ <customwidgets>
+  <customwidget>
+   <class>quillmar::qt::QuillmarEdit</class>
+   <extends>QWidget</extends>
+   <header location="global">quillmar/qt/QuillmarEdit.h</header>
+  </customwidget>
+ </customwidgets>
+</ui>
+)";
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    if (argc != 2) return Fail("usage: quillmar-package-consumer <designer plugin folder>");
+    const QString pluginDir = QString::fromLocal8Bit(argv[1]);
+
     quillmar::qt::QuillmarEdit field;
     field.SetLocaleName(QStringLiteral("en_US"));
     field.SetMustBeType(quillmar::vldInteger);
     field.SetMaxValue(500);
     field.SetText(QStringLiteral("250"));
-    const bool valid = field.IsValid();
+    if (!field.IsValid()) return Fail("250 is refused");
     field.SetText(QStringLiteral("501"));
-    const bool tooLarge = field.CheckInput() == quillmar::vldCCMaxValue;
-    const QString type = field.property("MustBeType").toString();
+    if (field.CheckInput() != quillmar::vldCCMaxValue) return Fail("501 is taken");
+    if (field.property("MustBeType").toString() != QStringLiteral("vldInteger"))
+        return Fail("MustBeType reads", field.property("MustBeType").toString());
     quillmar::pages::PropertyPageFrame frame;
     quillmar::pages::AddFieldPages(frame);
-    if (!valid || !tooLarge || type != QStringLiteral("vldInteger") || frame.PageCount() != 5) {
-        std::fprintf(stderr, "quillmar package: valid %d, too large %d, type %s, pages %d\n", valid, tooLarge,
-            qPrintable(type), frame.PageCount());
-        return 1;
-    }
-    std::puts("quillmar package: the field checks its text");
+    if (frame.PageCount() != 5) return Fail("pages", QString::number(frame.PageCount()));
+
+    // The plugin file loads as Designer loads it.
+    const QStringList plugins = QDir(pluginDir).entryList({ QStringLiteral("*.so") }, QDir::Files);
+    if (plugins.size() != 1) return Fail("plugins in", pluginDir);
+    QPluginLoader plugin(QDir(pluginDir).absoluteFilePath(plugins.front()));
+    if (!plugin.load()) return Fail("plugin", plugin.errorString());
+
+    // A form read at run time: the plugin makes the field, and the field is a QuillmarEdit of this program.
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(pluginDir);
+    QByteArray form(kForm);
+    QBuffer buffer(&form);
+    std::unique_ptr<QWidget> widget(loader.load(&buffer));
+    if (!widget) return Fail("QUiLoader", loader.errorString());
+    auto* quantity
+        = qobject_cast<quillmar::qt::QuillmarEdit*>(widget->findChild<QWidget*>(QStringLiteral("quantity")));
+    if (!quantity) return Fail("the loaded field is not a QuillmarEdit");
+    if (quantity->MustBeType() != quillmar::vldInteger) return Fail("the loaded field's type");
+    // The form-level helper finds it once its text is not an integer.
+    quantity->SetText(QStringLiteral("12a"));
+    const std::vector<quillmar::qt::InvalidField> invalid = quillmar::qt::InvalidFields(*widget);
+    if (invalid.size() != 1 || invalid.front().field != quantity || invalid.front().message.isEmpty())
+        return Fail("invalid fields", QString::number(invalid.size()));
+
+    std::puts("quillmar package: the field checks its text, and QUiLoader's field is a QuillmarEdit");
     return 0;
 }
