@@ -60,7 +60,8 @@ package: build
 	cmake --build $(BUILD) --target package
 
 # The packages as another project uses them: unpacked into a scratch root, the libraries carry their
-# versioned SONAME, quillmar-check runs from there, and three consumers build against it and run: a CMake
+# versioned SONAME, quillmar-check and the SQLite extension run from there (the libraries found as in the
+# system's library folder), and three consumers build against it and run: a CMake
 # project (find_package, with QUiLoader and the Designer plugin), a program built with pkg-config, and a
 # project that builds Quillmar as a subproject (add_subdirectory).
 package-test: package
@@ -68,14 +69,18 @@ package-test: package
 	rm -rf "$$stage"; mkdir -p "$$root"; \
 	for deb in $(BUILD)/*.deb; do dpkg -x "$$deb" "$$root"; done; \
 	libdir=$$root/usr/lib/$$(dpkg-architecture -qDEB_HOST_MULTIARCH); \
-	for lib in core qt pages; do \
+	for lib in core texts qt pages; do \
 	  objdump -p "$$libdir/libquillmar-$$lib.so.1" | grep -q "SONAME *libquillmar-$$lib.so.1$$" || \
 	    { echo "libquillmar-$$lib.so.1: no SONAME libquillmar-$$lib.so.1"; exit 1; }; \
 	done; \
 	LD_LIBRARY_PATH="$$libdir" "$$root/usr/bin/quillmar-check" --help >/dev/null; \
+	broken=$$(sqlite3 :memory: -cmd ".load $$libdir/quillmar/quillmar_sqlite" \
+	  "SELECT quillmar_broken('examples/orders.qform.json', 'Quantity', 750, 'en_US')"); \
+	[ "$$broken" = 128 ] || { echo "quillmar_sqlite from the package: quillmar_broken gave '$$broken', not 128"; exit 1; }; \
 	cmake -S tests/package -B "$$stage/cmake" -G Ninja -DCMAKE_BUILD_TYPE=$(BUILDTYPE) \
 	  -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_PREFIX_PATH="$$root/usr" >/dev/null; \
 	cmake --build "$$stage/cmake"; \
+	export LD_LIBRARY_PATH="$$libdir"; \
 	QT_QPA_PLATFORM=offscreen "$$stage/cmake/quillmar-package-consumer" "$$libdir/qt6/plugins/designer"; \
 	"$$stage/cmake/quillmar-package-core"; \
 	export PKG_CONFIG_PATH="$$libdir/pkgconfig"; \

@@ -1,9 +1,10 @@
 # Debian packages from CPack (`cmake --build build --target package`), one per component, installing side by
 # side under /usr:
-#   libquillmar1               runtime     libquillmar-core.so.1, -qt and -pages
+#   libquillmar1               runtime     libquillmar-core.so.1, -texts, -qt and -pages
 #   libquillmar-dev            dev         headers, the .so links, the CMake and pkg-config files, the reference
 #   quillmar-designer-plugin   designer    the Designer plugin, in Qt's plugin folder
 #   quillmar-tools             tools       quillmar-forms (desktop entry, icon), quillmar-check, the form schema
+#   quillmar-sqlite            sqlite      the SQLite extension with quillmar_check and quillmar_broken
 # Package dependencies on other packages come from the binaries (dpkg-shlibdeps); among these packages, from
 # the components' dependencies, at the same version.
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/quillmar-forms.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
@@ -18,6 +19,8 @@ set(CPACK_PACKAGE_CONTACT "Quillmar developers <quillmar@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "single-line data-entry field that knows what it must contain")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
+# Packaged binaries carry no debug information, as Debian packages do.
+set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The plugin needs libquillmar-qt.so.1 of this build, which no installed package provides yet: dpkg-shlibdeps
@@ -28,6 +31,9 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_COMPONENTS_ALL runtime dev tools)
 if(TARGET quillmar_designer)
   list(APPEND CPACK_COMPONENTS_ALL designer)
+endif()
+if(TARGET quillmar_sqlite)
+  list(APPEND CPACK_COMPONENTS_ALL sqlite)
 endif()
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libquillmar${QUILLMAR_ABI_VERSION})
@@ -53,5 +59,9 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 # quillmar-forms stores records through Qt SQL's SQLite driver, a plugin that no binary links.
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "libqt6sql6-sqlite")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "quillmar-forms, the form application, and quillmar-check, the headless checker")
+
+set(CPACK_DEBIAN_SQLITE_PACKAGE_NAME quillmar-sqlite)
+set(CPACK_DEBIAN_SQLITE_PACKAGE_SECTION database)
+set(CPACK_COMPONENT_SQLITE_DESCRIPTION "A form's rules in SQL: quillmar_check and quillmar_broken for SQLite (.load)")
 
 include(CPack)
