@@ -1,5 +1,4 @@
 #include "base/MemoryPropertyStore.h"
-#include "control/PropertyTable.h"
 #include "control/Quillmar.h"
 #include "host/standalone/StandaloneHost.h"
 
@@ -75,27 +74,6 @@ TEST(Persistence, EveryEntryComesBackInWriteOrder) {
     Field loaded;
     loaded.control.ReadProperties(StoreOf(Entries(kEveryEntry.rbegin(), kEveryEntry.rend())));
     EXPECT_EQ(Saved(loaded.control).Entries(), kEveryEntry);
-}
-
-// A store that keeps the key of every write, also of a value equal to its default.
-struct WrittenKeys : PropertyStore {
-    Variant ReadProperty(std::u16string_view, const Variant& defaultValue) const override {
-        return defaultValue;
-    }
-    void WriteProperty(std::u16string_view key, const Variant&, const Variant&) override {
-        keys.emplace_back(key);
-    }
-    std::vector<std::u16string> keys;
-};
-
-TEST(Persistence, WritesExactlyTheStoredPropertiesInTheirOrder) {
-    Field field;
-    WrittenKeys written;
-    field.control.WriteProperties(written);
-    std::vector<std::u16string> expected;
-    for (const StoredProperty& property : kStoredProperties)
-        expected.emplace_back(property.key);
-    EXPECT_EQ(written.keys, expected);
 }
 
 // "Text1" is the text's write default, so it is left out (and loads back as the name); the caret stays after

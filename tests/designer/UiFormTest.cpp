@@ -94,14 +94,10 @@ void ExpectTheFormOfTheFile(QWidget& form) {
     } rows[] = {
         { "quantity", "250", 0 },
         { "quantity", "13", vldCCMustNotBeValues },
-        { "quantity", "501", vldCCMaxValue },
-        { "quantity", "", vldCCRequiredField },
         { "customerCode", "AB-1234", 0 },
         { "customerCode", "A1-1234", vldCCCustomMask },
-        { "customerCode", "ab-1234", vldCCMustBeUpperCase },
         { "orderDate", "6/15/2024", 0 },
         { "orderDate", "6/15/2023", vldCCMinValue },
-        { "orderDate", "2/30/2024", vldCCMustBeDate },
     };
     for (const auto& [name, text, broken] : rows) {
         SCOPED_TRACE(std::string(name) + " " + text);

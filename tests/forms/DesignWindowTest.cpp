@@ -74,7 +74,8 @@ protected:
     QuillmarEdit* Field(const char* name) {
         return Surface()->findChild<QuillmarEdit*>(QString::fromLatin1(name));
     }
-    QPoint CentreOf(const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))).center(); }
+    QRect GeometryOf(const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))); }
+    QPoint CentreOf(const char* name) { return GeometryOf(name).center(); }
     void Click(const char* name, Qt::KeyboardModifiers modifiers = {}) {
         QTest::mouseClick(Surface(), Qt::LeftButton, modifiers, CentreOf(name));
     }
@@ -124,7 +125,7 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     Key(Qt::Key_I, Qt::ControlModifier);
     window->Actions().placeField->trigger();
     ASSERT_EQ(Names(), (QStringList { "Quillmar1", "Quillmar2", "Quillmar3" }));
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quillmar1"))).topLeft(), QPoint(200, 40));
+    EXPECT_EQ(GeometryOf("Quillmar1").topLeft(), QPoint(200, 40));
     for (const char* name : { "Quillmar1", "Quillmar2", "Quillmar3" }) {
         EXPECT_FALSE(Field(name)->UserMode());
         // Initialised, not loaded, and careful: no text, and no action puts a guess in place of what is
@@ -191,24 +192,24 @@ TEST_F(DesignMode, DesignsAFormThatReopensAsDesigned) {
     EXPECT_EQ(Field("Quantity")->MinValue(), QVariant(1.0));
 
     // A drag moves both selected fields and is one step; two arrow keys are one more.
-    const QRect quantity = Surface()->GeometryOf(Surface()->IdOf(Field("Quantity")));
+    const QRect quantity = GeometryOf("Quantity");
     Drag("Quantity", QPoint(40, 16));
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(40, 16));
+    EXPECT_EQ(GeometryOf("Quantity"), quantity.translated(40, 16));
     Key(Qt::Key_Right);
     Key(Qt::Key_Right);
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(42, 16));
+    EXPECT_EQ(GeometryOf("Quantity"), quantity.translated(42, 16));
     Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity.translated(40, 16));
+    EXPECT_EQ(GeometryOf("Quantity"), quantity.translated(40, 16));
     Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))), quantity);
+    EXPECT_EQ(GeometryOf("Quantity"), quantity);
     Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
 
     // The handle at the right of a lone selected field widens it; the form's corner grip resizes the form,
     // never so far as to hide a field. Each is one step.
     Click("Quantity");
-    const QRect moved = Surface()->GeometryOf(Surface()->IdOf(Field("Quantity")));
+    const QRect moved = GeometryOf("Quantity");
     DragFrom(QPoint(moved.right(), moved.center().y()), QPoint(24, 0));
-    EXPECT_EQ(Surface()->GeometryOf(Surface()->IdOf(Field("Quantity"))).width(), moved.width() + 24);
+    EXPECT_EQ(GeometryOf("Quantity").width(), moved.width() + 24);
     const QSize form = Surface()->size();
     QTest::mouseMove(Surface(), QPoint(form.width() - 2, form.height() - 2));
     EXPECT_EQ(Surface()->cursor().shape(), Qt::SizeFDiagCursor);
@@ -347,9 +348,7 @@ TEST_F(DesignMode, ABrokenFormIsNotShown) {
 // cut ones come back where they were; what the clipboard holds is checked as a form file is.
 TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
     ASSERT_TRUE(window->OpenForm(QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json")));
-    const auto geometry
-        = [&](const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))); };
-    const QRect quantity = geometry("Quantity");
+    const QRect quantity = GeometryOf("Quantity");
     Click("Quantity");
     Click("Discount", Qt::ControlModifier);
     Key(Qt::Key_C, Qt::ControlModifier);
@@ -357,8 +356,8 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
     Key(Qt::Key_V, Qt::ControlModifier);
     Key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Names().mid(14), (QStringList { "Quantity2", "Discount2", "Quantity3", "Discount3" }));
-    EXPECT_EQ(geometry("Quantity2"), quantity.translated(16, 16));
-    EXPECT_EQ(geometry("Quantity3"), quantity.translated(32, 32));
+    EXPECT_EQ(GeometryOf("Quantity2"), quantity.translated(16, 16));
+    EXPECT_EQ(GeometryOf("Quantity3"), quantity.translated(32, 32));
     EXPECT_EQ(Surface()->Selection(),
         (QList<int> { Surface()->IdOf(Field("Quantity3")), Surface()->IdOf(Field("Discount3")) }));
     EXPECT_EQ(Field("Discount3")->MaxValue(), Field("Discount")->MaxValue());
@@ -372,7 +371,7 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
     EXPECT_EQ(Field("Quantity"), nullptr);
     EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Cut Field"));
     Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(geometry("Quantity"), quantity);
+    EXPECT_EQ(GeometryOf("Quantity"), quantity);
     EXPECT_EQ(Names().last(), QStringLiteral("Quantity"));
 
     auto* data = new QMimeData;
@@ -390,10 +389,8 @@ TEST_F(DesignMode, CopiedFieldsPasteBesideTheirOriginals) {
 // edge meets the same edge of a field nearby.
 TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
     ASSERT_TRUE(window->OpenForm(QStringLiteral(QUILLMAR_EXAMPLES_DIR "/orders.qform.json")));
-    const auto geometry
-        = [&](const char* name) { return Surface()->GeometryOf(Surface()->IdOf(Field(name))); };
-    const QRect quantity = geometry("Quantity");
-    const QRect price = geometry("UnitPrice");
+    const QRect quantity = GeometryOf("Quantity");
+    const QRect price = GeometryOf("UnitPrice");
     // A wide field in a row of its own below the others.
     Surface()->SetFormSize(Surface()->size() + QSize(0, 40));
     Surface()->SetGeometryOf(Surface()->IdOf(Field("Discount")), QRect(120, 262, 460, 21));
@@ -404,15 +401,15 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
     Click("Discount", Qt::ControlModifier);
     EXPECT_EQ(Surface()->Primary(), Surface()->IdOf(Field("Quantity")));
     window->Actions().alignTops->trigger();
-    EXPECT_EQ(geometry("UnitPrice"), price.translated(0, quantity.top() - price.top()));
-    EXPECT_EQ(geometry("Quantity"), quantity);
+    EXPECT_EQ(GeometryOf("UnitPrice"), price.translated(0, quantity.top() - price.top()));
+    EXPECT_EQ(GeometryOf("Quantity"), quantity);
     EXPECT_EQ(window->UndoStack()->undoText(), QStringLiteral("Align Tops"));
     Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(geometry("UnitPrice"), price);
+    EXPECT_EQ(GeometryOf("UnitPrice"), price);
 
     // A field dragged to 3 pixels from the left column's edge meets it, with a guide while dragged; with Alt
     // it stays where it is dropped.
-    const QRect weight = geometry("Weight");
+    const QRect weight = GeometryOf("Weight");
     for (const bool alt : { false, true }) {
         const QPoint from = CentreOf("Weight");
         const QPoint to = from + QPoint(quantity.left() + 3 - weight.left(), 0);
@@ -420,20 +417,20 @@ TEST_F(DesignMode, SelectedFieldsLineUpWithTheOneClickedLast) {
         QMouseEvent move(QEvent::MouseMove, to, Surface()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
             alt ? Qt::AltModifier : Qt::NoModifier);
         QApplication::sendEvent(Surface(), &move);
-        EXPECT_EQ(geometry("Weight").left(), quantity.left() + (alt ? 3 : 0));
+        EXPECT_EQ(GeometryOf("Weight").left(), quantity.left() + (alt ? 3 : 0));
         EXPECT_EQ(
             Surface()->Guides().contains(QLine(quantity.left(), 0, quantity.left(), Surface()->height() - 1)),
             !alt);
         QTest::mouseRelease(Surface(), Qt::LeftButton, {}, to);
         EXPECT_TRUE(Surface()->Guides().isEmpty());
         Key(Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_EQ(geometry("Weight"), weight);
+        EXPECT_EQ(GeometryOf("Weight"), weight);
     }
 
     Click("UnitPrice");
     Click("Discount", Qt::ControlModifier);
     window->Actions().sameWidth->trigger();
-    EXPECT_EQ(geometry("UnitPrice"),
+    EXPECT_EQ(GeometryOf("UnitPrice"),
         QRect(price.topLeft(), QSize(Surface()->width() - price.left(), price.height())));
 }
 

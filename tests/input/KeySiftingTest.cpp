@@ -134,8 +134,6 @@ TEST(SiftKeyPress, UsesTheLocaleDecimalSeparator) {
 TEST(RefusalText, WordsTheRule) {
     const LocaleInfo en = LocaleInfo::FromName("en_US");
     Settings settings;
-    settings.MaxNumberOfDecimals = 2;
-    EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings, en), u"At most 2 decimals");
     settings.MaxNumberOfDecimals = 1;
     EXPECT_EQ(RefusalText(Refusal::TooManyDecimals, settings, en), u"At most 1 decimal");
     EXPECT_EQ(RefusalText(Refusal::None, settings, en), u"");

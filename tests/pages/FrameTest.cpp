@@ -90,7 +90,6 @@ TEST_F(FieldPages, ConfiguredFieldsSurviveSavingAndLoading) {
         SCOPED_TRACE(type);
         const char* name = type == vldLong ? "OrderNumber" : "CustomerCode";
         qt::QuillmarEdit* field = AddControl(name);
-        ++clock.seconds;
         Open({ field });
         Find<QComboBox>("cboMustBeType")->setCurrentIndex(type);
         Click(frame.ApplyButton()); // the pages load again, and offer what the type offers
@@ -186,7 +185,6 @@ TEST_F(FieldPages, TwoInvalidGuardedFieldsNeverFight) {
         try {
             control->control().SetMaxNumberOfDecimals(40); // the control keeps it, though refused
         } catch (const PropertyError&) { }
-        ++clock.seconds;
         Open({ control });
         auto* first = Find<qt::QuillmarEdit>(row.first);
         auto* second = Find<qt::QuillmarEdit>(row.second);
@@ -197,10 +195,7 @@ TEST_F(FieldPages, TwoInvalidGuardedFieldsNeverFight) {
         if (row.type == vldString) {
             TypeInto(first, row.firstText);
             TypeInto(second, row.secondText);
-            auto* type = Find<QComboBox>("cboMustBeType");
-            type->setFocus();
-            QApplication::processEvents();
-            type->setCurrentIndex(vldDouble);
+            ChooseType(vldDouble);
         }
         TypeInto(first, row.firstText);
         alerts = {};
@@ -236,7 +231,6 @@ TEST_F(FieldPages, AFieldThatRefusesToBeLeftKeepsItsPageInSight) {
         SCOPED_TRACE(name);
         qt::QuillmarEdit* control = AddControl("field");
         control->SetMustBeType(vldInteger);
-        ++clock.seconds;
         Open({ control });
         alerts = {};
         tabs->setCurrentIndex(page);
@@ -266,13 +260,9 @@ TEST_F(FieldPages, AnAcceptedApplyLoadsEveryPageAgain) {
             control->SetMustBeType(vldLong);
             control->control().SetMaxValue(u"20");
         }
-        ++clock.seconds;
         Open({ control });
         alerts = {};
-        auto* type = Find<QComboBox>("cboMustBeType");
-        type->setFocus();
-        QApplication::processEvents();
-        type->setCurrentIndex(vldDouble);
+        ChooseType(vldDouble);
         if (refused) TypeInto(Find<qt::QuillmarEdit>("txtDefaultValue"), "25");
         Click(frame.ApplyButton());
         EXPECT_EQ(control->MustBeType(), vldDouble);

@@ -7,6 +7,7 @@
 #include "support/QtApplication.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -53,8 +54,10 @@ protected:
         return field;
     }
 
-    /// Shows the frame as the active window on the selected fields.
+    /// Shows the frame as the active window on the selected fields. A second passes first, so every opening
+    /// loads the pages rather than beeping as a second load within one second does.
     void Open(const QList<qt::QuillmarEdit*>& selected) {
+        ++clock.seconds;
         frame.SetSelectedControls(selected);
         frame.show();
         QApplication::setActiveWindow(&frame);
@@ -77,6 +80,14 @@ protected:
         else
             QTest::keyClicks(field->lineEdit(), text);
         QApplication::processEvents();
+    }
+
+    /// Picks a type in the type list, the focus on the list first as a hand leaves it.
+    void ChooseType(int32_t type) {
+        auto* list = Find<QComboBox>("cboMustBeType");
+        list->setFocus();
+        QApplication::processEvents();
+        list->setCurrentIndex(type);
     }
 
     /// Clicks a button as a hand does: pressed, events settle (a field left for the button validates), then

@@ -38,118 +38,113 @@ Settings Field(MustBeTypeConstants type, std::u16string min = {}, std::u16string
     return s;
 }
 
+// The settings with the rules `declare` adds.
+Settings With(Settings s, const std::function<void(Settings&)>& declare) {
+    declare(s);
+    return s;
+}
+
+using Compose = std::function<std::u16string(const MessageCatalogue&)>;
+
+// The message box's text for a field holding `text` that breaks `bits`, composed through a catalogue.
+Compose Message(std::u16string text, int32_t bits, int32_t action, Settings s, const LocaleInfo& locale,
+    int32_t maxLength = 0) {
+    return [=, &locale](const MessageCatalogue& c) {
+        return ComposeErrorMessage(text, bits, action, s, locale, maxLength, c);
+    };
+}
+
+// The rules in words, as the field describes them to assistive technology.
+Compose Described(Settings s, int32_t maxLength = 0) {
+    return [=](const MessageCatalogue& c) { return DescribeRules(s, Us(), maxLength, c); };
+}
+
+// The tip for a refused key or paste.
+Compose Tip(Refusal refusal, Settings s, const LocaleInfo& locale) {
+    return [=, &locale](const MessageCatalogue& c) { return RefusalText(refusal, s, locale, c); };
+}
+
 // One row per rule family, corrective action, description, placeholder and tip: its text composed through a
 // catalogue, in English and in German. The values shown are the author's and the locale's, never translated.
 struct MessageRow {
     const char* name;
-    std::function<std::u16string(const MessageCatalogue&)> compose;
+    Compose compose;
     std::u16string english;
     std::u16string german;
 };
 
 const std::vector<MessageRow>& Rows() {
     static const std::vector<MessageRow> rows {
-        { "required",
-            [](const MessageCatalogue& c) {
-                return ComposeErrorMessage(u"", vldCCRequiredField, 0, Field(vldInteger), Us(), 0, c);
-            },
+        { "required", Message(u"", vldCCRequiredField, 0, Field(vldInteger), Us()),
             u"This field is required.", u"Dieses Feld muss ausgefüllt werden." },
         { "integer range, closest value",
-            [](const MessageCatalogue& c) {
-                return ComposeErrorMessage(
-                    u"500", vldCCMaxValue, vldACInsertClosest, Field(vldInteger, u"1", u"100"), Us(), 0, c);
-            },
+            Message(u"500", vldCCMaxValue, vldACInsertClosest, Field(vldInteger, u"1", u"100"), Us()),
             u"An integer between 1 and 100 is required.\r\nClosest value inserted.",
             u"Eine ganze Zahl zwischen 1 und 100 ist erforderlich.\r\nDer nächstliegende Wert wurde "
             u"eingesetzt." },
         { "positive number, forbidden zero, previous value",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldDouble, {}, u"9,5");
-                s.MustBePositive = true;
-                s.MustNotBeZero = true;
-                return ComposeErrorMessage(u"0", vldCCMustNotBeZero, vldACReturnPrevious, s, De(), 0, c);
-            },
+            Message(u"0", vldCCMustNotBeZero, vldACReturnPrevious,
+                With(Field(vldDouble, {}, u"9,5"),
+                    [](Settings& s) { s.MustBePositive = s.MustNotBeZero = true; }),
+                De()),
             u"A positive number <= 9,5 is required.\r\nValue 0 is not allowed.\r\nPrevious value returned.",
             u"Eine positive Zahl <= 9,5 ist erforderlich.\r\nDer Wert 0 ist nicht zulässig.\r\nDer vorherige "
-            u"Wert "
-            u"wurde wiederhergestellt." },
+            u"Wert wurde wiederhergestellt." },
         { "decimals, default value",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldCurrency);
-                s.MaxNumberOfDecimals = 2;
-                return ComposeErrorMessage(
-                    u"1,234", vldCCMaxNumberOfDecimals, vldACInsertDefault, s, De(), 0, c);
-            },
+            Message(u"1,234", vldCCMaxNumberOfDecimals, vldACInsertDefault,
+                With(Field(vldCurrency), [](Settings& s) { s.MaxNumberOfDecimals = 2; }), De()),
             u"Invalid number of decimals. Maximum is 2.\r\nDefault value inserted.",
             u"Ungültige Anzahl Nachkommastellen. Höchstens 2 sind zulässig.\r\nDer Standardwert wurde "
             u"eingesetzt." },
         { "basic number",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldLong);
-                s.ErrorMessageMode = vldAutoBasic;
-                return ComposeErrorMessage(u"x", vldCCMustBeNumber, 0, s, Us(), 0, c);
-            },
+            Message(u"x", vldCCMustBeNumber, 0,
+                With(Field(vldLong), [](Settings& s) { s.ErrorMessageMode = vldAutoBasic; }), Us()),
             u"Invalid numeric entry.", u"Ungültige Zahleneingabe." },
         { "date after, forbidden date",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldDate, u"01.01.2000");
-                s.MustNotBeValues = { Variant(), Variant(u"24.12.2024") };
-                return ComposeErrorMessage(u"24.12.2024", vldCCMustNotBeValues, 0, s, De(), 0, c);
-            },
+            Message(u"24.12.2024", vldCCMustNotBeValues, 0,
+                With(Field(vldDate, u"01.01.2000"),
+                    [](Settings& s) {
+                        s.MustNotBeValues = { Variant(), Variant(u"24.12.2024") };
+                    }),
+                De()),
             u"A date after 01.01.2000 is required.\r\nDate 24.12.2024 is not allowed.",
             u"Ein Datum nach dem 01.01.2000 ist erforderlich.\r\nDas Datum 24.12.2024 ist nicht zulässig." },
-        { "time before",
-            [](const MessageCatalogue& c) {
-                return ComposeErrorMessage(
-                    u"18:00", vldCCMaxValue, 0, Field(vldTime, {}, u"17:00"), De(), 0, c);
-            },
+        { "time before", Message(u"18:00", vldCCMaxValue, 0, Field(vldTime, {}, u"17:00"), De()),
             u"A time before 17:00 is required.", u"Eine Uhrzeit vor 17:00 ist erforderlich." },
         { "text rules, forbidden text",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldString);
-                s.CustomMask = u"##";
-                s.MustNotBeValues = { Variant(), Variant(u"n/a") };
-                return ComposeErrorMessage(u"n/a",
-                    vldCCOnlyLetters | vldCCMaxLength | vldCCCustomMask | vldCCMustNotBeValues, 0, s, Us(), 1,
-                    c);
-            },
+            Message(u"n/a", vldCCOnlyLetters | vldCCMaxLength | vldCCCustomMask | vldCCMustNotBeValues, 0,
+                With(Field(vldString),
+                    [](Settings& s) {
+                        s.CustomMask = u"##";
+                        s.MustNotBeValues = { Variant(), Variant(u"n/a") };
+                    }),
+                Us(), 1),
             u"Invalid text entry.\r\nThis field must be in a form like ##.\r\nOnly letters are "
-            u"allowed.\r\nMaximum "
-            u"allowed length of the text is 1 character.\r\n\"n/a\" is not allowed.",
+            u"allowed.\r\nMaximum allowed length of the text is 1 character.\r\n\"n/a\" is not allowed.",
             u"Ungültige Texteingabe.\r\nDieses Feld muss eine Form wie ## haben.\r\nNur Buchstaben sind "
             u"zulässig.\r\nDer Text darf höchstens 1 Zeichen lang sein.\r\n„n/a“ ist nicht zulässig." },
         { "default title", [](const MessageCatalogue& c) { return ShownMessageBoxTitle(Settings(), c); },
             u"Invalid Entry", u"Ungültige Eingabe" },
         { "author's title",
             [](const MessageCatalogue& c) {
-                Settings s;
-                s.MessageBoxTitle = u"Invalid Entry: Quantity";
-                return ShownMessageBoxTitle(s, c);
+                return ShownMessageBoxTitle(
+                    With(Settings(), [](Settings& s) { s.MessageBoxTitle = u"Invalid Entry: Quantity"; }), c);
             },
             u"Invalid Entry: Quantity", u"Invalid Entry: Quantity" },
         { "text described",
-            [](const MessageCatalogue& c) {
-                Settings s;
-                s.OnlyLettersWithSpace = true;
-                s.ExtraIncludedCharacters = u"-";
-                s.MustBeUpperCase = true;
-                return DescribeRules(s, Us(), 8, c);
-            },
+            Described(With(Settings(),
+                          [](Settings& s) {
+                              s.OnlyLettersWithSpace = s.MustBeUpperCase = true;
+                              s.ExtraIncludedCharacters = u"-";
+                          }),
+                8),
             u"Letters, spaces and - only, upper case, at most 8 characters",
             u"Nur Buchstaben, Leerzeichen und -, Großbuchstaben, höchstens 8 Zeichen" },
         { "character set described",
-            [](const MessageCatalogue& c) {
-                Settings s;
-                s.ValidCharactersSet = u"0123456789 +";
-                return DescribeRules(s, Us(), 0, c);
-            },
+            Described(With(Settings(), [](Settings& s) { s.ValidCharactersSet = u"0123456789 +"; })),
             u"Only 0–9 space +", u"Nur 0–9 Leerzeichen +" },
         { "decimals described",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldSingle, u"-1");
-                s.MaxNumberOfDecimals = 1;
-                return DescribeRules(s, Us(), 0, c);
-            },
+            Described(With(Field(vldSingle, u"-1"), [](Settings& s) { s.MaxNumberOfDecimals = 1; })),
             u"A number >= -1, at most 1 decimal", u"Eine Zahl >= -1, höchstens 1 Nachkommastelle" },
         { "number placeholder",
             [](const MessageCatalogue& c) {
@@ -157,25 +152,16 @@ const std::vector<MessageRow>& Rows() {
             },
             u"1 – 100", u"1 – 100" },
         { "decimals tip",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldDouble);
-                s.MaxNumberOfDecimals = 2;
-                return RefusalText(Refusal::TooManyDecimals, s, De(), c);
-            },
+            Tip(Refusal::TooManyDecimals,
+                With(Field(vldDouble), [](Settings& s) { s.MaxNumberOfDecimals = 2; }), De()),
             u"At most 2 decimals", u"Höchstens 2 Nachkommastellen" },
         { "pasted number tip, the locale's own example",
-            [](const MessageCatalogue& c) {
-                Settings s = Field(vldCurrency);
-                s.ThousandSeparator = vldTSAllowed;
-                return RefusalText(Refusal::PastedNumber, s, De(), c);
-            },
+            Tip(Refusal::PastedNumber,
+                With(Field(vldCurrency), [](Settings& s) { s.ThousandSeparator = vldTSAllowed; }), De()),
             u"Numbers here are written like 1.234,50", u"Zahlen werden hier wie 1.234,50 geschrieben" },
         { "letters tip",
-            [](const MessageCatalogue& c) {
-                Settings s;
-                s.ExtraIncludedCharacters = u"' ";
-                return RefusalText(Refusal::OnlyLetters, s, Us(), c);
-            },
+            Tip(Refusal::OnlyLetters,
+                With(Settings(), [](Settings& s) { s.ExtraIncludedCharacters = u"' "; }), Us()),
             u"Only letters and ' space can be typed here",
             u"Hier sind nur Buchstaben und ' Leerzeichen erlaubt" },
     };
