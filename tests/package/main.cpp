@@ -9,8 +9,12 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QFormLayout>
 #include <QPluginLoader>
+#include <QPushButton>
 #include <QUiLoader>
 
 #include <cstdio>
@@ -41,6 +45,39 @@ const char kForm[] = R"(<ui version="4.0">
 </ui>
 )";
 
+// The README's dialog, built as it is there: OK follows the fields' validity.
+int DialogFromReadme() {
+    using quillmar::qt::QuillmarEdit;
+    QDialog dialog;
+    auto* layout = new QFormLayout(&dialog);
+    auto* quantity = new QuillmarEdit(&dialog);
+    quantity->SetLocaleName(QStringLiteral("en_US"));
+    quantity->SetMustBeType(quillmar::vldInteger);
+    quantity->SetRequiredField(true);
+    quantity->SetMinValue(QStringLiteral("1"));
+    quantity->SetMaxValue(QStringLiteral("500"));
+    auto* price = new QuillmarEdit(&dialog);
+    price->SetMustBeType(quillmar::vldCurrency);
+    price->SetMustBePositive(true);
+    layout->addRow(QStringLiteral("&Quantity:"), quantity);
+    layout->addRow(QStringLiteral("&Price:"), price);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    layout->addRow(buttons);
+    QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+    const auto enableOk = [&] { ok->setEnabled(quillmar::qt::InvalidFields(dialog).empty()); };
+    for (QuillmarEdit* field : { quantity, price })
+        QObject::connect(field, &QuillmarEdit::ValidityChanged, &dialog, enableOk);
+    enableOk();
+    if (ok->isEnabled()) return Fail("OK is enabled with the required quantity empty");
+    quantity->SetText(QStringLiteral("12"));
+    if (!ok->isEnabled()) return Fail("OK stays off with a valid quantity");
+    quantity->SetText(QStringLiteral("600"));
+    const std::vector<quillmar::qt::InvalidField> invalid = quillmar::qt::InvalidFields(dialog);
+    if (ok->isEnabled() || invalid.size() != 1 || invalid.front().label != QStringLiteral("Quantity"))
+        return Fail("a quantity of 600 leaves OK on or is not listed as Quantity");
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -58,6 +95,7 @@ int main(int argc, char** argv) {
     if (field.CheckInput() != quillmar::vldCCMaxValue) return Fail("501 is taken");
     if (field.property("MustBeType").toString() != QStringLiteral("vldInteger"))
         return Fail("MustBeType reads", field.property("MustBeType").toString());
+    if (DialogFromReadme() != 0) return 1;
     quillmar::pages::PropertyPageFrame frame;
     quillmar::pages::AddFieldPages(frame);
     if (frame.PageCount() != 5) return Fail("pages", QString::number(frame.PageCount()));
