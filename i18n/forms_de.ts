@@ -13,6 +13,65 @@
     </message>
 </context>
 <context>
+    <name>RecordStore</name>
+    <message>
+        <source>another program is writing to the database (it is locked); try again in a moment</source>
+        <translation>ein anderes Programm schreibt gerade in die Datenbank (sie ist gesperrt); versuchen Sie es gleich noch einmal</translation>
+    </message>
+    <message>
+        <source>the database can only be read (the file or its folder is read-only)</source>
+        <translation>die Datenbank kann nur gelesen werden (die Datei oder ihr Ordner ist schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>the database file cannot be opened or created there</source>
+        <translation>die Datenbankdatei kann dort weder geöffnet noch angelegt werden</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the file is not a readable SQLite database</source>
+        <translation>die Datei ist keine lesbare SQLite-Datenbank</translation>
+    </message>
+    <message>
+        <source>SQLite reports: </source>
+        <translation>SQLite meldet: </translation>
+    </message>
+    <message>
+        <source>the folder %1 does not exist</source>
+        <translation>der Ordner %1 existiert nicht</translation>
+    </message>
+    <message>
+        <source>the database file cannot be created there (%1)</source>
+        <translation>die Datenbankdatei kann dort nicht angelegt werden (%1)</translation>
+    </message>
+    <message>
+        <source>Qt's SQLite driver is not installed (package libqt6sql6-sqlite)</source>
+        <translation>der SQLite-Treiber von Qt ist nicht installiert (Paket libqt6sql6-sqlite)</translation>
+    </message>
+    <message>
+        <source>%1 is %2 where the form needs %3</source>
+        <translation>%1 ist %2, das Formular braucht aber %3</translation>
+    </message>
+    <message>
+        <source>it has no column for %1</source>
+        <translation>ihr fehlt eine Spalte für %1</translation>
+    </message>
+    <message>
+        <source>its column %1</source>
+        <translation>ihre Spalte %1</translation>
+    </message>
+    <message>
+        <source>, its column </source>
+        <translation>, ihre Spalte </translation>
+    </message>
+    <message>
+        <source>the table %1 no longer matches this form: %2</source>
+        <translation>die Tabelle %1 passt nicht mehr zu diesem Formular: %2</translation>
+    </message>
+</context>
+<context>
     <name>SubmitSummary</name>
     <message>
         <source>The record was not stored. Please correct this field:</source>

@@ -3,6 +3,7 @@
 #include "qt/QtConversions.h"
 #include "sqlite/RuleFunctions.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -46,23 +47,25 @@ QString Reason(const QSqlError& error) {
         switch (code) {
         case kBusy:
         case kLocked:
-            return QStringLiteral("another program is writing to the database (it is locked); try again in a "
-                                  "moment");
+            return QCoreApplication::translate("RecordStore",
+                "another program is writing to the database (it is locked); try again in a moment");
         case kReadOnly:
-            return QStringLiteral("the database can only be read (the file or its folder is read-only)");
+            return QCoreApplication::translate(
+                "RecordStore", "the database can only be read (the file or its folder is read-only)");
         case kCantOpen:
-            return QStringLiteral("the database file cannot be opened or created there");
+            return QCoreApplication::translate(
+                "RecordStore", "the database file cannot be opened or created there");
         case kFull:
-            return QStringLiteral("the disk is full");
+            return QCoreApplication::translate("RecordStore", "the disk is full");
         case kCorrupt:
         case kNotADatabase:
-            return QStringLiteral("the file is not a readable SQLite database");
+            return QCoreApplication::translate("RecordStore", "the file is not a readable SQLite database");
         default:
             break;
         }
     }
     const QString text = error.databaseText().isEmpty() ? error.text() : error.databaseText();
-    return QStringLiteral("SQLite reports: ") + text;
+    return QCoreApplication::translate("RecordStore", "SQLite reports: ") + text;
 }
 
 // Another program holds the database's write lock.
@@ -108,17 +111,20 @@ std::optional<QString> RecordStore::Problem() const {
         // Opening would create an empty database; a file created and removed at once says the same.
         const QFileInfo folder(file.absolutePath());
         if (!folder.isDir())
-            return QStringLiteral("the folder %1 does not exist")
+            return QCoreApplication::translate("RecordStore", "the folder %1 does not exist")
                 .arg(QDir::toNativeSeparators(folder.absoluteFilePath()));
         QFile probe(m_path);
         if (!probe.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            return QStringLiteral("the database file cannot be created there (%1)").arg(probe.errorString());
+            return QCoreApplication::translate(
+                "RecordStore", "the database file cannot be created there (%1)")
+                .arg(probe.errorString());
         probe.remove();
         return std::nullopt;
     }
     // SQLite finds out only when it writes (the file at the commit, the folder for its journal).
     if (!file.isWritable() || !QFileInfo(file.absolutePath()).isWritable())
-        return QStringLiteral("the database can only be read (the file or its folder is read-only)");
+        return QCoreApplication::translate(
+            "RecordStore", "the database can only be read (the file or its folder is read-only)");
     // A short wait: a lock held by another program is not a problem of the database.
     constexpr int kCheckBusyTimeout = 100;
     const StoreResult result = Transact(nullptr, {}, kCheckBusyTimeout);
@@ -130,7 +136,8 @@ StoreResult RecordStore::Transact(
     const std::vector<StoredValue>* values, const QString& submittedAt, int busyTimeout) const {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
         return { false, 0,
-            QStringLiteral("Qt's SQLite driver is not installed (package libqt6sql6-sqlite)") };
+            QCoreApplication::translate(
+                "RecordStore", "Qt's SQLite driver is not installed (package libqt6sql6-sqlite)") };
 
     static std::atomic<int> connections { 0 };
     const QString connection = QStringLiteral("quillmar-records-%1").arg(++connections);
@@ -169,18 +176,21 @@ StoreResult RecordStore::Transact(
                     if (found == existing.end())
                         missing << column.name;
                     else if (found->second.compare(TypeName(column.type), Qt::CaseInsensitive) != 0)
-                        retyped << QStringLiteral("%1 is %2 where the form needs %3")
+                        retyped << QCoreApplication::translate(
+                            "RecordStore", "%1 is %2 where the form needs %3")
                                        .arg(column.name, found->second, TypeName(column.type));
                 }
                 QStringList faults;
                 if (!missing.isEmpty())
-                    faults
-                        << QStringLiteral("it has no column for %1").arg(missing.join(QStringLiteral(", ")));
+                    faults << QCoreApplication::translate("RecordStore", "it has no column for %1")
+                                  .arg(missing.join(QStringLiteral(", ")));
                 if (!retyped.isEmpty())
-                    faults
-                        << QStringLiteral("its column %1").arg(retyped.join(QStringLiteral(", its column ")));
+                    faults << QCoreApplication::translate("RecordStore", "its column %1")
+                                  .arg(retyped.join(
+                                      QCoreApplication::translate("RecordStore", ", its column ")));
                 if (!faults.isEmpty())
-                    return fail(QStringLiteral("the table %1 no longer matches this form: %2")
+                    return fail(QCoreApplication::translate(
+                        "RecordStore", "the table %1 no longer matches this form: %2")
                                     .arg(m_table, faults.join(QStringLiteral("; "))));
             }
             if (!values) {
