@@ -418,7 +418,7 @@ Die Datei auf der Festplatte ist unverändert, und das Formular ist hier weiterh
     </message>
     <message>
         <source>Records go to %1 · Form: %2</source>
-        <translation>Datensätze gehen nach %1 · Formular: %2</translation>
+        <translation>Datensätze in %1 · Formular: %2</translation>
     </message>
     <message>
         <source>Open Form</source>
