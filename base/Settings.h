@@ -14,9 +14,11 @@ struct Settings {
     /// Whether a number may carry the locale's thousands separator (`vldTSAllowed`) or not (`vldTSForbidden`,
     /// the default).
     ThousandSeparatorConstants ThousandSeparator = vldTSForbidden;
-    /// The number must be above zero. Setting it makes the field numeric.
+    /// A number may not be below zero (zero passes unless `MustNotBeZero`). Setting it makes the field
+    /// numeric.
     bool MustBePositive = false;
-    /// The number must be below zero. Setting it makes the field numeric.
+    /// A number may not be above zero (zero passes unless `MustNotBeZero`). Setting it makes the field
+    /// numeric.
     bool MustBeNegative = false;
     /// Whether a refused key, a change sprung back and a failed final validation sound the beep; on by
     /// default.
@@ -43,8 +45,8 @@ struct Settings {
     std::u16string ValidCharactersSet;
     /// Characters the text may not hold, beside those the other rules refuse.
     std::u16string ExtraExcludedCharacters;
-    /// Characters the text may hold although the character-class rules (`NoDigits`, `OnlyLetters`,
-    /// `OnlyLettersWithSpace`) would refuse them.
+    /// Characters the text may hold although `ValidCharactersSet`, `NoDigits`, `OnlyLetters` or
+    /// `OnlyLettersWithSpace` would refuse them; `ExtraExcludedCharacters` still refuses them.
     std::u16string ExtraIncludedCharacters;
     /// An empty text is not valid.
     bool RequiredField = false;
@@ -74,8 +76,8 @@ struct Settings {
     ValidationModeConstants ValidationMode = vldAutomatic;
     /// The title of the error message box; "Invalid Entry" by default.
     std::u16string MessageBoxTitle = u"Invalid Entry";
-    /// How the error message is composed: a short basic message, an advanced one that names every broken rule
-    /// (the default), or the author's own `ErrorMessage`.
+    /// How the error message is composed: a short basic message for the first broken rule, an advanced one
+    /// that says what the field takes (the default), or the author's own `ErrorMessage`.
     ErrorMessageModeConstants ErrorMessageMode = vldAutoAdvanced;
     /// The data type the field must hold (`vldUnspecified` for no rules at all). The type decides how the
     /// text is sifted, converted and checked.
@@ -92,8 +94,8 @@ struct Settings {
     MsgBoxIcons MessageBoxIcon = vldMBIExclamation;
     /// The author's own error message, shown when `ErrorMessageMode` is `vldCustom`.
     std::u16string ErrorMessage;
-    /// Whether a valid text is rewritten, on leaving the field, the way the field understood it (a number in
-    /// its plain form, a date in the locale's form); on by default.
+    /// Whether a valid text is rewritten, on leaving the field, as the value it was understood as (in that
+    /// value's own text form); on by default.
     bool ShowAsUnderstood = true;
 
     /// The actions of a new field: insert closest, return previous, insert default, all checked.

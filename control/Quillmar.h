@@ -136,13 +136,15 @@ public:
     /// 0 or 1; anything else throws 380.
     void SetThousandSeparator(int32_t value);
     ///@}
-    /// The number must be above zero. Setting it makes the field numeric.
+    /// A number may not be below zero (zero passes unless `MustNotBeZero`). Setting it makes the field
+    /// numeric.
     ///@{
     [[nodiscard]] bool MustBePositive() const noexcept { return m_settings.MustBePositive; }
     /// True makes the field numeric (a date or time type becomes `vldDouble`) and clears `MustBeNegative`.
     void SetMustBePositive(bool value);
     ///@}
-    /// The number must be below zero. Setting it makes the field numeric.
+    /// A number may not be above zero (zero passes unless `MustNotBeZero`). Setting it makes the field
+    /// numeric.
     ///@{
     [[nodiscard]] bool MustBeNegative() const noexcept { return m_settings.MustBeNegative; }
     /// True makes the field numeric and clears `MustBePositive`.
@@ -217,8 +219,8 @@ public:
     }
     void SetExtraExcludedCharacters(std::u16string_view value);
     ///@}
-    /// Characters the text may hold although the character-class rules (`NoDigits`, `OnlyLetters`,
-    /// `OnlyLettersWithSpace`) would refuse them.
+    /// Characters the text may hold although `ValidCharactersSet`, `NoDigits`, `OnlyLetters` or
+    /// `OnlyLettersWithSpace` would refuse them; `ExtraExcludedCharacters` still refuses them.
     ///@{
     [[nodiscard]] const std::u16string& ExtraIncludedCharacters() const noexcept {
         return m_settings.ExtraIncludedCharacters;
@@ -303,8 +305,8 @@ public:
     }
     void SetMessageBoxTitle(std::u16string_view value);
     ///@}
-    /// How the error message is composed: a short basic message, an advanced one that names every broken rule
-    /// (the default), or the author's own `ErrorMessage`.
+    /// How the error message is composed: a short basic message for the first broken rule, an advanced one
+    /// that says what the field takes (the default), or the author's own `ErrorMessage`.
     ///@{
     [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const noexcept {
         return m_settings.ErrorMessageMode;
@@ -353,8 +355,8 @@ public:
     [[nodiscard]] const std::u16string& ErrorMessage() const noexcept { return m_settings.ErrorMessage; }
     void SetErrorMessage(std::u16string_view value);
     ///@}
-    /// Whether a valid text is rewritten, on leaving the field, the way the field understood it (a number in
-    /// its plain form, a date in the locale's form); on by default.
+    /// Whether a valid text is rewritten, on leaving the field, as the value it was understood as (in that
+    /// value's own text form); on by default.
     ///@{
     [[nodiscard]] bool ShowAsUnderstood() const noexcept { return m_settings.ShowAsUnderstood; }
     void SetShowAsUnderstood(bool value);
