@@ -19,103 +19,104 @@ Q_NAMESPACE_EXPORT(QUILLMAR_QT_EXPORT)
 
 /// The data type a field must hold.
 enum MustBeTypeConstants : int32_t {
-    vldUnspecified = 0,
-    vldString = 1,
-    vldByte = 2,
-    vldInteger = 3,
-    vldLong = 4,
-    vldSingle = 5,
-    vldDouble = 6,
-    vldCurrency = 7,
-    vldDate = 8,
-    vldTime = 9,
+    vldUnspecified = 0, ///< No type: the field checks nothing.
+    vldString = 1, ///< Text.
+    vldByte = 2, ///< A whole number from 0 to 255.
+    vldInteger = 3, ///< A whole number from -32,768 to 32,767.
+    vldLong = 4, ///< A whole number from -2,147,483,648 to 2,147,483,647.
+    vldSingle = 5, ///< A single-precision floating-point number.
+    vldDouble = 6, ///< A double-precision floating-point number.
+    vldCurrency = 7, ///< An amount with at most four decimals.
+    vldDate = 8, ///< A date.
+    vldTime = 9, ///< A time of day.
 };
 
 /// One bit per constraint a text can break; `CheckInput` returns their OR, 0 meaning valid.
 enum ConstraintsConstants : int32_t {
-    vldCCRequiredField = 1,
-    vldCCMustBeNumber = 2,
-    vldCCMustBePositive = 4,
-    vldCCMustBeNegative = 8,
-    vldCCMustNotBeZero = 16,
-    vldCCMustNotBeValues = 32,
-    vldCCMinValue = 64,
-    vldCCMaxValue = 128,
-    vldCCMustBeByte = 256,
-    vldCCMustBeInteger = 512,
-    vldCCMustBeLong = 1024,
-    vldCCMustBeSingle = 2048,
-    vldCCMustBeDouble = 4096,
-    vldCCMustBeCurrency = 8192,
-    vldCCMaxNumberOfDecimals = 16384,
-    vldCCAllowScientificFormat = 32768,
-    vldCCMustBeDate = 65536,
-    vldCCMustBeTime = 131072,
-    vldCCCustomMask = 262144,
-    vldCCMustBeUpperCase = 524288,
-    vldCCMustBeLowerCase = 1048576,
-    vldCCMustBeProperCase = 2097152,
-    vldCCExtraExcludedCharacters = 4194304,
-    vldCCValidCharactersSet = 8388608,
-    vldCCNoDigits = 16777216,
-    vldCCOnlyLetters = 33554432,
-    vldCCOnlyLettersWithSpace = 67108864,
-    vldCCMaxLength = 134217728,
+    vldCCRequiredField = 1, ///< The field is empty but required.
+    vldCCMustBeNumber = 2, ///< The text is no number.
+    vldCCMustBePositive = 4, ///< The number is below zero.
+    vldCCMustBeNegative = 8, ///< The number is above zero.
+    vldCCMustNotBeZero = 16, ///< The number is zero.
+    vldCCMustNotBeValues = 32, ///< The value is one of `MustNotBeValues`.
+    vldCCMinValue = 64, ///< The value is below `MinValue`.
+    vldCCMaxValue = 128, ///< The value is above `MaxValue`.
+    vldCCMustBeByte = 256, ///< The number is no byte.
+    vldCCMustBeInteger = 512, ///< The number is no 16-bit integer.
+    vldCCMustBeLong = 1024, ///< The number is no 32-bit integer.
+    vldCCMustBeSingle = 2048, ///< The number does not fit a single.
+    vldCCMustBeDouble = 4096, ///< The number does not fit a double.
+    vldCCMustBeCurrency = 8192, ///< The number is no currency amount.
+    vldCCMaxNumberOfDecimals = 16384, ///< More decimals than `MaxNumberOfDecimals`.
+    vldCCAllowScientificFormat = 32768, ///< An exponent where none is allowed.
+    vldCCMustBeDate = 65536, ///< The text is no date.
+    vldCCMustBeTime = 131072, ///< The text is no time.
+    vldCCCustomMask = 262144, ///< The text does not match `CustomMask`.
+    vldCCMustBeUpperCase = 524288, ///< The text is not in capitals.
+    vldCCMustBeLowerCase = 1048576, ///< The text is not in small letters.
+    vldCCMustBeProperCase = 2097152, ///< The text is not in proper case.
+    vldCCExtraExcludedCharacters = 4194304, ///< A character of `ExtraExcludedCharacters`.
+    vldCCValidCharactersSet = 8388608, ///< A character outside `ValidCharactersSet`.
+    vldCCNoDigits = 16777216, ///< A digit under `NoDigits`.
+    vldCCOnlyLetters = 33554432, ///< Something other than letters under `OnlyLetters`.
+    vldCCOnlyLettersWithSpace = 67108864, ///< Not letters and spaces alone (`OnlyLettersWithSpace`).
+    vldCCMaxLength = 134217728, ///< The text is longer than `MaxLength`.
 };
 
 /// Whether leaving the field runs the final validation by itself.
 enum ValidationModeConstants : int16_t {
-    vldAutomatic = 0,
-    vldSemiAutomatic = 1,
+    vldAutomatic = 0, ///< Leaving the field validates it.
+    vldSemiAutomatic = 1, ///< Only a call of `Validate` validates it.
 };
 
 /// How the error message is composed.
 enum ErrorMessageModeConstants : int16_t {
-    vldAutoBasic = 1,
-    vldAutoAdvanced = 2,
-    vldCustom = 3,
+    vldAutoBasic = 1, ///< A short message for the first broken rule.
+    vldAutoAdvanced = 2, ///< A message that names what the field takes.
+    vldCustom = 3, ///< The author's own `ErrorMessage`.
 };
 
 /// Flags of one entry of `Actions`: the action plus `vldACChecked` when it is enabled.
 enum ActionsConstants : int32_t {
-    vldACChecked = 1,
-    vldACReturnPrevious = 8,
-    vldACInsertDefault = 16,
-    vldACInsertClosest = 32,
+    vldACChecked = 1, ///< The action is enabled.
+    vldACReturnPrevious = 8, ///< Put back the last valid value.
+    vldACInsertDefault = 16, ///< Insert `DefaultValue`.
+    vldACInsertClosest = 32, ///< Insert the allowed value closest to the text.
 };
 
 /// How hard keystrokes and changes are filtered.
 enum InputSiftingConstants : int16_t {
-    vldNone = 0,
-    vldWeak = 1,
-    vldStrong = 2,
+    vldNone = 0, ///< No filtering.
+    vldWeak = 1, ///< Each typed key is checked; a key that cannot lead to a valid text is refused.
+    vldStrong
+    = 2, ///< The whole text is checked after each change and springs back when it cannot become valid.
 };
 
 /// The icon of the error message box.
 enum MsgBoxIcons : int16_t {
-    vldMBINone = 0,
-    vldMBIExclamation = 1,
-    vldMBICritical = 2,
-    vldMBIInformation = 3,
-    vldMBIQuestion = 4,
+    vldMBINone = 0, ///< No icon.
+    vldMBIExclamation = 1, ///< An exclamation mark.
+    vldMBICritical = 2, ///< A stop sign.
+    vldMBIInformation = 3, ///< An "i".
+    vldMBIQuestion = 4, ///< A question mark.
 };
 
 /// Whether the locale's thousands separator may be typed in numbers.
 enum ThousandSeparatorConstants : int16_t {
-    vldTSForbidden = 0,
-    vldTSAllowed = 1,
+    vldTSForbidden = 0, ///< No thousands separator.
+    vldTSAllowed = 1, ///< Thousands separators may be typed.
 };
 
 /// The edit box's look: flat or sunken.
 enum vldAppearanceConstants : int16_t {
-    vldFlat = 0,
-    vld3D = 1,
+    vldFlat = 0, ///< Flat.
+    vld3D = 1, ///< Sunken.
 };
 
 /// The edit box's border.
 enum vldBorderStyleConstants : int16_t {
-    vldNoBorder = 0,
-    vldFixedSingle = 1,
+    vldNoBorder = 0, ///< No border.
+    vldFixedSingle = 1, ///< A single line.
 };
 
 #if defined(QUILLMAR_QT_META)

@@ -8,7 +8,11 @@
 namespace quillmar {
 
 /// The order in which a locale writes the day, month and year of a short date.
-enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
+enum class DateOrder {
+    MonthDayYear, ///< 12/31/2024 (en_US).
+    DayMonthYear, ///< 31.12.2024 (de_DE).
+    YearMonthDay, ///< 2024-12-31 (sv_SE).
+};
 
 /// The locale facts the conversions need, as a plain value. The host hands one to the control
 /// at every use, so a change of the user's locale takes effect at once.
@@ -31,13 +35,17 @@ struct QUILLMAR_CORE_EXPORT LocaleInfo {
     /// The separator the locale writes between the parts of a short date ("/", "." or "-").
     char16_t dateSeparator = u'/';
     /// Whether the short date pattern pads the day and the month to two digits.
+    ///@{
     bool padDay = false;
     bool padMonth = false;
+    ///@}
     /// Whether the locale shows times on a 12-hour clock with a day-period designator.
     bool twelveHour = true;
     /// The locale's own morning and afternoon designators (for instance "AM" and "PM").
+    ///@{
     std::u16string am = u"AM";
     std::u16string pm = u"PM";
+    ///@}
 
     /// The facts of the named locale ("de_DE", "fr_FR.UTF-8", "ja_JP"), read from ICU's CLDR data.
     /// A name ICU does not know gives ICU's fallback (root) data; never throws. The facts of each name are
@@ -48,6 +56,7 @@ struct QUILLMAR_CORE_EXPORT LocaleInfo {
     /// "C", "POSIX" or nothing give en_US.
     [[nodiscard]] static LocaleInfo FromEnvironment();
 
+    /// The same facts, name included.
     friend bool operator==(const LocaleInfo&, const LocaleInfo&) = default;
 };
 

@@ -19,8 +19,9 @@ namespace quillmar {
 
 /// One entry of a property store: its key and its value.
 struct PropertyEntry {
-    std::u16string key;
-    Variant value;
+    std::u16string key; ///< The property's name as stored ("MustBeType").
+    Variant value; ///< The stored value.
+    /// The same key and value.
     friend bool operator==(const PropertyEntry&, const PropertyEntry&) = default;
 };
 
@@ -58,6 +59,7 @@ public:
     /// memory stays proportional to the size of the bytes. `FromBytes(s.ToBytes())` equals `s`.
     [[nodiscard]] static std::optional<MemoryPropertyStore> FromBytes(std::span<const uint8_t> bytes);
 
+    /// The same entries in the same order (and so the same bytes).
     friend bool operator==(const MemoryPropertyStore& a, const MemoryPropertyStore& b) {
         return a.m_entries == b.m_entries;
     }

@@ -13,9 +13,9 @@ namespace quillmar {
 /// It is the only exception that leaves the control.
 class QUILLMAR_CORE_EXPORT PropertyError : public std::runtime_error {
 public:
-    static constexpr int InvalidPropertyValue = 380;
-    static constexpr int NotSettableAtRunTime = 382;
-    static constexpr int NotAvailableAtRunTime = 393;
+    static constexpr int InvalidPropertyValue = 380; ///< A value out of the property's range.
+    static constexpr int NotSettableAtRunTime = 382; ///< A design-time list written while the form runs.
+    static constexpr int NotAvailableAtRunTime = 393; ///< A design-time list read while the form runs.
 
     /// A refusal of `property` (UTF-8, its exact name); `value` is the refused value as text, empty for 382
     /// and 393. `what()` names both: "MustBeType: 42 is out of range (380)", "Actions: cannot be set at run

@@ -13,7 +13,8 @@ namespace quillmar {
 
 /// A currency amount: a signed 64-bit count of ten-thousandths (four fixed decimals).
 struct Currency {
-    int64_t ticks = 0;
+    int64_t ticks = 0; ///< The amount times 10000 (12.5 is 125000).
+    /// Equal amounts.
     friend bool operator==(const Currency&, const Currency&) = default;
 };
 
@@ -21,7 +22,8 @@ struct Currency {
 /// Before that day the whole part counts back and the fraction still counts forward in time
 /// (-1.25 is 29 December 1899, 06:00).
 struct Date {
-    double days = 0;
+    double days = 0; ///< Days since 30 December 1899; the fraction is the time of day.
+    /// The same instant.
     friend bool operator==(const Date&, const Date&) = default;
 };
 
@@ -36,21 +38,25 @@ class QUILLMAR_CORE_EXPORT Variant {
 public:
     /// The kinds a variant can hold, in the order of the underlying alternatives.
     enum class Kind : uint8_t {
-        Empty,
-        Boolean,
-        String,
-        Byte,
-        Integer,
-        Long,
-        Single,
-        Double,
-        Currency,
-        Date,
-        Bytes,
-        Array
+        Empty, ///< No value at all (not the empty string).
+        Boolean, ///< `bool`.
+        String, ///< UTF-16 text.
+        Byte, ///< Unsigned 8-bit integer.
+        Integer, ///< Signed 16-bit integer.
+        Long, ///< Signed 32-bit integer.
+        Single, ///< Single-precision float.
+        Double, ///< Double-precision float.
+        Currency, ///< `quillmar::Currency`.
+        Date, ///< `quillmar::Date`.
+        Bytes, ///< A `ByteArray`.
+        Array ///< A `VariantArray`.
     };
 
+    /// An Empty variant.
     Variant() = default;
+    /// A variant of the kind that holds `v` (a `char16_t` text is held as a String; `uint8_t` is a Byte,
+    /// `int16_t` an Integer, `int32_t` a Long). Implicit, so that a value is given where a variant is taken.
+    ///@{
     Variant(bool v)
         : m_value(v) { }
     Variant(std::u16string v)
@@ -77,14 +83,19 @@ public:
         : m_value(std::move(v)) { }
     Variant(VariantArray v)
         : m_value(std::move(v)) { }
+    ///@}
 
+    /// The kind of value held.
     [[nodiscard]] Kind kind() const noexcept { return static_cast<Kind>(m_value.index()); }
+    /// True for the Empty variant.
     [[nodiscard]] bool IsEmpty() const noexcept { return kind() == Kind::Empty; }
+    /// True for a String, the empty string included.
     [[nodiscard]] bool IsString() const noexcept { return kind() == Kind::String; }
     /// True for Byte, Integer, Long, Single, Double and Currency.
     [[nodiscard]] bool IsNumber() const noexcept;
 
-    /// The held value; the kind must match (checked with an assertion).
+    /// The held value; the kind must match (a mismatch throws `std::bad_variant_access`).
+    ///@{
     [[nodiscard]] bool AsBoolean() const { return std::get<bool>(m_value); }
     [[nodiscard]] const std::u16string& AsString() const { return std::get<std::u16string>(m_value); }
     [[nodiscard]] uint8_t AsByte() const { return std::get<uint8_t>(m_value); }
@@ -96,6 +107,7 @@ public:
     [[nodiscard]] quillmar::Date AsDate() const { return std::get<quillmar::Date>(m_value); }
     [[nodiscard]] const ByteArray& AsBytes() const { return std::get<ByteArray>(m_value); }
     [[nodiscard]] const VariantArray& AsArray() const { return std::get<VariantArray>(m_value); }
+    ///@}
 
     /// The numeric value of a Boolean (-1 or 0), a number or a date as a double; nullopt for the rest.
     [[nodiscard]] std::optional<double> ToDouble() const;

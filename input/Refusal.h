@@ -12,7 +12,7 @@ namespace quillmar {
 
 /// The rule that refused a typed key or a change of the text; `None` when nothing was refused.
 enum class Refusal {
-    None,
+    None, ///< Nothing was refused.
     /// A time field takes digits, ":", space and the letters of AM and PM only.
     TimeCharacter,
     /// The text could no longer become a time.

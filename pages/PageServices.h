@@ -27,9 +27,9 @@ public:
 /// embedded fields), the clock (both must outlive the pages), and the locale the pages and their embedded
 /// fields read and write values in ("de_DE"; empty for the system's).
 struct PageServices {
-    Alerts& alerts;
-    const Clock& clock;
-    QString localeName;
+    Alerts& alerts; ///< The beep and the message boxes.
+    const Clock& clock; ///< The clock of the once-a-second load check.
+    QString localeName; ///< The locale's name ("de_DE"); empty for the system's.
 
     /// The locale's facts, read afresh at each use.
     [[nodiscard]] LocaleInfo Locale() const;

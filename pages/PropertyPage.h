@@ -25,21 +25,28 @@ namespace quillmar::pages {
 class QUILLMAR_PAGES_EXPORT PropertyPage : public QWidget {
     Q_OBJECT
 public:
+    /// A page whose tab reads `caption`, reaching the beep, the boxes, the clock and the locale through
+    /// `services`.
     PropertyPage(const QString& caption, PageServices services, QWidget* parent = nullptr);
 
     /// The tab's caption ("General", "Number/Date,Time" ...).
     [[nodiscard]] const QString& Caption() const noexcept { return m_caption; }
     /// The frame's selection, which must outlive the page's use of it.
+    ///@{
     void SetSelection(const SelectedControls* selection) noexcept { m_selection = selection; }
     [[nodiscard]] const SelectedControls& Selection() const;
+    ///@}
 
     /// Loads the page from the first selected field.
     virtual void SelectionChanged() = 0;
     /// Writes the page to the selected fields, after its checks; a refusal leaves the page Changed.
     virtual void ApplyChanges() = 0;
 
+    /// Whether the page holds changes not yet applied; setting it announces `ChangedChanged` when it differs.
+    ///@{
     [[nodiscard]] bool Changed() const noexcept { return m_changed; }
     void SetChanged(bool changed);
+    ///@}
     /// Gives the focus back to the field where the last refusal put it, with its selection.
     void RestoreFocus();
     /// Forgets where an earlier refusal put the focus (the frame does so before each apply).
@@ -56,6 +63,7 @@ signals:
     void KeepsFocus();
 
 protected:
+    /// The beep, the boxes, the clock and the locale the frame handed the page.
     [[nodiscard]] PageServices& Services() noexcept { return m_services; }
     /// The first selected field; nullptr when nothing is selected.
     [[nodiscard]] qt::QuillmarEdit* FirstControl() const;
@@ -65,6 +73,7 @@ protected:
     [[nodiscard]] bool BeginLoad();
     /// Ends a load: clears the loading flag and keeps the time.
     void EndLoad();
+    /// True while the page loads itself: changes to its controls then do not mark it Changed.
     [[nodiscard]] bool Loading() const noexcept { return m_loading; }
     /// Sets or clears the loading flag by hand, for a page that loads without the once-a-second check.
     void SetLoading(bool loading) noexcept { m_loading = loading; }
@@ -83,10 +92,13 @@ protected:
             write();
         } catch (const PropertyError&) { }
     }
-    /// The frame's beep and boxes.
+    /// The frame's beep and boxes: a message with an OK button, a question answered Yes, No or Cancel; `icon`
+    /// is a `MessageBoxIconFlag`.
+    ///@{
     void Beep();
     void ShowMessage(const QString& text, const QString& title, int icon);
     [[nodiscard]] Answer Ask(const QString& text, const QString& title, int icon);
+    ///@}
 
     /// An embedded entry field named `name`, set up by loading the entries through the control's own property
     /// read (every property not stored keeps its read default). Its message boxes and beeps go to the frame's

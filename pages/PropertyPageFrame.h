@@ -39,20 +39,28 @@ public:
     void SetLocaleName(const QString& name) { m_localeName = name; }
     /// Adds a page as the last tab; the frame owns it.
     void AddPage(PropertyPage* page);
+    /// How many pages the frame holds.
     [[nodiscard]] int PageCount() const { return static_cast<int>(m_pages.size()); }
+    /// The page of a 0-based tab index; an index outside 0 to `PageCount() - 1` throws `std::out_of_range`.
     [[nodiscard]] PropertyPage* Page(int index) const { return m_pages.at(static_cast<size_t>(index)); }
 
     /// Selects the fields the pages edit and has every page load from the first of them.
+    ///@{
     void SetSelectedControls(const QList<qt::QuillmarEdit*>& fields);
     [[nodiscard]] const SelectedControls& Selection() const noexcept { return m_selection; }
+    ///@}
 
     /// Applies every Changed page in tab order; true when none refused, and then, if any page applied, every
     /// page loads again from the first selected field.
     bool Apply();
 
+    /// The frame's buttons: OK applies and closes unless a page refuses, Cancel closes without applying,
+    /// Apply applies (enabled while a page is Changed).
+    ///@{
     [[nodiscard]] QPushButton* OkButton() const noexcept { return m_ok; }
     [[nodiscard]] QPushButton* CancelButton() const noexcept { return m_cancel; }
     [[nodiscard]] QPushButton* ApplyButton() const noexcept { return m_apply; }
+    ///@}
 
 private:
     PropertyPageFrame(

@@ -20,8 +20,10 @@ QUILLMAR_QT_EXPORT QMessageBox::StandardButton ExecMessageBox(QWidget* parent, c
 /// The beep and the message boxes as Qt shows them, over a parent window that may change or go away.
 class QUILLMAR_QT_EXPORT QtAlerts final : public Alerts {
 public:
+    /// Alerts whose boxes open over `parent`'s window (none: over no window).
     explicit QtAlerts(QWidget* parent = nullptr)
         : m_parent(parent) { }
+    /// The widget whose window the next boxes open over; a parent that was destroyed counts as none.
     void SetParent(QWidget* parent) { m_parent = parent; }
 
     void Beep() override;

@@ -133,19 +133,26 @@ class QUILLMAR_QT_EXPORT QuillmarEdit : public QWidget {
     Q_PROPERTY(bool ShowRefusalTips READ ShowRefusalTips WRITE SetShowRefusalTips)
     Q_PROPERTY(bool ShowInlineState READ ShowInlineState WRITE SetShowInlineState)
 public:
+    /// A field in user mode in its parent's font (the application's without a parent), sized to its edit
+    /// box and following the system's locale.
     explicit QuillmarEdit(QWidget* parent = nullptr);
     ~QuillmarEdit() override;
 
-    /// The control this widget hosts.
+    /// The control this widget hosts. Its writers throw `quillmar::PropertyError` where this widget's
+    /// refuse quietly.
+    ///@{
     [[nodiscard]] Quillmar& control() { return *m_control; }
     [[nodiscard]] const Quillmar& control() const { return *m_control; }
+    ///@}
     /// The edit box.
     [[nodiscard]] QLineEdit* lineEdit() const;
 
     /// Shows the error message instead of a `QMessageBox`: the text, the title and the icon flag
     /// (`MessageBoxIconFlag`). An empty handler restores the message box.
+    ///@{
     using MessageBoxHandler = std::function<void(const QString& text, const QString& title, int icon)>;
     void SetMessageBoxHandler(MessageBoxHandler handler);
+    ///@}
     /// Sounds the beep instead of `QApplication::beep`; an empty handler restores it.
     void SetBeepHandler(std::function<void()> handler);
     /// Opens the about box instead of the built-in one; an empty handler restores it.
@@ -158,12 +165,16 @@ public:
     /// Whether a typed key or a paste the control refuses also shows, for a few seconds, a tip at the caret
     /// saying why ("Only digits can be typed here"); off by default. The beep and the text springing back
     /// stay as they are.
+    ///@{
     void SetShowRefusalTips(bool on);
     [[nodiscard]] bool ShowRefusalTips() const;
+    ///@}
     /// Whether the field shows, while its text breaks a rule, a frame in the warning colour and a warning
     /// icon whose tool tip is the rules in words; off by default. No message box opens for it.
+    ///@{
     void SetShowInlineState(bool on);
     [[nodiscard]] bool ShowInlineState() const;
+    ///@}
     /// The placeholder, the accessible description and the inline state.
     [[nodiscard]] FieldHints& hints() const { return *m_hints; }
     /// Lets the focus leave without the field's final validation (and without `BeforeLeaving`) the next
@@ -171,23 +182,32 @@ public:
     /// focus itself, for instance to the first invalid field it names in a summary. Changes no property.
     void SkipNextFocusExit();
     /// False while the form is being designed; true (the default) when it runs.
+    ///@{
     void SetUserMode(bool userMode);
     [[nodiscard]] bool UserMode() const;
+    ///@}
 
     // The methods are invokable through the meta-object system, for a field that a `QUiLoader` made from a
     // plugin's copy of this class.
 
     /// Validates now, as on leaving the field.
     Q_INVOKABLE bool Validate() { return m_control->Validate(); }
+    /// The constraints the text breaks now, as `ConstraintsConstants` bits; 0 when it is valid or the field
+    /// has no type.
     Q_INVOKABLE [[nodiscard]] int CheckInput() const { return m_control->CheckInput(); }
+    /// True when `CheckInput` is 0: the text keeps every rule.
     Q_INVOKABLE [[nodiscard]] bool IsValid() const { return m_control->IsValid(); }
     /// The message the final validation would show for the text now, without a corrective action's line;
     /// empty when the text is valid. (`ErrorMessage` is the author's own message, a property.)
     Q_INVOKABLE [[nodiscard]] QString CurrentErrorMessage() const {
         return ToQString(m_control->CurrentErrorMessage());
     }
+    /// Repaints the edit box.
     Q_INVOKABLE void Refresh() { m_control->Refresh(); }
+    /// Starts a drag-and-drop operation with the edit box as its source (for `OLEDragMode` 0, where the
+    /// program starts the drags).
     void OLEDrag() { m_control->OLEDrag(); }
+    /// Opens the about box modally (or calls the handler of `SetAboutBoxHandler`).
     void ShowAboutBox() { m_control->ShowAboutBox(); }
 
     /// The field's rules as a form file holds them: a JSON object of the entries the control writes for its
@@ -206,8 +226,11 @@ public:
     /// instead of thrown, because Designer and `uic` code write it.
     void setRules(const QString& text);
 
+    /// The edit box's size hints, which the field takes for its own.
+    ///@{
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    ///@}
 
     // Properties: the control's readers and writers. A writer refuses, as described above, what the control
     // refuses (a value out of range, a list written at run time), a number of the edit box's outside the
@@ -217,108 +240,231 @@ public:
     // silently). A value that Qt cannot convert to the property's type never reaches the field: `setProperty`
     // returns false. Each enumerated property is written in its enumeration type or, for generic callers, as
     // an int.
+    /// \copydoc quillmar::Quillmar::ThousandSeparator()
+    ///@{
     [[nodiscard]] ThousandSeparatorConstants ThousandSeparator() const {
         return m_control->ThousandSeparator();
     }
     void SetThousandSeparator(ThousandSeparatorConstants value);
     void SetThousandSeparator(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBePositive()
+    ///@{
     [[nodiscard]] bool MustBePositive() const { return m_control->MustBePositive(); }
     void SetMustBePositive(bool value) { m_control->SetMustBePositive(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBeNegative()
+    ///@{
     [[nodiscard]] bool MustBeNegative() const { return m_control->MustBeNegative(); }
     void SetMustBeNegative(bool value) { m_control->SetMustBeNegative(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::Beeping()
+    ///@{
     [[nodiscard]] bool Beeping() const { return m_control->Beeping(); }
     void SetBeeping(bool value) { m_control->SetBeeping(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBeUpperCase()
+    ///@{
     [[nodiscard]] bool MustBeUpperCase() const { return m_control->MustBeUpperCase(); }
     void SetMustBeUpperCase(bool value) { m_control->SetMustBeUpperCase(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBeLowerCase()
+    ///@{
     [[nodiscard]] bool MustBeLowerCase() const { return m_control->MustBeLowerCase(); }
     void SetMustBeLowerCase(bool value) { m_control->SetMustBeLowerCase(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBeProperCase()
+    ///@{
     [[nodiscard]] bool MustBeProperCase() const { return m_control->MustBeProperCase(); }
     void SetMustBeProperCase(bool value) { m_control->SetMustBeProperCase(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::NoDigits()
+    ///@{
     [[nodiscard]] bool NoDigits() const { return m_control->NoDigits(); }
     void SetNoDigits(bool value) { m_control->SetNoDigits(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::OnlyLetters()
+    ///@{
     [[nodiscard]] bool OnlyLetters() const { return m_control->OnlyLetters(); }
     void SetOnlyLetters(bool value) { m_control->SetOnlyLetters(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::OnlyLettersWithSpace()
+    ///@{
     [[nodiscard]] bool OnlyLettersWithSpace() const { return m_control->OnlyLettersWithSpace(); }
     void SetOnlyLettersWithSpace(bool value) { m_control->SetOnlyLettersWithSpace(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::AllowScientificFormat()
+    ///@{
     [[nodiscard]] bool AllowScientificFormat() const { return m_control->AllowScientificFormat(); }
     void SetAllowScientificFormat(bool value) { m_control->SetAllowScientificFormat(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::FinalValidationActive()
+    ///@{
     [[nodiscard]] bool FinalValidationActive() const { return m_control->FinalValidationActive(); }
     void SetFinalValidationActive(bool value) { m_control->SetFinalValidationActive(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::ValidCharactersSet()
+    ///@{
     [[nodiscard]] QString ValidCharactersSet() const { return ToQString(m_control->ValidCharactersSet()); }
     void SetValidCharactersSet(const QString& value) { m_control->SetValidCharactersSet(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::ExtraExcludedCharacters()
+    ///@{
     [[nodiscard]] QString ExtraExcludedCharacters() const {
         return ToQString(m_control->ExtraExcludedCharacters());
     }
     void SetExtraExcludedCharacters(const QString& value) {
         m_control->SetExtraExcludedCharacters(FromQString(value));
+        ///@}
     }
+    /// \copydoc quillmar::Quillmar::ExtraIncludedCharacters()
+    ///@{
     [[nodiscard]] QString ExtraIncludedCharacters() const {
         return ToQString(m_control->ExtraIncludedCharacters());
     }
     void SetExtraIncludedCharacters(const QString& value) {
         m_control->SetExtraIncludedCharacters(FromQString(value));
+        ///@}
     }
+    /// \copydoc quillmar::Quillmar::RequiredField()
+    ///@{
     [[nodiscard]] bool RequiredField() const { return m_control->RequiredField(); }
     void SetRequiredField(bool value) { m_control->SetRequiredField(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MaxNumberOfDecimals()
+    ///@{
     [[nodiscard]] int MaxNumberOfDecimals() const { return m_control->MaxNumberOfDecimals(); }
     void SetMaxNumberOfDecimals(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::CustomMask()
+    ///@{
     [[nodiscard]] QString CustomMask() const { return ToQString(m_control->CustomMask()); }
     void SetCustomMask(const QString& value) { m_control->SetCustomMask(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::DefaultValue()
+    ///@{
     [[nodiscard]] QVariant DefaultValue() const {
         return ToQVariant(m_control->DefaultValue(), MustBeType());
     }
     void SetDefaultValue(const QVariant& value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MinValue()
+    ///@{
     [[nodiscard]] QVariant MinValue() const { return ToQVariant(m_control->MinValue(), MustBeType()); }
     void SetMinValue(const QVariant& value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MaxValue()
+    ///@{
     [[nodiscard]] QVariant MaxValue() const { return ToQVariant(m_control->MaxValue(), MustBeType()); }
     void SetMaxValue(const QVariant& value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustNotBeZero()
+    ///@{
     [[nodiscard]] bool MustNotBeZero() const { return m_control->MustNotBeZero(); }
     void SetMustNotBeZero(bool value) { m_control->SetMustNotBeZero(value); }
-    /// The two lists are design-time properties: at run time (`UserMode`) a read gives an empty list and a
-    /// write is refused (382), where the control's own reader throws 393.
+    ///@}
+    /// The values the field must not hold (slot 0 unused, the values in slots 1 on) and the corrective
+    /// actions the final validation tries (slots 1 to 3, one `ActionsConstants` flag word each). The two
+    /// lists are design-time properties: at run time (`UserMode`) a read gives an empty list and a write is
+    /// refused (382), where the control's own reader throws 393.
+    ///@{
     [[nodiscard]] QVariantList MustNotBeValues() const;
     void SetMustNotBeValues(const QVariantList& value);
     [[nodiscard]] QVariantList Actions() const;
     void SetActions(const QVariantList& value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::ShowErrorMessage()
+    ///@{
     [[nodiscard]] bool ShowErrorMessage() const { return m_control->ShowErrorMessage(); }
     void SetShowErrorMessage(bool value) { m_control->SetShowErrorMessage(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::ValidationMode()
+    ///@{
     [[nodiscard]] ValidationModeConstants ValidationMode() const { return m_control->ValidationMode(); }
     void SetValidationMode(ValidationModeConstants value);
     void SetValidationMode(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MessageBoxTitle()
+    ///@{
     [[nodiscard]] QString MessageBoxTitle() const { return ToQString(m_control->MessageBoxTitle()); }
     void SetMessageBoxTitle(const QString& value) { m_control->SetMessageBoxTitle(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::ErrorMessageMode()
+    ///@{
     [[nodiscard]] ErrorMessageModeConstants ErrorMessageMode() const { return m_control->ErrorMessageMode(); }
     void SetErrorMessageMode(ErrorMessageModeConstants value);
     void SetErrorMessageMode(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MustBeType()
+    ///@{
     [[nodiscard]] MustBeTypeConstants MustBeType() const { return m_control->MustBeType(); }
     void SetMustBeType(MustBeTypeConstants value);
     void SetMustBeType(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::OnErrorSelectEntireField()
+    ///@{
     [[nodiscard]] bool OnErrorSelectEntireField() const { return m_control->OnErrorSelectEntireField(); }
     void SetOnErrorSelectEntireField(bool value) { m_control->SetOnErrorSelectEntireField(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::InputSifting()
+    ///@{
     [[nodiscard]] InputSiftingConstants InputSifting() const { return m_control->InputSifting(); }
     void SetInputSifting(InputSiftingConstants value);
     void SetInputSifting(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MaxRelativeAccuracy()
+    ///@{
     [[nodiscard]] int MaxRelativeAccuracy() const { return m_control->MaxRelativeAccuracy(); }
     void SetMaxRelativeAccuracy(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::MessageBoxIcon()
+    ///@{
     [[nodiscard]] MsgBoxIcons MessageBoxIcon() const { return m_control->MessageBoxIcon(); }
     void SetMessageBoxIcon(MsgBoxIcons value);
     void SetMessageBoxIcon(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::ErrorMessage()
+    ///@{
     [[nodiscard]] QString ErrorMessage() const { return ToQString(m_control->ErrorMessage()); }
     void SetErrorMessage(const QString& value) { m_control->SetErrorMessage(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::ShowAsUnderstood()
+    ///@{
     [[nodiscard]] bool ShowAsUnderstood() const { return m_control->ShowAsUnderstood(); }
     void SetShowAsUnderstood(bool value) { m_control->SetShowAsUnderstood(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::Text()
+    ///@{
     [[nodiscard]] QString Text() const { return ToQString(m_control->Text()); }
     void SetText(const QString& value) { m_control->SetText(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::Value()
+    ///@{
     [[nodiscard]] QVariant Value() const { return ToQVariant(m_control->Value(), MustBeType()); }
     void SetValue(const QVariant& value) { m_control->SetValue(FromQVariant(value, MustBeType())); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MaxLength()
+    ///@{
     [[nodiscard]] int MaxLength() const { return m_control->MaxLength(); }
     void SetMaxLength(int value) { m_control->SetMaxLength(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::SelStart()
+    ///@{
     [[nodiscard]] int SelStart() const { return m_control->SelStart(); }
     void SetSelStart(int value) { m_control->SetSelStart(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::SelLength()
+    ///@{
     [[nodiscard]] int SelLength() const { return m_control->SelLength(); }
     void SetSelLength(int value) { m_control->SetSelLength(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::SelText()
+    ///@{
     [[nodiscard]] QString SelText() const { return ToQString(m_control->SelText()); }
     void SetSelText(const QString& value) { m_control->SetSelText(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::Alignment()
+    ///@{
     [[nodiscard]] int Alignment() const { return m_control->Alignment(); }
     /// 0 left, 1 right, 2 centre.
     void SetAlignment(int value);
@@ -326,54 +472,100 @@ public:
     /// centre, anything else left; the vertical part is the edit box's own.
     void SetAlignment(Qt::Alignment value);
     void SetAlignment(Qt::AlignmentFlag value) { SetAlignment(Qt::Alignment(value)); }
+    ///@}
     /// The alignment as a Qt alignment: left, right or centre, vertically centred.
     [[nodiscard]] Qt::Alignment QtAlignment() const;
+    /// \copydoc quillmar::Quillmar::Appearance()
+    ///@{
     [[nodiscard]] vldAppearanceConstants Appearance() const {
         return static_cast<vldAppearanceConstants>(m_control->Appearance());
     }
     void SetAppearance(vldAppearanceConstants value);
     void SetAppearance(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::BorderStyle()
+    ///@{
     [[nodiscard]] vldBorderStyleConstants BorderStyle() const {
         return static_cast<vldBorderStyleConstants>(m_control->BorderStyle());
     }
     void SetBorderStyle(vldBorderStyleConstants value);
     void SetBorderStyle(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::Locked()
+    ///@{
     [[nodiscard]] bool Locked() const { return m_control->Locked(); }
     void SetLocked(bool value) { m_control->SetLocked(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::PasswordChar()
+    ///@{
     [[nodiscard]] QString PasswordChar() const { return ToQString(m_control->PasswordChar()); }
     void SetPasswordChar(const QString& value) { m_control->SetPasswordChar(FromQString(value)); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::RightToLeft()
+    ///@{
     [[nodiscard]] bool RightToLeft() const { return m_control->RightToLeft(); }
     void SetRightToLeft(bool value) { m_control->SetRightToLeft(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::MousePointer()
+    ///@{
     [[nodiscard]] int MousePointer() const { return m_control->MousePointer(); }
     void SetMousePointer(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::FontBold()
+    ///@{
     [[nodiscard]] bool FontBold() const { return m_control->FontBold(); }
     void SetFontBold(bool value) { m_control->SetFontBold(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::FontItalic()
+    ///@{
     [[nodiscard]] bool FontItalic() const { return m_control->FontItalic(); }
     void SetFontItalic(bool value) { m_control->SetFontItalic(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::FontUnderline()
+    ///@{
     [[nodiscard]] bool FontUnderline() const { return m_control->FontUnderline(); }
     void SetFontUnderline(bool value) { m_control->SetFontUnderline(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::FontStrikethru()
+    ///@{
     [[nodiscard]] bool FontStrikethru() const { return m_control->FontStrikethru(); }
     void SetFontStrikethru(bool value) { m_control->SetFontStrikethru(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::FontSize()
+    ///@{
     [[nodiscard]] float FontSize() const { return m_control->FontSize(); }
     void SetFontSize(float value) { m_control->SetFontSize(value); }
+    ///@}
+    /// \copydoc quillmar::Quillmar::OLEDragMode()
+    ///@{
     [[nodiscard]] int OLEDragMode() const { return m_control->OLEDragMode(); }
     void SetOLEDragMode(int value);
+    ///@}
+    /// \copydoc quillmar::Quillmar::OLEDropMode()
+    ///@{
     [[nodiscard]] int OLEDropMode() const { return m_control->OLEDropMode(); }
     void SetOLEDropMode(int value);
+    ///@}
     /// The field's enabled state, one with the widget's own (`QWidget::setEnabled`): setting either sets the
     /// other. A disabled parent greys the field without changing it, as for any widget.
+    ///@{
     [[nodiscard]] bool Enabled() const { return m_control->Enabled(); }
     void SetEnabled(bool value) { m_control->SetEnabled(value); }
+    ///@}
     /// The colours (OLE colours: 0x00BBGGRR, or a system colour with the high bit set) and the font face
     /// the edit box draws with. Unlike the control's writers, which leave them to a loaded form, these
     /// writers change what is drawn and announce the change.
+    ///@{
     [[nodiscard]] uint BackColor() const { return m_control->BackColor(); }
     void SetBackColor(uint value);
     [[nodiscard]] uint ForeColor() const { return m_control->ForeColor(); }
     void SetForeColor(uint value);
     [[nodiscard]] QString FontName() const { return ToQString(m_control->FontName()); }
     void SetFontName(const QString& value);
+    ///@}
+    /// A number unique to this field's edit box among the live ones (the form's window handle of it).
     [[nodiscard]] int hwnd() const { return m_control->hwnd(); }
+    /// \copydoc quillmar::Quillmar::HideSelection()
     [[nodiscard]] bool HideSelection() const { return m_control->HideSelection(); }
 signals:
     /// A property changed (its name), as a designer needs to know.
@@ -384,6 +576,11 @@ signals:
     /// `IsValid` changed: the text was typed, pasted or written, or a rule or the locale changed. A dialog
     /// enables its OK button from it.
     void ValidityChanged(bool valid);
+    /// The edit box's events, raised to the form before the field acts on them, with the arguments of
+    /// `quillmar::QuillmarEvents`' methods of the same names. A slot connected directly (not queued) may
+    /// change the arguments passed by reference: set `KeyAscii` to 0 to cancel a character, change
+    /// `Effect` to refuse a drop.
+    ///@{
     void OLEStartDrag(quillmar::DataObject& Data, qint32& AllowedEffects);
     void OLESetData(quillmar::DataObject& Data, qint16& DataFormat);
     void OLEGiveFeedback(qint32& Effect, bool& DefaultCursors);
@@ -401,6 +598,7 @@ signals:
     void Click();
     void DblClick();
     void Change();
+    ///@}
     /// The focus is about to leave the field for another widget of the form, before the field's own final
     /// validation. A slot that sets Cancel keeps the focus in the field, and the field's focus exit does not
     /// run (the container's validate-before-leaving). Focus that only passed through the field, on its way
@@ -409,9 +607,14 @@ signals:
     void BeforeLeaving(bool& Cancel);
 
 protected:
+    /// Keep the field in step with the widget: the widget's own enabled state reaches the control (a parent
+    /// that greys it does not), a resize the control's surface (`Resize`), a show the edit box's tool tip
+    /// and accessible name (`Show`).
+    ///@{
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    ///@}
 
 private:
     friend class QtServices;

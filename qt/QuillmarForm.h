@@ -29,7 +29,7 @@ inline constexpr int kFormLabelGap = 8;
 
 /// The widgets of a form built from its document, one label and one field per control, in document order.
 struct FormWidgets {
-    std::vector<QLabel*> labels;
+    std::vector<QLabel*> labels; ///< The labels, one per field, in the same order.
     /// The fields, in tab order; each named (`objectName`) after its control.
     std::vector<QuillmarEdit*> fields;
     /// The line that says why nothing was built (the form file does not read, or a field refused a stored
@@ -56,7 +56,7 @@ struct FormWidgets {
 
 /// A field of a form whose text is not valid now.
 struct InvalidField {
-    QuillmarEdit* field = nullptr;
+    QuillmarEdit* field = nullptr; ///< The field itself.
     /// Its label (`LabelOf`), else its accessible name, else its object name.
     QString label;
     /// What the field would show for its text (`QuillmarEdit::CurrentErrorMessage`).

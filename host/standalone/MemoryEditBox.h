@@ -11,15 +11,15 @@ namespace quillmar::standalone {
 
 /// Windows-style codes of the keys a test presses.
 enum VirtualKey : int16_t {
-    VK_BACK = 8,
-    VK_RETURN = 13,
-    VK_CONTROL = 17,
-    VK_ESCAPE = 27,
-    VK_END = 35,
-    VK_HOME = 36,
-    VK_LEFT = 37,
-    VK_RIGHT = 39,
-    VK_DELETE = 46,
+    VK_BACK = 8, ///< Backspace.
+    VK_RETURN = 13, ///< Enter.
+    VK_CONTROL = 17, ///< Ctrl.
+    VK_ESCAPE = 27, ///< Escape.
+    VK_END = 35, ///< End.
+    VK_HOME = 36, ///< Home.
+    VK_LEFT = 37, ///< Left arrow.
+    VK_RIGHT = 39, ///< Right arrow.
+    VK_DELETE = 46, ///< Delete.
 };
 
 /// An in-memory single-line edit box that behaves as a real one. Typing a key reports the key going down,
@@ -29,6 +29,7 @@ enum VirtualKey : int16_t {
 /// Programmatic writes report a change only when the text really changes.
 class QUILLMAR_CORE_EXPORT MemoryEditBox final : public EditBox {
 public:
+    /// An empty, enabled box with no limit on its length, a handle of its own and no control attached.
     MemoryEditBox();
 
     // What a person does.
@@ -37,8 +38,14 @@ public:
     void TypeKey(char16_t c, int16_t shift = 0);
     /// Types every character of the text in turn.
     void TypeText(std::u16string_view text);
+    /// Presses Backspace: the key goes down, its character (8) is reported, the selection or the character
+    /// before the caret is removed unless the character was cancelled, the key comes up.
     void PressBackspace();
+    /// Presses Delete: the key goes down, the selection or the character after the caret is removed, the key
+    /// comes up (Delete types no character).
     void PressDelete();
+    /// Presses Enter: the key goes down, its character (13) is reported, the key comes up; the text stays
+    /// as it is.
     void PressEnter();
     /// Left, Right, Home or End; with Shift (1) the selection grows from its anchor.
     void PressNavigation(int16_t virtualKey, int16_t shift = 0);

@@ -25,22 +25,26 @@ public:
     void SetWidth(int32_t w) override { width = w; }
     void SetHeight(int32_t h) override { height = h; }
 
-    bool userMode = true;
-    FontDesc ambientFont;
-    std::optional<std::u16string> name = u"Quillmar1";
-    std::optional<std::u16string> toolTipText;
-    bool visible = true;
-    std::vector<std::u16string> notifications;
-    int focusRequests = 0;
+    bool userMode = true; ///< What `UserMode` answers: true while the form runs.
+    FontDesc ambientFont; ///< What `AmbientFont` answers.
+    std::optional<std::u16string> name = u"Quillmar1"; ///< What `ExtenderName` answers.
+    std::optional<std::u16string> toolTipText; ///< What `ExtenderToolTipText` answers.
+    bool visible = true; ///< What `ExtenderVisible` answers.
+    std::vector<std::u16string> notifications; ///< The names of the changed properties, in order.
+    int focusRequests = 0; ///< How often the control asked for the focus.
+    /// The size the control last gave itself (0 until it did).
+    ///@{
     int32_t width = 0;
     int32_t height = 0;
+    ///@}
 };
 
 /// One message box as it was shown.
 struct ShownMessage {
-    std::u16string text;
-    std::u16string title;
-    int16_t icon = 0;
+    std::u16string text; ///< The message, lines separated by a carriage return and a line feed.
+    std::u16string title; ///< The box's title.
+    int16_t icon = 0; ///< The icon, a `MessageBoxIconFlag`.
+    /// Two messages are equal when text, title and icon are.
     friend bool operator==(const ShownMessage&, const ShownMessage&) = default;
 };
 
@@ -55,9 +59,9 @@ public:
     /// Records the question and answers with the first scripted answer left, Cancel when none is.
     Answer Question(std::u16string_view text, std::u16string_view title, int16_t icon) override;
 
-    int beeps = 0;
-    std::vector<ShownMessage> messages;
-    std::vector<ShownMessage> questions;
+    int beeps = 0; ///< How often the control beeped.
+    std::vector<ShownMessage> messages; ///< The message boxes shown, in order.
+    std::vector<ShownMessage> questions; ///< The questions asked, in order.
     /// The answers the next questions get, in order.
     std::vector<Answer> answers;
 };
@@ -65,11 +69,15 @@ public:
 /// A locale fixed by name (or taken from the process environment).
 class QUILLMAR_CORE_EXPORT FixedLocale final : public LocaleSource {
 public:
+    /// The process environment's locale.
     FixedLocale()
         : m_info(LocaleInfo::FromEnvironment()) { }
+    /// The given locale.
     explicit FixedLocale(LocaleInfo info)
         : m_info(std::move(info)) { }
+    /// The locale this source was given last.
     [[nodiscard]] LocaleInfo Locale() const override { return m_info; }
+    /// Switches the locale: the control reads and writes in it from its next use on.
     void Set(LocaleInfo info) { m_info = std::move(info); }
 
 private:
@@ -80,7 +88,7 @@ private:
 class QUILLMAR_CORE_EXPORT CountingAboutBox final : public AboutBox {
 public:
     void Show() override { ++shown; }
-    int shown = 0;
+    int shown = 0; ///< How often the about box was opened.
 };
 
 /// The events raised to the form, recorded in order as short texts with their arguments ("Change",
@@ -108,7 +116,7 @@ public:
     /// The entries of the log that start with the given event name.
     [[nodiscard]] std::vector<std::string> Only(std::string_view event) const;
 
-    std::vector<std::string> log;
+    std::vector<std::string> log; ///< Every event raised, in order ("KeyPress 65").
 };
 
 } // namespace quillmar::standalone
