@@ -40,7 +40,7 @@ format-check: setup
 format:
 	git ls-files '*.h' '*.cpp' | xargs -r clang-format -i
 
-test: unit-tests schema-check package-test docs sanitize fuzz-smoke
+test: unit-tests schema-check docs package-test sanitize fuzz-smoke
 
 # Every form file of the repository follows the form file's JSON Schema.
 schema-check: setup
