@@ -112,6 +112,19 @@ PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale,
         for (size_t i = 1; i < forbidden.size(); ++i)
             if (const auto value = NumericValueOf(forbidden[i], locale)) m_forbiddenValues.push_back(*value);
         m_thousands = ThousandsSeparator(settings.ThousandSeparator, locale);
+        // Grouped numbers go the short way where the type's whole-text test takes the separator too (not a
+        // byte, not a number that may have an exponent) and the separator cannot be read as anything else
+        // in a number: not a digit, sign, blank, exponent mark or the decimal separator.
+        const char16_t separator = locale.groupSeparator;
+        const bool takesGroups = GroupingOf(settings.ThousandSeparator) == Grouping::Locale
+            && locale.groupingSize > 0 && type != vldByte
+            && !(settings.AllowScientificFormat && (type == vldSingle || type == vldDouble));
+        if (takesGroups && separator != 0 && separator != locale.decimalSeparator && !IsDigit(separator)
+            && std::u16string_view(u"+-eE \t").find(separator) == std::u16string_view::npos) {
+            m_plainGroupSeparator = separator;
+            m_primaryGroup = static_cast<size_t>(locale.groupingSize);
+            m_secondaryGroup = static_cast<size_t>(std::max(locale.secondaryGroupingSize, 0));
+        }
     } else {
         for (size_t i = 1; i < forbidden.size(); ++i)
             m_forbiddenTexts.push_back(TextOf(forbidden[i], locale));
@@ -185,12 +198,12 @@ int32_t PreparedRules::ValueRules(double value) const noexcept {
     return result;
 }
 
-// The most common number texts, "-123" and "-123.45" (the locale's decimal separator, at most 15 digits, no
-// group separator, sign only where the type takes one), judged in one pass. Their value is exact: the digits
-// make an integer below 2^53, divided once by an exact power of ten, which rounds as the full reading does.
-// Their shape passes the type's whole-text test save for the integral types' ranges and the currency's,
-// which 15 digits cannot leave once the whole part is short enough. -1 for any other text, which goes the
-// full way.
+// The most common number texts, "-123", "-1,234" and "-1,234.56" (the locale's decimal separator, at most
+// 15 digits, the locale's group separator only where its grouping puts one, sign only where the type takes
+// one), judged in one pass. Their value is exact: the digits make an integer below 2^53, divided once by an
+// exact power of ten, which rounds as the full reading does. Their shape passes the type's whole-text test
+// save for the integral types' ranges and the currency's, which 15 digits cannot leave once the whole part is
+// short enough. -1 for any other text, which goes the full way.
 int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept {
     const int32_t type = m_settings.MustBeType;
     const bool integral = type == vldByte || type == vldInteger || type == vldLong;
@@ -203,8 +216,28 @@ int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept
     }
     uint64_t mantissa = 0;
     size_t wholeDigits = 0;
-    for (; i < text.size() && IsDigit(text[i]); ++i, ++wholeDigits)
-        mantissa = mantissa * 10 + static_cast<uint64_t>(text[i] - u'0');
+    // The grouping rule as the number reader keeps it: the first group holds 1 to a secondary group's digits,
+    // every later one but the last exactly a secondary group's, the last exactly the primary size; so no
+    // separator stands first, last or beside another.
+    size_t groupDigits = 0;
+    size_t separators = 0;
+    for (; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (IsDigit(c)) {
+            mantissa = mantissa * 10 + static_cast<uint64_t>(c - u'0');
+            ++wholeDigits;
+            ++groupDigits;
+        } else if (c == m_plainGroupSeparator && m_plainGroupSeparator != 0) {
+            if (groupDigits == 0
+                || (separators == 0 ? groupDigits > m_secondaryGroup : groupDigits != m_secondaryGroup))
+                return -1;
+            ++separators;
+            groupDigits = 0;
+        } else {
+            break;
+        }
+    }
+    if (separators > 0 && groupDigits != m_primaryGroup) return -1;
     if (wholeDigits == 0 || wholeDigits > 15) return -1;
     const uint64_t whole = mantissa;
     size_t fractionDigits = 0;

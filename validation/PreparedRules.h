@@ -17,8 +17,9 @@ namespace quillmar {
 /// converted once, the thousands separator and the decimal count, and a table of what each ASCII character
 /// breaks. `Evaluate` gives exactly the bits of `EvaluateRules` for the settings, locale and edit-box limit
 /// it was prepared with, and allocates nothing on its way (save for a number with more than 64 significant
-/// digits, which takes the general path). The commonest texts (plain numbers without group separators, short
-/// dates and times, texts under a mask without `*`) are judged in one pass; whatever such a short way is
+/// digits, which takes the general path). The commonest texts (plain numbers, with or without the locale's
+/// group separators, short dates and times, texts under a mask without `*`) are judged in one pass; whatever
+/// such a short way is
 /// unsure of goes the full way. A prepared field is immutable and may be shared between threads.
 /// The interactive control keeps calling `EvaluateRules`, since its settings may change between two calls.
 class PreparedRules {
@@ -58,6 +59,11 @@ private:
     std::optional<double> m_maximum;
     std::vector<double> m_forbiddenValues;
     std::u16string m_thousands;
+    // The group separator plain numbers may hold, and the locale's group sizes (the last group's, the ones
+    // before it); 0 when the short way for numbers takes no group separator.
+    char16_t m_plainGroupSeparator = 0;
+    size_t m_primaryGroup = 0;
+    size_t m_secondaryGroup = 0;
     // For a time field, what "AM", "PM", "am" and "pm" after a time stand for in the locale: 1 before noon, 2
     // after, 0 unknown (such texts go the full way).
     std::array<int8_t, 4> m_designators {};

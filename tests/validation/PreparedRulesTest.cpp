@@ -113,7 +113,8 @@ std::vector<Settings> HandMadeSettings() {
         Settings number;
         number.MustBeType = static_cast<MustBeTypeConstants>(type);
         number.AllowScientificFormat = type == vldSingle || type == vldDouble;
-        number.ThousandSeparator = type == vldCurrency || type == vldLong ? vldTSAllowed : vldTSForbidden;
+        number.ThousandSeparator
+            = type == vldCurrency || type == vldLong || type == vldDouble ? vldTSAllowed : vldTSForbidden;
         number.MustBeNegative = type == vldDouble;
         number.MustNotBeZero = true;
         number.MaxNumberOfDecimals = 2;
@@ -149,7 +150,10 @@ TEST_P(PreparedRulesAgreement, HandMadeSettingsGiveEvaluateRulesBits) {
 // Numbers, dates and times at the edges of the short ways plain number texts, short dates and short times
 // take (signs, leading zeros, the decimal separator of either locale, 15 and 16 digits, the ranges of the
 // integral types and of the currency; days no month has, two- and five-digit years, either date order;
-// designators, hours past 12 or 23), and texts just beside those shapes, which must go the full way.
+// designators, hours past 12 or 23; group separators where the locale's grouping puts them and everywhere it
+// does not: first, last, doubled, before the decimal separator or in the fraction, groups of the wrong size,
+// western groups in en_IN, the other locales' separators, spaces standing for a space-like separator), and
+// texts just beside those shapes, which must go the full way.
 constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", u"0.0", u"-0.00", u"1.5",
     u"1,5", u"12.345", u"12,345", u"-12.34", u"255", u"256", u"-1", u"32767", u"32768", u"-32768", u"-32769",
     u"2147483647", u"2147483648", u"-2147483648", u"-2147483649", u"999999999999999", u"9999999999999999",
@@ -162,7 +166,13 @@ constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", 
     u"31/4/2024", u"1/1/2000", u"1//2024", u"9:05", u"9:05 AM", u"9:05 am", u"9:05 Am", u"12:00 AM",
     u"12:00 PM", u"13:00 PM", u"0:00 AM", u"23:59:59", u"24:00", u"9:60", u"9:05:60", u"9:5", u"09:05",
     u"9:05  AM", u"9:05 AM ", u"9:05AM", u"123:00", u"9:005", u"9:05:", u"9:", u"9:05 A",
-    u"9:05 \u5348\u524D", u"9:05xPM", u"8:00 AM", u"6:00 PM", u"6:00:01 PM" };
+    u"9:05 \u5348\u524D", u"9:05xPM", u"8:00 AM", u"6:00 PM", u"6:00:01 PM", u"1,234,567", u"12,34,567",
+    u"1,23,45,678.5", u"123,45,678", u"1,23", u"1,2345", u"1234,567", u",123", u"123,", u"1,,234", u"-,123",
+    u"1,234,", u"1,234.", u"1,234.567", u"1,234,56", u"0,001", u"000,001", u"-1,000", u"-1,000.5", u"32,768",
+    u"2,147,483,648", u"-2,147,483,648", u"922,337,203,685,477", u"99,999,999,999,999",
+    u"9,999,999,999,999,999", u"1.234.567", u"1.234,56", u"12.34.567", u"1.234,", u"1,5,6", u"1.5,6",
+    u"1,234e5", u"1 234", u"1\u00A0234", u"1\u202F234,5", u"1\u202F234\u202F567", u"-1\u00A0000", u"1,234 ",
+    u"+1,234", u"1,2,3" };
 
 TEST_P(PreparedRulesAgreement, EdgeNumbersDatesAndTimesGiveEvaluateRulesBits) {
     const LocaleInfo locale = LocaleInfo::FromName(GetParam());
@@ -171,6 +181,9 @@ TEST_P(PreparedRulesAgreement, EdgeNumbersDatesAndTimesGiveEvaluateRulesBits) {
         { vldByte, vldInteger, vldLong, vldSingle, vldDouble, vldCurrency, vldDate, vldTime }) {
         Settings bare;
         bare.MustBeType = static_cast<MustBeTypeConstants>(type);
+        all.push_back(bare);
+        if (!IsNumericType(type)) continue;
+        bare.ThousandSeparator = vldTSAllowed;
         all.push_back(bare);
     }
     Settings daytime;
@@ -216,7 +229,8 @@ TEST(PreparedRules, MasksWithoutAStarMatchAsMatchPatternDoes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE", "ja_JP"));
+INSTANTIATE_TEST_SUITE_P(
+    Locales, PreparedRulesAgreement, ::testing::Values("en_US", "de_DE", "ja_JP", "en_IN", "fr_FR"));
 
 TEST(CheckColumn, AnUnspecifiedFieldTakesEveryTextAsCheckInputDoes) {
     Settings settings;
