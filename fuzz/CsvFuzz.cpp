@@ -9,6 +9,7 @@
 #include "fuzz/FuzzSupport.h"
 #include "validation/Rules.h"
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace {
@@ -43,10 +44,30 @@ Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsi
     return { status, Drain(out), Drain(err) };
 }
 
+// The structure the widest scan finds (separators, quotes and bytes beyond ASCII, the widened units) beside
+// that of the portable scan.
+void CompareScanWidths(std::string_view bytes) {
+    static CsvStructure widest;
+    static CsvStructure portable;
+    static std::u16string widestUnits;
+    static std::u16string portableUnits;
+    widestUnits.assign(bytes.size(), u'?');
+    portableUnits.assign(bytes.size(), u'?');
+    widest.Scan(bytes, widestUnits.data(), ScanWidth::Widest);
+    portable.Scan(bytes, portableUnits.data(), ScanWidth::Portable);
+    bool same
+        = widestUnits == portableUnits && std::ranges::equal(widest.Separators(), portable.Separators());
+    for (size_t from = 0; same && from < bytes.size(); ++from)
+        same = widest.AnyQuote(from, from + 1) == portable.AnyQuote(from, from + 1)
+            && widest.AnyHigh(from, from + 1) == portable.AnyHigh(from, from + 1);
+    fuzz::Require(same, "the widest and the portable scan find different structures");
+}
+
 // The bytes read by the structural scan (falling back to libcsv where it is unsure) and by libcsv alone.
 void CompareReaders(std::string_view bytes, size_t columns) {
     static CsvChunkReader scanning;
     static CsvChunkReader reference;
+    CompareScanWidths(bytes);
     ColumnTable scanned;
     ColumnTable expected;
     const auto problem = scanning.Read(bytes, columns, scanned);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -36,15 +37,21 @@ struct BlockMasks {
     return bits;
 }
 
+/// How a scan reads its bytes: `ScanBlock` 16 bytes at a time (SSE2) everywhere, or 64 at a time with
+/// AVX-512 where the processor has it (asked once), which gives the same structure.
+enum class ScanWidth { Portable, Widest };
+
 /// The structure of a run of CSV bytes, found block by block: where the commas, CRs and LFs outside quotes
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {
 public:
     /// Scans `bytes` (at most 4 GiB) and writes their widened form to `widened` (`bytes.size()` units).
-    void Scan(std::string_view bytes, char16_t* widened);
+    void Scan(std::string_view bytes, char16_t* widened, ScanWidth width = ScanWidth::Widest);
 
     /// The positions of the commas, CRs and LFs outside quotes, in order.
-    [[nodiscard]] std::span<const uint32_t> Separators() const noexcept { return m_separators; }
+    [[nodiscard]] std::span<const uint32_t> Separators() const noexcept {
+        return { m_separators.get(), m_separatorCount };
+    }
     /// Whether a quote, a byte that is not ASCII, or either stands in [from, to).
     [[nodiscard]] bool AnyQuote(size_t from, size_t to) const noexcept { return AnyBit(m_quotes, from, to); }
     [[nodiscard]] bool AnyHigh(size_t from, size_t to) const noexcept { return AnyBit(m_high, from, to); }
@@ -66,7 +73,11 @@ private:
         return false;
     }
 
-    std::vector<uint32_t> m_separators;
+    // Room for a separator at every byte, so the scan writes without checking; pages never written to are
+    // never taken from the system.
+    std::unique_ptr<uint32_t[]> m_separators;
+    size_t m_separatorRoom = 0;
+    size_t m_separatorCount = 0;
     std::vector<uint64_t> m_quotes;
     std::vector<uint64_t> m_high;
     std::vector<uint64_t> m_quotesOrHigh;

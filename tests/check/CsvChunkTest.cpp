@@ -2,6 +2,7 @@
 // the same values, row by row, and the same fault at the same line.
 #include "apps/check/CsvChunk.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace quillmar::check {
@@ -30,6 +31,23 @@ Read ReadWith(Reader how, std::string_view bytes, size_t columns) {
             read.columns.back().emplace_back(value);
     }
     return read;
+}
+
+// The structure and widened bytes the widest scan finds beside those of the portable one.
+void ExpectSameStructure(std::string_view bytes) {
+    CsvStructure widest;
+    CsvStructure portable;
+    std::u16string widestUnits(bytes.size(), u'?');
+    std::u16string portableUnits(bytes.size(), u'?');
+    widest.Scan(bytes, widestUnits.data(), ScanWidth::Widest);
+    portable.Scan(bytes, portableUnits.data(), ScanWidth::Portable);
+    EXPECT_EQ(widestUnits, portableUnits);
+    EXPECT_TRUE(std::ranges::equal(widest.Separators(), portable.Separators()));
+    for (size_t from = 0; from < bytes.size(); ++from) {
+        EXPECT_EQ(widest.AnyQuote(from, from + 1), portable.AnyQuote(from, from + 1)) << from;
+        EXPECT_EQ(widest.AnyHigh(from, from + 1), portable.AnyHigh(from, from + 1)) << from;
+        EXPECT_EQ(widest.AnyQuoteOrHigh(from, bytes.size()), portable.AnyQuoteOrHigh(from, bytes.size()));
+    }
 }
 
 const std::string kLong = std::string(61, 'x') + ",\"a\n" + std::string(70, 'y') + "\"\"b\",c\n";
@@ -73,6 +91,7 @@ TEST(CsvChunk, StructuralScanReadsAsLibcsvDoes) {
     inputs.emplace_back(kLong + kLong + "z,\"", 3);
     for (const auto& [bytes, columns] : inputs) {
         SCOPED_TRACE(bytes);
+        ExpectSameStructure(bytes);
         const Read scanned = ReadWith(Reader::Both, bytes, columns);
         const Read reference = ReadWith(Reader::Libcsv, bytes, columns);
         EXPECT_EQ(scanned.columns, reference.columns);
