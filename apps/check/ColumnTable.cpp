@@ -19,11 +19,6 @@ char16_t* ColumnTable::ClearWithUnits(size_t columns, size_t units) {
     return m_units.data();
 }
 
-void ColumnTable::CommitSpan([[maybe_unused]] size_t column, size_t offset, size_t units) {
-    assert(column == m_spans.size() % m_columnCount && "values come in column order");
-    m_spans.push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(units) });
-}
-
 char16_t* ColumnTable::Room(size_t units) {
     // Grows by doubling, so a table reused chunk after chunk soon stops growing.
     if (m_used + units > m_units.size()) m_units.resize(std::max(m_units.size() * 2, m_used + units));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -25,7 +26,11 @@ public:
     /// `CommitSpan`. Values added with `Room` go after them.
     char16_t* ClearWithUnits(size_t columns, size_t units);
     /// Ends the value of `column` in the current row: the `units` units at `offset` of the table's start.
-    void CommitSpan(size_t column, size_t offset, size_t units);
+    /// Inline: the reader commits most values this way, one call per value.
+    void CommitSpan([[maybe_unused]] size_t column, size_t offset, size_t units) {
+        assert(column == m_spans.size() % m_columnCount && "values come in column order");
+        m_spans.push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(units) });
+    }
 
     /// Room for `units` more UTF-16 units of the next value; valid until the next call.
     char16_t* Room(size_t units);
