@@ -19,6 +19,21 @@ bool IsDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
+// A text's unit as a UTF-16 unit: bytes are read as the ASCII characters they are.
+template <typename Char> char16_t UnitOf(Char c) {
+    if constexpr (sizeof(Char) == 1)
+        return static_cast<unsigned char>(c);
+    else
+        return c;
+}
+
+template <typename Char> bool SameText(std::u16string_view a, std::basic_string_view<Char> b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (a[i] != UnitOf(b[i])) return false;
+    return true;
+}
+
 // The case rule a code point breaks under a simple case mapping, as the checker compares a text with its
 // mapped form: a mapping that would change the length leaves the code point as it is.
 bool ChangedBy(UChar32 c, UChar32 (*map)(UChar32)) {
@@ -53,14 +68,15 @@ std::vector<std::array<uint64_t, 2>> AsciiUnitsOf(std::u16string_view mask) {
 // first), then a four-digit year, with any date separators between them ("3/14/2024"), read in one pass as
 // the date reader reads them: false for any other text, which the date reader then takes. `days` is the
 // date's serial, or nullopt for a day that no month has.
-bool ReadShortDate(std::u16string_view text, const LocaleInfo& locale, std::optional<double>& days) {
+template <typename Char>
+bool ReadShortDate(std::basic_string_view<Char> text, const LocaleInfo& locale, std::optional<double>& days) {
     if (locale.dateOrder == DateOrder::YearMonthDay) return false;
     size_t i = 0;
     const auto group = [&](size_t most, int& value) {
         const size_t start = i;
         value = 0;
-        for (; i < text.size() && i - start < most && IsDigit(text[i]); ++i)
-            value = value * 10 + (text[i] - u'0');
+        for (; i < text.size() && i - start < most && IsDigit(UnitOf(text[i])); ++i)
+            value = value * 10 + (text[i] - '0');
         return i > start;
     };
     const auto separator = [&] {
@@ -80,10 +96,22 @@ bool ReadShortDate(std::u16string_view text, const LocaleInfo& locale, std::opti
 // The designators the short way for times knows, in the order of `m_designators`.
 constexpr std::u16string_view kDesignators[] = { u"AM", u"PM", u"am", u"pm" };
 
+// Which of `kDesignators` the two units are; -1 for none.
+int DesignatorIndex(char16_t first, char16_t second) {
+    const int upper = second == u'M' ? 0 : second == u'm' ? 2 : -1;
+    if (upper < 0) return -1;
+    if (first == kDesignators[upper][0]) return upper;
+    if (first == kDesignators[upper + 1][0]) return upper + 1;
+    return -1;
+}
+
 } // namespace
 
 PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength)
     : m_settings(settings)
+    , m_kind(IsDateTimeType(settings.MustBeType)   ? Kind::DateTime
+              : IsNumericType(settings.MustBeType) ? Kind::Number
+                                                   : Kind::Text)
     , m_locale(locale)
     , m_maxLength(maxLength) {
     const int32_t type = settings.MustBeType;
@@ -143,32 +171,78 @@ PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale,
 
 int32_t PreparedRules::Evaluate(std::u16string_view text) const noexcept {
     if (text.empty()) return m_settings.RequiredField ? vldCCRequiredField : 0;
-    if (IsDateTimeType(m_settings.MustBeType)) return DateTimeRules(text);
-    if (IsNumericType(m_settings.MustBeType)) return NumericRules(text);
+    switch (m_kind) {
+    case Kind::DateTime:
+        return DateTimeRules(text);
+    case Kind::Number:
+        return NumericRules(text);
+    case Kind::Text:
+        break;
+    }
     return TextRules(text);
 }
 
-int32_t PreparedRules::DateTimeRules(std::u16string_view text) const noexcept {
+int32_t PreparedRules::EvaluateAscii(std::string_view text) const noexcept {
+    if (text.empty()) return m_settings.RequiredField ? vldCCRequiredField : 0;
+    int32_t result = -1;
+    switch (m_kind) {
+    case Kind::DateTime:
+        result = ShortDateTimeRules(text);
+        break;
+    case Kind::Number:
+        result = PlainNumberRules(text);
+        break;
+    case Kind::Text:
+        // A mask with `*` is matched by the pattern matcher, which reads UTF-16.
+        if (m_settings.CustomMask.empty() || !m_maskUnits.empty()) result = TextRules(text);
+        break;
+    }
+    return result >= 0 ? result : EvaluateWidened(text);
+}
+
+int32_t PreparedRules::EvaluateWidened(std::string_view text) const noexcept {
+    char16_t units[256];
+    if (text.size() <= std::size(units)) {
+        std::transform(text.begin(), text.end(), units, UnitOf<char>);
+        return Evaluate(std::u16string_view(units, text.size()));
+    }
+    std::u16string widened(text.size(), u'\0');
+    std::transform(text.begin(), text.end(), widened.begin(), UnitOf<char>);
+    return Evaluate(widened);
+}
+
+int32_t PreparedRules::DayRules(double days) const noexcept {
+    int32_t result = 0;
+    if (m_minimum && days < *m_minimum) result |= vldCCMinValue;
+    if (m_maximum && days > *m_maximum) result |= vldCCMaxValue;
+    for (const double forbidden : m_forbiddenValues)
+        if (forbidden == days) result |= vldCCMustNotBeValues;
+    return result;
+}
+
+// The bits of a short time or a short date; -1 for a text that is neither, which goes the full way.
+template <typename Char>
+int32_t PreparedRules::ShortDateTimeRules(std::basic_string_view<Char> text) const noexcept {
     const bool wantDate = m_settings.MustBeType == vldDate;
     const int32_t typeBit = wantDate ? vldCCMustBeDate : vldCCMustBeTime;
     std::optional<double> days;
     if (!wantDate && ReadShortTime(text, days)) {
         if (!days) return typeBit;
     } else if (!ReadShortDate(text, m_locale, days)) {
-        const auto parsed = ParseDateTime(text, m_locale);
-        if (!parsed) return typeBit;
-        const bool isTime = text.find(u':') != std::u16string_view::npos;
-        if (isTime == wantDate) return typeBit;
-        days = parsed->days;
+        return -1;
     } else if (!days || !wantDate) {
         return typeBit;
     }
-    int32_t result = 0;
-    if (m_minimum && *days < *m_minimum) result |= vldCCMinValue;
-    if (m_maximum && *days > *m_maximum) result |= vldCCMaxValue;
-    for (const double forbidden : m_forbiddenValues)
-        if (forbidden == *days) result |= vldCCMustNotBeValues;
-    return result;
+    return DayRules(*days);
+}
+
+int32_t PreparedRules::DateTimeRules(std::u16string_view text) const noexcept {
+    if (const int32_t result = ShortDateTimeRules(text); result >= 0) return result;
+    const bool wantDate = m_settings.MustBeType == vldDate;
+    const auto parsed = ParseDateTime(text, m_locale);
+    const bool isTime = text.find(u':') != std::u16string_view::npos;
+    if (!parsed || isTime == wantDate) return wantDate ? vldCCMustBeDate : vldCCMustBeTime;
+    return DayRules(parsed->days);
 }
 
 bool PreparedRules::HasTooManyDecimals(std::u16string_view text) const noexcept {
@@ -204,12 +278,13 @@ int32_t PreparedRules::ValueRules(double value) const noexcept {
 // exact power of ten, which rounds as the full reading does. Their shape passes the type's whole-text test
 // save for the integral types' ranges and the currency's, which 15 digits cannot leave once the whole part is
 // short enough. -1 for any other text, which goes the full way.
-int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept {
+template <typename Char>
+int32_t PreparedRules::PlainNumberRules(std::basic_string_view<Char> text) const noexcept {
     const int32_t type = m_settings.MustBeType;
     const bool integral = type == vldByte || type == vldInteger || type == vldLong;
     if (!integral && type != vldDouble && type != vldCurrency) return -1;
     size_t i = 0;
-    const bool negative = text[0] == u'-';
+    const bool negative = text[0] == '-';
     if (negative) {
         if (type == vldByte) return -1;
         i = 1;
@@ -222,7 +297,7 @@ int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept
     size_t groupDigits = 0;
     size_t separators = 0;
     for (; i < text.size(); ++i) {
-        const char16_t c = text[i];
+        const char16_t c = UnitOf(text[i]);
         if (IsDigit(c)) {
             mantissa = mantissa * 10 + static_cast<uint64_t>(c - u'0');
             ++wholeDigits;
@@ -242,9 +317,9 @@ int32_t PreparedRules::PlainNumberRules(std::u16string_view text) const noexcept
     const uint64_t whole = mantissa;
     size_t fractionDigits = 0;
     if (i < text.size()) {
-        if (integral || text[i] != m_locale.decimalSeparator) return -1;
-        for (++i; i < text.size() && IsDigit(text[i]); ++i, ++fractionDigits)
-            mantissa = mantissa * 10 + static_cast<uint64_t>(text[i] - u'0');
+        if (integral || UnitOf(text[i]) != m_locale.decimalSeparator) return -1;
+        for (++i; i < text.size() && IsDigit(UnitOf(text[i])); ++i, ++fractionDigits)
+            mantissa = mantissa * 10 + static_cast<uint64_t>(text[i] - '0');
         if (i < text.size() || fractionDigits == 0 || wholeDigits + fractionDigits > 15) return -1;
     }
     if (type == vldCurrency && wholeDigits > 14) return -1;
@@ -304,26 +379,28 @@ int32_t PreparedRules::CaseRulesOfCodePoint(std::u16string_view text, size_t& at
 // designator the locale is known to read), read in one pass as the date and time reader reads them: false for
 // any other text, which that reader then takes. `days` is the fraction of the day, or nullopt for an hour,
 // minute or second out of range.
-bool PreparedRules::ReadShortTime(std::u16string_view text, std::optional<double>& days) const noexcept {
+template <typename Char>
+bool PreparedRules::ReadShortTime(
+    std::basic_string_view<Char> text, std::optional<double>& days) const noexcept {
     size_t i = 0;
     const auto group = [&](int& value) {
         const size_t start = i;
         value = 0;
-        for (; i < text.size() && i - start < 2 && IsDigit(text[i]); ++i)
-            value = value * 10 + (text[i] - u'0');
+        for (; i < text.size() && i - start < 2 && IsDigit(UnitOf(text[i])); ++i)
+            value = value * 10 + (text[i] - '0');
         return i > start;
     };
     int hour = 0;
     int minute = 0;
     int second = 0;
-    if (!group(hour) || i == text.size() || text[i++] != u':' || !group(minute)) return false;
-    if (i < text.size() && text[i] == u':' && (++i, !group(second))) return false;
+    if (!group(hour) || i == text.size() || text[i++] != ':' || !group(minute)) return false;
+    if (i < text.size() && text[i] == ':' && (++i, !group(second))) return false;
     int designator = 0;
     if (i < text.size()) {
-        if (text[i++] != u' ') return false;
-        for (size_t d = 0; d < std::size(kDesignators) && designator == 0; ++d)
-            if (text.substr(i) == kDesignators[d]) designator = m_designators[d] != 0 ? m_designators[d] : -1;
-        if (designator <= 0) return false;
+        if (text[i] != ' ' || text.size() - i != 3) return false;
+        const int index = DesignatorIndex(UnitOf(text[i + 1]), UnitOf(text[i + 2]));
+        designator = index < 0 ? 0 : m_designators[static_cast<size_t>(index)];
+        if (designator == 0) return false;
     }
     days = std::nullopt;
     if (minute > 59 || second > 59 || hour > (designator == 0 ? 23 : 12)) return true;
@@ -332,18 +409,21 @@ bool PreparedRules::ReadShortTime(std::u16string_view text, std::optional<double
     return true;
 }
 
-bool PreparedRules::MatchesMask(std::u16string_view text) const noexcept {
-    if (m_maskUnits.empty()) return MatchPattern(text, m_settings.CustomMask);
+// A text of bytes comes here only under a mask without `*`, and holds only ASCII.
+template <typename Char> bool PreparedRules::MatchesMask(std::basic_string_view<Char> text) const noexcept {
+    if constexpr (sizeof(Char) == 2)
+        if (m_maskUnits.empty()) return MatchPattern(text, m_settings.CustomMask);
     if (text.size() != m_maskUnits.size()) return false;
     for (size_t i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i];
-        if (c >= 128) return MatchPattern(text, m_settings.CustomMask);
+        const char16_t c = UnitOf(text[i]);
+        if constexpr (sizeof(Char) == 2)
+            if (c >= 128) return MatchPattern(text, m_settings.CustomMask);
         if ((m_maskUnits[i][c / 64] >> (c % 64) & 1) == 0) return false;
     }
     return true;
 }
 
-int32_t PreparedRules::TextRules(std::u16string_view text) const noexcept {
+template <typename Char> int32_t PreparedRules::TextRules(std::basic_string_view<Char> text) const noexcept {
     int32_t result = 0;
     if (!m_settings.CustomMask.empty() && !MatchesMask(text)) result |= vldCCCustomMask;
     if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;
@@ -352,30 +432,35 @@ int32_t PreparedRules::TextRules(std::u16string_view text) const noexcept {
     const bool anyCaseRule = m_settings.MustBeUpperCase || m_settings.MustBeLowerCase;
     size_t caseDoneUpTo = 0;
     for (size_t i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i];
+        const char16_t c = UnitOf(text[i]);
         if (c < 128) {
             result |= m_asciiBits[c];
             continue;
         }
-        if (m_anyCharacterRule) result |= CharacterRules(c, m_settings);
-        // A surrogate pair is one code point for the case rules, already judged at its first unit.
-        if (anyCaseRule && i >= caseDoneUpTo) {
-            size_t end = i;
-            result |= CaseRulesOfCodePoint(text, end);
-            caseDoneUpTo = end;
+        if constexpr (sizeof(Char) == 2) { // bytes are all ASCII
+            if (m_anyCharacterRule) result |= CharacterRules(c, m_settings);
+            // A surrogate pair is one code point for the case rules, already judged at its first unit.
+            if (anyCaseRule && i >= caseDoneUpTo) {
+                size_t end = i;
+                result |= CaseRulesOfCodePoint(text, end);
+                caseDoneUpTo = end;
+            }
         }
     }
     if (m_settings.MustBeProperCase) {
         // Only the first code point and those after a space are mapped to upper case.
         for (size_t at = 0; at < text.size(); ++at) {
-            if (at != 0 && text[at - 1] != u' ') continue;
-            const char16_t c = text[at];
-            const bool changed = c < 128 ? (c >= u'a' && c <= u'z') : [&] {
-                UChar32 point;
-                int32_t next = static_cast<int32_t>(at);
-                U16_NEXT(text.data(), next, static_cast<int32_t>(text.size()), point);
-                return ChangedBy(point, u_toupper);
-            }();
+            if (at != 0 && text[at - 1] != ' ') continue;
+            const char16_t c = UnitOf(text[at]);
+            bool changed = c >= u'a' && c <= u'z';
+            if constexpr (sizeof(Char) == 2) {
+                if (c >= 128) {
+                    UChar32 point;
+                    int32_t next = static_cast<int32_t>(at);
+                    U16_NEXT(text.data(), next, static_cast<int32_t>(text.size()), point);
+                    changed = ChangedBy(point, u_toupper);
+                }
+            }
             if (changed) {
                 result |= vldCCMustBeProperCase;
                 break;
@@ -383,7 +468,7 @@ int32_t PreparedRules::TextRules(std::u16string_view text) const noexcept {
         }
     }
     for (const std::u16string& item : m_forbiddenTexts)
-        if (item == text) result |= vldCCMustNotBeValues;
+        if (SameText(item, text)) result |= vldCCMustNotBeValues;
     return result;
 }
 
@@ -392,6 +477,20 @@ void CheckColumn(const PreparedRules& rules, std::span<const std::u16string_view
     assert(texts.size() == bits.size() && "CheckColumn needs one bit set per text");
     for (size_t i = 0; i < texts.size(); ++i)
         bits[i] = rules.CheckInput(texts[i]);
+}
+
+void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits) noexcept {
+    assert(column.runs.size() == bits.size() && "CheckColumn needs one bit set per text");
+    if (rules.settings().MustBeType == vldUnspecified) {
+        std::fill(bits.begin(), bits.end(), 0);
+        return;
+    }
+    for (size_t i = 0; i < column.runs.size(); ++i) {
+        const TextRun run = column.runs[i];
+        bits[i] = run.wide
+            ? rules.Evaluate(std::u16string_view(column.units.data() + run.offset, run.size))
+            : rules.EvaluateAscii(std::string_view(column.bytes.data() + run.offset, run.size));
+    }
 }
 
 } // namespace quillmar

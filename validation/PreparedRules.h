@@ -17,11 +17,12 @@ namespace quillmar {
 /// converted once, the thousands separator and the decimal count, and a table of what each ASCII character
 /// breaks. `Evaluate` gives exactly the bits of `EvaluateRules` for the settings, locale and edit-box limit
 /// it was prepared with, and allocates nothing on its way (save for a number with more than 64 significant
-/// digits, which takes the general path). The commonest texts (plain numbers, with or without the locale's
-/// group separators, short dates and times, texts under a mask without `*`) are judged in one pass; whatever
-/// such a short way is
-/// unsure of goes the full way. A prepared field is immutable and may be shared between threads.
-/// The interactive control keeps calling `EvaluateRules`, since its settings may change between two calls.
+/// digits, which takes the general path, and an ASCII text longer than 256 characters that a short way is
+/// unsure of, which is widened on the heap). The commonest texts (plain numbers, with or without the
+/// locale's group separators, short dates and times, texts under a mask without `*`) are judged in one pass;
+/// whatever such a short way is unsure of goes the full way. A prepared field is immutable and may be shared
+/// between threads. The interactive control keeps calling `EvaluateRules`, since its settings may change
+/// between two calls.
 class PreparedRules {
 public:
     /// Prepares the rules of `settings` under `locale` for an edit box limited to `maxLength` (0: none).
@@ -29,6 +30,10 @@ public:
 
     /// `EvaluateRules(text, settings, locale, maxLength)` of the prepared field.
     [[nodiscard]] int32_t Evaluate(std::u16string_view text) const noexcept;
+    /// `Evaluate` of a text of ASCII characters given as its bytes (every one below 0x80): the same bits,
+    /// read from the bytes themselves. Only a text the short ways are unsure of is widened to UTF-16 first
+    /// (on the stack up to 256 characters).
+    [[nodiscard]] int32_t EvaluateAscii(std::string_view text) const noexcept;
 
     /// What the field's `CheckInput` answers while it holds the text: 0 for a field of `vldUnspecified`,
     /// otherwise `Evaluate(text)`.
@@ -36,22 +41,33 @@ public:
         return m_settings.MustBeType == vldUnspecified ? 0 : Evaluate(text);
     }
 
+    /// `CheckInput` of a text of ASCII characters given as its bytes, as `EvaluateAscii` reads them.
+    [[nodiscard]] int32_t CheckInputAscii(std::string_view text) const noexcept {
+        return m_settings.MustBeType == vldUnspecified ? 0 : EvaluateAscii(text);
+    }
+
     [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
     [[nodiscard]] const LocaleInfo& locale() const noexcept { return m_locale; }
     [[nodiscard]] int32_t maxLength() const noexcept { return m_maxLength; }
 
 private:
+    enum class Kind : uint8_t { Text, Number, DateTime };
+    int32_t EvaluateWidened(std::string_view text) const noexcept;
     int32_t DateTimeRules(std::u16string_view text) const noexcept;
-    bool ReadShortTime(std::u16string_view text, std::optional<double>& days) const noexcept;
+    template <typename Char> int32_t ShortDateTimeRules(std::basic_string_view<Char> text) const noexcept;
+    int32_t DayRules(double days) const noexcept;
+    template <typename Char>
+    bool ReadShortTime(std::basic_string_view<Char> text, std::optional<double>& days) const noexcept;
     int32_t NumericRules(std::u16string_view text) const noexcept;
-    int32_t PlainNumberRules(std::u16string_view text) const noexcept;
+    template <typename Char> int32_t PlainNumberRules(std::basic_string_view<Char> text) const noexcept;
     int32_t ValueRules(double value) const noexcept;
-    int32_t TextRules(std::u16string_view text) const noexcept;
-    bool MatchesMask(std::u16string_view text) const noexcept;
+    template <typename Char> int32_t TextRules(std::basic_string_view<Char> text) const noexcept;
+    template <typename Char> bool MatchesMask(std::basic_string_view<Char> text) const noexcept;
     bool HasTooManyDecimals(std::u16string_view text) const noexcept;
     int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
 
     Settings m_settings;
+    Kind m_kind = Kind::Text;
     LocaleInfo m_locale;
     int32_t m_maxLength = 0;
     // Numbers, dates and times: the limits and forbidden values that convert, as the checker compares them.
@@ -75,11 +91,29 @@ private:
     std::vector<std::array<uint64_t, 2>> m_maskUnits;
 };
 
+/// Where one text of a column stands: `size` ASCII bytes at `offset` of the column's bytes, or, when `wide`,
+/// `size` UTF-16 units at `offset` of its units. A reader that keeps ASCII values where they were read
+/// gives most texts as bytes and decodes only the others.
+struct TextRun {
+    uint32_t offset = 0;
+    uint32_t size : 31 = 0;
+    uint32_t wide : 1 = 0;
+};
+
+/// A column of texts as runs of a reader's bytes and units.
+struct ColumnRuns {
+    std::string_view bytes;
+    std::u16string_view units;
+    std::span<const TextRun> runs;
+};
+
 /// The batch entry point: checks a column of texts against one field's prepared rules, writing to `bits[i]`
 /// what the field's `CheckInput` answers while it holds `texts[i]`. The spans must have the same size.
 /// Allocates nothing per text and holds no state, so a database or a distributed engine can run it as a
 /// user-defined function over its own partitions.
 void CheckColumn(
     const PreparedRules& rules, std::span<const std::u16string_view> texts, std::span<int32_t> bits) noexcept;
+/// `CheckColumn` of the texts `column` gives, ASCII ones read from their bytes; `bits` has a place per run.
+void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits) noexcept;
 
 } // namespace quillmar

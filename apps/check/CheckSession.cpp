@@ -25,6 +25,7 @@ struct WorkerState {
     CsvChunkReader reader;
     ColumnTable table;
     std::vector<std::vector<int32_t>> bits;
+    std::u16string scratch;
 };
 
 namespace {
@@ -152,13 +153,12 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
         if (std::none_of(
                 state.bits[column].begin(), state.bits[column].end(), [](int32_t b) { return b > 0; }))
             continue;
-        const auto texts = table.Column(column);
         for (size_t row = 0; row < rows; ++row) {
             const int32_t bits = state.bits[column][row];
             if (bits <= 0) continue;
             ++result.brokenByField[static_cast<size_t>(field)];
             result.entries.emplace_back(row, result.text.size());
-            AppendViolation(m_options.format, m_columns[column], texts[row], bits,
+            AppendViolation(m_options.format, m_columns[column], table.Text(column, row, state.scratch), bits,
                 m_fields[static_cast<size_t>(field)].rules, result.text,
                 m_options.catalogue ? *m_options.catalogue : EnglishMessages());
         }

@@ -1,22 +1,16 @@
 #include "apps/check/ColumnTable.h"
 
 #include <algorithm>
-#include <cassert>
 
 namespace quillmar::check {
 
-void ColumnTable::Clear(size_t columns) {
+void ColumnTable::Clear(size_t columns, std::string_view bytes) {
+    m_bytes = bytes;
     m_used = 0;
-    m_columnCount = columns;
-    m_spans.clear();
+    m_columns.resize(columns);
+    for (std::vector<TextRun>& runs : m_columns)
+        runs.clear();
     m_rows = 0;
-}
-
-char16_t* ColumnTable::ClearWithUnits(size_t columns, size_t units) {
-    Clear(columns);
-    (void)Room(units);
-    m_used = units;
-    return m_units.data();
 }
 
 char16_t* ColumnTable::Room(size_t units) {
@@ -25,9 +19,8 @@ char16_t* ColumnTable::Room(size_t units) {
     return m_units.data() + m_used;
 }
 
-void ColumnTable::CommitValue([[maybe_unused]] size_t column, size_t units) {
-    assert(column == m_spans.size() % m_columnCount && "values come in column order");
-    m_spans.push_back({ static_cast<uint32_t>(m_used), static_cast<uint32_t>(units) });
+void ColumnTable::CommitValue(size_t column, size_t units) {
+    m_columns[column].push_back({ static_cast<uint32_t>(m_used), static_cast<uint32_t>(units), 1 });
     m_used += units;
 }
 
@@ -36,13 +29,19 @@ void ColumnTable::Add(size_t column, std::u16string_view value) {
     CommitValue(column, value.size());
 }
 
-std::span<const std::u16string_view> ColumnTable::Column(size_t column) {
+ColumnRuns ColumnTable::Column(size_t column) const noexcept {
     // A row cut short by a fault is no row: only whole rows are given.
-    const size_t rows = std::min(m_rows, m_spans.size() / std::max<size_t>(m_columnCount, 1));
-    m_views.resize(rows);
-    for (size_t row = 0, at = column; row < rows; ++row, at += m_columnCount)
-        m_views[row] = std::u16string_view(m_units.data() + m_spans[at].offset, m_spans[at].length);
-    return m_views;
+    const std::vector<TextRun>& runs = m_columns[column];
+    return { m_bytes, std::u16string_view(m_units.data(), m_used),
+        std::span<const TextRun>(runs.data(), std::min(m_rows, runs.size())) };
+}
+
+std::u16string_view ColumnTable::Text(size_t column, size_t row, std::u16string& scratch) const {
+    const TextRun run = m_columns[column][row];
+    if (run.wide) return std::u16string_view(m_units.data() + run.offset, run.size);
+    const std::string_view bytes = m_bytes.substr(run.offset, run.size);
+    scratch.assign(bytes.begin(), bytes.end());
+    return scratch;
 }
 
 } // namespace quillmar::check

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cassert>
+#include "validation/PreparedRules.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -9,29 +10,26 @@
 
 namespace quillmar::check {
 
-/// The values of a run of rows, column by column, in UTF-16: what the checker reads. Filled row by row with
-/// `Add`, each row's values in column order; its storage is kept by `Clear`, so a table reused for chunk
-/// after chunk stops allocating.
+/// The values of a run of rows, column by column: what the checker reads. An ASCII value read from CSV
+/// stays where it was read, as a run of the chunk's bytes; any other value is decoded into the table's own
+/// UTF-16 units. Filled row by row, each row's values in column order; its storage is kept by `Clear`, so a
+/// table reused for chunk after chunk stops allocating.
 class ColumnTable {
 public:
-    /// Empties the table for rows of `columns` values.
-    void Clear(size_t columns);
+    /// Empties the table for rows of `columns` values, whose ASCII values may be runs of `bytes` (which must
+    /// outlive the table's use).
+    void Clear(size_t columns, std::string_view bytes = {});
 
     /// The number of columns each row has.
-    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columnCount; }
+    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columns.size(); }
+    /// The number of whole rows.
     [[nodiscard]] size_t RowCount() const noexcept { return m_rows; }
 
-    /// Empties the table for rows of `columns` values and gives room for `units` units at its start, which
-    /// the caller fills (a widened copy of the bytes being read) and values may then refer to with
-    /// `CommitSpan`. Values added with `Room` go after them.
-    char16_t* ClearWithUnits(size_t columns, size_t units);
-    /// Ends the value of `column` in the current row: the `units` units at `offset` of the table's start.
-    /// Inline: the reader commits most values this way, one call per value.
-    void CommitSpan([[maybe_unused]] size_t column, size_t offset, size_t units) {
-        assert(column == m_spans.size() % m_columnCount && "values come in column order");
-        m_spans.push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(units) });
+    /// Ends the value of `column` in the current row: the `size` bytes at `offset` of the bytes given to
+    /// `Clear`, every one of them ASCII. Inline: the reader commits most values this way.
+    void CommitBytes(size_t column, size_t offset, size_t size) {
+        m_columns[column].push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(size), 0 });
     }
-
     /// Room for `units` more UTF-16 units of the next value; valid until the next call.
     char16_t* Room(size_t units);
     /// Ends the value of `column` in the current row: the next `units` units of the room.
@@ -41,20 +39,16 @@ public:
     /// Appends a whole value to `column` of the current row.
     void Add(size_t column, std::u16string_view value);
 
-    /// The values of one column, row by row; valid until the table changes.
-    [[nodiscard]] std::span<const std::u16string_view> Column(size_t column);
+    /// The values of one column, row by row (whole rows only); valid until the table changes.
+    [[nodiscard]] ColumnRuns Column(size_t column) const noexcept;
+    /// One value in UTF-16: a view of the table's units, or of `scratch` holding the widened bytes.
+    [[nodiscard]] std::u16string_view Text(size_t column, size_t row, std::u16string& scratch) const;
 
 private:
-    struct Span {
-        uint32_t offset;
-        uint32_t length;
-    };
+    std::string_view m_bytes;
     std::vector<char16_t> m_units;
     size_t m_used = 0;
-    size_t m_columnCount = 0;
-    std::vector<Span> m_spans; // row by row
-
-    std::vector<std::u16string_view> m_views;
+    std::vector<std::vector<TextRun>> m_columns;
     size_t m_rows = 0;
 };
 

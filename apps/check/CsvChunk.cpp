@@ -122,16 +122,16 @@ bool CsvChunkReader::AddQuoted(std::string_view inner, size_t column, ColumnTabl
     return true;
 }
 
-// A value without quotes or bytes beyond ASCII is a span of the widened bytes, so most values are never
-// copied.
+// A value of ASCII bytes without doubled quotes stays where it was read, so most values are never copied.
 bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTable& table) {
-    if (bytes.size() > UINT32_MAX || columns == 0) return false;
-    m_structure.Scan(bytes, table.ClearWithUnits(columns, bytes.size()));
+    if (bytes.size() >= (size_t { 1 } << 31) || columns == 0) return false;
+    m_structure.Scan(bytes);
+    table.Clear(columns, bytes);
     size_t column = 0;
     const auto addValue = [&](size_t from, size_t to) {
         if (column == columns) return false;
         if (!m_structure.AnyQuoteOrHigh(from, to)) {
-            table.CommitSpan(column++, from, to - from);
+            table.CommitBytes(column++, from, to - from);
             return true;
         }
         if (bytes[from] == '"') {
@@ -148,7 +148,7 @@ bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTa
             if (!DecodeUtf8(bytes.substr(from, to - from), table.Room(to - from), units)) return false;
             table.CommitValue(column++, units);
         } else {
-            table.CommitSpan(column++, from, to - from);
+            table.CommitBytes(column++, from, to - from);
         }
         return true;
     };

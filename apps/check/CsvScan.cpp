@@ -90,22 +90,21 @@ inline size_t KeepBlock(
     return count;
 }
 
-size_t ScanPortable(std::string_view bytes, char16_t* widened, const ScanOutput& out) noexcept {
+size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
     uint64_t inside = 0;
     size_t count = 0;
     for (size_t base = 0; base < bytes.size(); base += 64) {
         const size_t size = std::min<size_t>(64, bytes.size() - base);
-        count = KeepBlock(ScanBlock(bytes.data() + base, size, widened + base), base, inside, out, count);
+        count = KeepBlock(ScanBlock(bytes.data() + base, size, nullptr), base, inside, out, count);
     }
     return count;
 }
 
 #if defined(QUILLMAR_AVX512_SCAN)
-// The same scan 64 bytes to a vector: each comparison gives a block's mask at once, and the bytes widen in
-// two steps of 32. The last, shorter block is loaded and stored under a mask, so nothing past the bytes is
-// touched.
+// The same scan 64 bytes to a vector: each comparison gives a block's mask at once. The last, shorter block
+// is loaded under a mask, so nothing past the bytes is touched.
 [[gnu::target("avx512f,avx512bw,avx512vl")]] size_t ScanAvx512(
-    std::string_view bytes, char16_t* widened, const ScanOutput& out) noexcept {
+    std::string_view bytes, const ScanOutput& out) noexcept {
     const __m512i quote = _mm512_set1_epi8('"');
     const __m512i comma = _mm512_set1_epi8(',');
     const __m512i lf = _mm512_set1_epi8('\n');
@@ -122,13 +121,6 @@ size_t ScanPortable(std::string_view bytes, char16_t* widened, const ScanOutput&
         masks.lf = _mm512_cmpeq_epi8_mask(v, lf);
         masks.cr = _mm512_cmpeq_epi8_mask(v, cr);
         masks.high = _mm512_movepi8_mask(v);
-        // Each half is loaded again rather than taken out of the vector: the same bytes, still in the cache.
-        const __m512i low = _mm512_cvtepu8_epi16(
-            _mm256_maskz_loadu_epi8(static_cast<__mmask32>(valid), bytes.data() + base));
-        const __m512i upper = _mm512_cvtepu8_epi16(
-            _mm256_maskz_loadu_epi8(static_cast<__mmask32>(valid >> 32), bytes.data() + base + 32));
-        _mm512_mask_storeu_epi16(widened + base, static_cast<__mmask32>(valid), low);
-        _mm512_mask_storeu_epi16(widened + base + 32, static_cast<__mmask32>(valid >> 32), upper);
         count = KeepBlock(masks, base, inside, out, count);
     }
     return count;
@@ -143,7 +135,7 @@ bool HasAvx512() noexcept {
 
 } // namespace
 
-void CsvStructure::Scan(std::string_view bytes, char16_t* widened, ScanWidth width) {
+void CsvStructure::Scan(std::string_view bytes, ScanWidth width) {
     const size_t blocks = (bytes.size() + 63) / 64;
     m_quotes.resize(blocks);
     m_high.resize(blocks);
@@ -155,12 +147,12 @@ void CsvStructure::Scan(std::string_view bytes, char16_t* widened, ScanWidth wid
     const ScanOutput out { m_quotes.data(), m_high.data(), m_quotesOrHigh.data(), m_separators.get() };
 #if defined(QUILLMAR_AVX512_SCAN)
     if (width == ScanWidth::Widest && HasAvx512()) {
-        m_separatorCount = ScanAvx512(bytes, widened, out);
+        m_separatorCount = ScanAvx512(bytes, out);
         return;
     }
 #endif
     (void)width;
-    m_separatorCount = ScanPortable(bytes, widened, out);
+    m_separatorCount = ScanPortable(bytes, out);
 }
 
 } // namespace quillmar::check

@@ -45,8 +45,8 @@ enum class ScanWidth { Portable, Widest };
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {
 public:
-    /// Scans `bytes` (at most 4 GiB) and writes their widened form to `widened` (`bytes.size()` units).
-    void Scan(std::string_view bytes, char16_t* widened, ScanWidth width = ScanWidth::Widest);
+    /// Scans `bytes` (at most 4 GiB).
+    void Scan(std::string_view bytes, ScanWidth width = ScanWidth::Widest);
 
     /// The positions of the commas, CRs and LFs outside quotes, in order.
     [[nodiscard]] std::span<const uint32_t> Separators() const noexcept {
