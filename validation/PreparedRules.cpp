@@ -8,7 +8,9 @@
 #include "validation/Rules.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cassert>
+#include <cstring>
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
@@ -93,6 +95,8 @@ bool ReadShortDate(std::basic_string_view<Char> text, const LocaleInfo& locale, 
     return true;
 }
 
+std::atomic<uint64_t> g_preparedCount { 0 };
+
 // The designators the short way for times knows, in the order of `m_designators`.
 constexpr std::u16string_view kDesignators[] = { u"AM", u"PM", u"am", u"pm" };
 
@@ -108,7 +112,8 @@ int DesignatorIndex(char16_t first, char16_t second) {
 } // namespace
 
 PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale, int32_t maxLength)
-    : m_settings(settings)
+    : m_identity(++g_preparedCount)
+    , m_settings(settings)
     , m_kind(IsDateTimeType(settings.MustBeType)   ? Kind::DateTime
               : IsNumericType(settings.MustBeType) ? Kind::Number
                                                    : Kind::Text)
@@ -479,18 +484,85 @@ void CheckColumn(const PreparedRules& rules, std::span<const std::u16string_view
         bits[i] = rules.CheckInput(texts[i]);
 }
 
-void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits) noexcept {
+namespace {
+
+constexpr size_t kMemoBits = 12;
+// Texts a call looks up before it judges whether the column repeats itself enough to go on looking up.
+constexpr size_t kMemoProbe = 1024;
+
+int32_t Judge(const PreparedRules& rules, const ColumnRuns& column, TextRun run) noexcept {
+    return run.wide ? rules.Evaluate(std::u16string_view(column.units.data() + run.offset, run.size))
+                    : rules.EvaluateAscii(std::string_view(column.bytes.data() + run.offset, run.size));
+}
+
+// The text's bytes (at most 16) as two words, the bytes past its end zero; reads 16 bytes where they stand
+// inside the column's bytes.
+void KeyOf(const ColumnRuns& column, TextRun run, uint64_t& low, uint64_t& high) noexcept {
+    const char* at = column.bytes.data() + run.offset;
+    if (run.offset + 16 <= column.bytes.size()) {
+        std::memcpy(&low, at, 8);
+        std::memcpy(&high, at + 8, 8);
+    } else {
+        char padded[16] = {};
+        std::memcpy(padded, at, run.size);
+        std::memcpy(&low, padded, 8);
+        std::memcpy(&high, padded + 8, 8);
+    }
+    const auto keep
+        = [](size_t bytes) { return bytes >= 8 ? ~uint64_t { 0 } : (uint64_t { 1 } << (8 * bytes)) - 1; };
+    low &= keep(run.size);
+    high &= run.size > 8 ? keep(run.size - 8) : 0;
+}
+
+} // namespace
+
+ColumnMemo::ColumnMemo()
+    : m_entries(size_t { 1 } << kMemoBits) { }
+
+void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits,
+    ColumnMemo* memo) noexcept {
     assert(column.runs.size() == bits.size() && "CheckColumn needs one bit set per text");
     if (rules.settings().MustBeType == vldUnspecified) {
         std::fill(bits.begin(), bits.end(), 0);
         return;
     }
-    for (size_t i = 0; i < column.runs.size(); ++i) {
-        const TextRun run = column.runs[i];
-        bits[i] = run.wide
-            ? rules.Evaluate(std::u16string_view(column.units.data() + run.offset, run.size))
-            : rules.EvaluateAscii(std::string_view(column.bytes.data() + run.offset, run.size));
+    size_t i = 0;
+    const size_t n = column.runs.size();
+    if (memo) {
+        if (memo->m_rules != rules.identity()) {
+            std::fill(memo->m_entries.begin(), memo->m_entries.end(), ColumnMemo::Entry {});
+            memo->m_rules = rules.identity();
+        }
+        size_t hits = 0;
+        size_t until = std::min(n, kMemoProbe);
+        for (; i < until; ++i) {
+            const TextRun run = column.runs[i];
+            if (run.wide || run.size == 0 || run.size > 16) {
+                bits[i] = Judge(rules, column, run);
+            } else {
+                uint64_t low;
+                uint64_t high;
+                KeyOf(column, run, low, high);
+                const uint64_t hash
+                    = (low ^ (high * UINT64_C(0xC2B2AE3D27D4EB4F)) ^ run.size) * UINT64_C(0x9E3779B97F4A7C15);
+                ColumnMemo::Entry& entry = memo->m_entries[hash >> (64 - kMemoBits)];
+                if (entry.size == run.size && entry.low == low && entry.high == high) {
+                    bits[i] = entry.bits;
+                    ++hits;
+                } else {
+                    bits[i] = Judge(rules, column, run);
+                    entry = { low, high, bits[i], run.size };
+                }
+            }
+            // A column that repeats itself in half its texts goes on being looked up, a probe at a time.
+            if (i + 1 == until && hits * 2 >= kMemoProbe) {
+                until = std::min(n, until + kMemoProbe);
+                hits = 0;
+            }
+        }
     }
+    for (; i < n; ++i)
+        bits[i] = Judge(rules, column, column.runs[i]);
 }
 
 } // namespace quillmar

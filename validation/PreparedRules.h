@@ -47,6 +47,9 @@ public:
     }
 
     [[nodiscard]] const Settings& settings() const noexcept { return m_settings; }
+    /// Distinct for each prepared field (a copy keeps it, being the same rules), so that what is remembered
+    /// of a field's bits is never taken for another's.
+    [[nodiscard]] uint64_t identity() const noexcept { return m_identity; }
     [[nodiscard]] const LocaleInfo& locale() const noexcept { return m_locale; }
     [[nodiscard]] int32_t maxLength() const noexcept { return m_maxLength; }
 
@@ -66,6 +69,7 @@ private:
     bool HasTooManyDecimals(std::u16string_view text) const noexcept;
     int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
 
+    uint64_t m_identity;
     Settings m_settings;
     Kind m_kind = Kind::Text;
     LocaleInfo m_locale;
@@ -113,7 +117,32 @@ struct ColumnRuns {
 /// user-defined function over its own partitions.
 void CheckColumn(
     const PreparedRules& rules, std::span<const std::u16string_view> texts, std::span<int32_t> bits) noexcept;
+/// What a batch check remembers of a column from text to text: the bits of short ASCII texts (up to 16
+/// characters) it has judged, in a table of fixed size keyed on the text, for the rules it last checked.
+/// Dates, times, quantities and names repeat in a column, and a text seen before is then judged by one
+/// lookup. The bits of a text depend on the text and the prepared rules alone, so a remembered text gives
+/// exactly what judging it again gives. A column whose texts rarely repeat stops looking up after a probe of
+/// its first texts in each call. Belongs to one thread at a time.
+class ColumnMemo {
+public:
+    ColumnMemo();
+
+private:
+    friend void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits,
+        ColumnMemo* memo) noexcept;
+    struct Entry {
+        uint64_t low = 0;
+        uint64_t high = 0;
+        int32_t bits = 0;
+        uint32_t size = 0; // 0: empty
+    };
+    std::vector<Entry> m_entries;
+    uint64_t m_rules = 0; // the identity of the rules the entries were judged by
+};
+
 /// `CheckColumn` of the texts `column` gives, ASCII ones read from their bytes; `bits` has a place per run.
-void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits) noexcept;
+/// With a `memo`, texts the column repeats are looked up rather than judged again.
+void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits,
+    ColumnMemo* memo = nullptr) noexcept;
 
 } // namespace quillmar

@@ -25,6 +25,7 @@ struct WorkerState {
     CsvChunkReader reader;
     ColumnTable table;
     std::vector<std::vector<int32_t>> bits;
+    std::vector<ColumnMemo> memos; // a column's texts seen in earlier chunks
     std::u16string scratch;
 };
 
@@ -139,11 +140,13 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     result.rows = rows;
     result.brokenByField.assign(m_fields.size(), 0);
     state.bits.resize(m_columns.size());
+    state.memos.resize(m_columns.size());
     for (size_t column = 0; column < m_columns.size(); ++column) {
         const int field = m_fieldOfColumn[column];
         if (field < 0) continue;
         state.bits[column].resize(rows);
-        CheckColumn(m_fields[static_cast<size_t>(field)].rules, table.Column(column), state.bits[column]);
+        CheckColumn(m_fields[static_cast<size_t>(field)].rules, table.Column(column), state.bits[column],
+            &state.memos[column]);
         result.values += rows;
     }
     for (size_t column = 0; column < m_columns.size(); ++column) {

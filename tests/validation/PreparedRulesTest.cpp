@@ -257,5 +257,42 @@ TEST(CheckColumn, AnUnspecifiedFieldTakesEveryTextAsCheckInputDoes) {
     EXPECT_EQ(rules.Evaluate(u""), vldCCRequiredField);
 }
 
+// A column read from bytes, its texts repeated so that the memo looks them up: texts equal in their first 8
+// or 16 bytes, texts longer than the memo keeps, a text that ends the bytes, wide texts; then the same memo
+// under other rules, which must judge them afresh.
+TEST(CheckColumn, RepeatedTextsGiveCheckInputsBitsThroughTheMemo) {
+    const LocaleInfo locale = LocaleInfo::FromName("en_US");
+    Settings text;
+    text.MustBeType = vldString;
+    text.MustNotBeValues = { {}, u"abcdefgh1", u"abcdefgh12345678" };
+    Settings number;
+    number.MustBeType = vldInteger;
+    number.MaxValue = 5.0;
+    const char* const kTexts[] = { "abcdefgh1", "abcdefgh2", "abcdefgh12345678", "abcdefgh12345679",
+        "abcdefgh123456789", "7", "3", "", "abcdefgh" };
+    std::string bytes;
+    std::vector<TextRun> runs;
+    std::mt19937_64 random(3);
+    for (int i = 0; i < 5000; ++i) {
+        const std::string_view pick = kTexts[random() % std::size(kTexts)];
+        runs.push_back({ static_cast<uint32_t>(bytes.size()), static_cast<uint32_t>(pick.size()), 0 });
+        bytes += pick;
+    }
+    const std::u16string units = u"\u00E9t\u00E9";
+    runs.push_back({ 0, 3, 1 });
+    ColumnMemo memo;
+    for (const Settings& settings : { text, number, text }) {
+        const PreparedRules rules(settings, locale, settings.MustBeType == vldString ? 12 : 0);
+        std::vector<int32_t> bits(runs.size(), -1);
+        CheckColumn(rules, { bytes, units, runs }, bits, &memo);
+        for (size_t i = 0; i < runs.size(); ++i) {
+            const std::u16string run = runs[i].wide ? units.substr(runs[i].offset, runs[i].size)
+                                                    : std::u16string(bytes.begin() + runs[i].offset,
+                                                        bytes.begin() + runs[i].offset + runs[i].size);
+            ASSERT_EQ(bits[i], rules.CheckInput(run)) << "text " << quillmar::ToUtf8(run);
+        }
+    }
+}
+
 } // namespace
 } // namespace quillmar
