@@ -12,23 +12,24 @@ namespace quillmar::check {
 
 /// The values of a run of rows, column by column: what the checker reads. An ASCII value read from CSV
 /// stays where it was read, as a run of the chunk's bytes; any other value is decoded into the table's own
-/// UTF-16 units. Filled row by row, each row's values in column order; its storage is kept by `Clear`, so a
-/// table reused for chunk after chunk stops allocating.
+/// UTF-16 units. Filled row by row, each row's values in column order; each column's runs lie side by side,
+/// so a column is read in one sweep. Its storage is kept by `Clear`, so a table reused for chunk after chunk
+/// stops allocating.
 class ColumnTable {
 public:
     /// Empties the table for rows of `columns` values, whose ASCII values may be runs of `bytes` (which must
-    /// outlive the table's use).
-    void Clear(size_t columns, std::string_view bytes = {});
+    /// outlive the table's use), with room for `rows` rows before it grows.
+    void Clear(size_t columns, std::string_view bytes = {}, size_t rows = 64);
 
     /// The number of columns each row has.
-    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columns.size(); }
+    [[nodiscard]] size_t ColumnCount() const noexcept { return m_columnCount; }
     /// The number of whole rows.
     [[nodiscard]] size_t RowCount() const noexcept { return m_rows; }
 
     /// Ends the value of `column` in the current row: the `size` bytes at `offset` of the bytes given to
     /// `Clear`, every one of them ASCII. Inline: the reader commits most values this way.
     void CommitBytes(size_t column, size_t offset, size_t size) {
-        m_columns[column].push_back({ static_cast<uint32_t>(offset), static_cast<uint32_t>(size), 0 });
+        Slot(column) = { static_cast<uint32_t>(offset), static_cast<uint32_t>(size), 0 };
     }
     /// Room for `units` more UTF-16 units of the next value; valid until the next call.
     char16_t* Room(size_t units);
@@ -45,10 +46,18 @@ public:
     [[nodiscard]] std::u16string_view Text(size_t column, size_t row, std::u16string& scratch) const;
 
 private:
+    TextRun& Slot(size_t column) {
+        if (m_rows == m_stride) Grow();
+        return m_runs[column * m_stride + m_rows];
+    }
+    void Grow();
+
     std::string_view m_bytes;
     std::vector<char16_t> m_units;
     size_t m_used = 0;
-    std::vector<std::vector<TextRun>> m_columns;
+    size_t m_columnCount = 0;
+    std::vector<TextRun> m_runs; // column by column, `m_stride` rows apart
+    size_t m_stride = 0;
     size_t m_rows = 0;
 };
 

@@ -122,11 +122,36 @@ bool CsvChunkReader::AddQuoted(std::string_view inner, size_t column, ColumnTabl
     return true;
 }
 
+// A value with a quote or a byte beyond ASCII: unquoted, decoded, or unescaped; false for a quote out of
+// place or bytes that are not UTF-8.
+bool CsvChunkReader::AddSpecial(
+    std::string_view bytes, size_t from, size_t to, size_t column, ColumnTable& table) {
+    if (bytes[from] == '"') {
+        if (to - from < 2 || bytes[to - 1] != '"') return false;
+        ++from;
+        --to;
+        if (m_structure.AnyQuote(from, to)) return AddQuoted(bytes.substr(from, to - from), column, table);
+    } else if (m_structure.AnyQuote(from, to)) {
+        return false;
+    }
+    if (m_structure.AnyHigh(from, to)) {
+        size_t units = 0;
+        if (!DecodeUtf8(bytes.substr(from, to - from), table.Room(to - from), units)) return false;
+        table.CommitValue(column, units);
+    } else {
+        table.CommitBytes(column, from, to - from);
+    }
+    return true;
+}
+
 // A value of ASCII bytes without doubled quotes stays where it was read, so most values are never copied.
 bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTable& table) {
     if (bytes.size() >= (size_t { 1 } << 31) || columns == 0) return false;
     m_structure.Scan(bytes);
-    table.Clear(columns, bytes);
+    const std::span<const uint32_t> separators = m_structure.Separators();
+    // A row takes a separator per value but its last one's, which the terminator follows: no more rows than
+    // this fit, so the table never grows while it is filled.
+    table.Clear(columns, bytes, separators.size() / columns + 2);
     size_t column = 0;
     const auto addValue = [&](size_t from, size_t to) {
         if (column == columns) return false;
@@ -134,27 +159,11 @@ bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTa
             table.CommitBytes(column++, from, to - from);
             return true;
         }
-        if (bytes[from] == '"') {
-            if (to - from < 2 || bytes[to - 1] != '"') return false;
-            ++from;
-            --to;
-            if (m_structure.AnyQuote(from, to))
-                return AddQuoted(bytes.substr(from, to - from), column++, table);
-        } else if (m_structure.AnyQuote(from, to)) {
-            return false;
-        }
-        if (m_structure.AnyHigh(from, to)) {
-            size_t units = 0;
-            if (!DecodeUtf8(bytes.substr(from, to - from), table.Room(to - from), units)) return false;
-            table.CommitValue(column++, units);
-        } else {
-            table.CommitBytes(column++, from, to - from);
-        }
-        return true;
+        return AddSpecial(bytes, from, to, column++, table);
     };
     size_t start = 0;
     bool begun = false; // a comma has been seen in the current record
-    for (const uint32_t at : m_structure.Separators()) {
+    for (const uint32_t at : separators) {
         if (bytes[at] == ',') {
             if (!addValue(start, at)) return false;
             begun = true;

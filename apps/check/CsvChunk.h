@@ -55,6 +55,8 @@ private:
     std::optional<CsvProblem> Parse(std::string_view bytes);
     void Reset(bool initialized);
     bool AddQuoted(std::string_view inner, size_t column, ColumnTable& table);
+    [[gnu::noinline]] bool AddSpecial(
+        std::string_view bytes, size_t from, size_t to, size_t column, ColumnTable& table);
 
     csv_parser* m_parser;
     State* m_state;

@@ -87,6 +87,10 @@ TEST(CsvChunk, StructuralScanReadsAsLibcsvDoes) {
     inputs.emplace_back(std::string("a\0b,c\n", 6), 2);
     inputs.emplace_back(kLong, 3);
     inputs.emplace_back(kLong + kLong + "z,\"", 3);
+    std::string many; // more rows than a table holds before it grows
+    for (int i = 0; i < 200; ++i)
+        many += std::to_string(i) + ",\"\xC3\xA9" + std::to_string(i) + "\"\n";
+    inputs.emplace_back(many, 2);
     for (const auto& [bytes, columns] : inputs) {
         SCOPED_TRACE(bytes);
         ExpectSameStructure(bytes);
