@@ -73,8 +73,8 @@ private:
         return false;
     }
 
-    // Room for a separator at every byte, so the scan writes without checking; pages never written to are
-    // never taken from the system.
+    // Room for a separator at every byte and 64 more, so the scan writes without checking; pages never
+    // written to are never taken from the system.
     std::unique_ptr<uint32_t[]> m_separators;
     size_t m_separatorRoom = 0;
     size_t m_separatorCount = 0;
