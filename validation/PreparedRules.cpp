@@ -414,6 +414,29 @@ bool PreparedRules::ReadShortTime(
     return true;
 }
 
+// The text rules of an ASCII text in one pass: the characters' and case rules through the table, the mask
+// unit by unit (a text of bytes comes here only under no mask or a mask without `*`), the proper case at the
+// first character and after each space.
+int32_t PreparedRules::AsciiTextRules(std::string_view text) const noexcept {
+    int32_t result = 0;
+    if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;
+    const bool masked = !m_settings.CustomMask.empty();
+    bool matches = !masked || text.size() == m_maskUnits.size();
+    const bool properCase = m_settings.MustBeProperCase;
+    bool improper = false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        result |= m_asciiBits[c];
+        if (masked && matches) matches = (m_maskUnits[i][c / 64] >> (c % 64) & 1) != 0;
+        if (properCase && (i == 0 || text[i - 1] == ' ')) improper |= c >= 'a' && c <= 'z';
+    }
+    if (!matches) result |= vldCCCustomMask;
+    if (improper) result |= vldCCMustBeProperCase;
+    for (const std::u16string& item : m_forbiddenTexts)
+        if (SameText(item, text)) result |= vldCCMustNotBeValues;
+    return result;
+}
+
 // A text of bytes comes here only under a mask without `*`, and holds only ASCII.
 template <typename Char> bool PreparedRules::MatchesMask(std::basic_string_view<Char> text) const noexcept {
     if constexpr (sizeof(Char) == 2)
@@ -429,6 +452,7 @@ template <typename Char> bool PreparedRules::MatchesMask(std::basic_string_view<
 }
 
 template <typename Char> int32_t PreparedRules::TextRules(std::basic_string_view<Char> text) const noexcept {
+    if constexpr (sizeof(Char) == 1) return AsciiTextRules(text);
     int32_t result = 0;
     if (!m_settings.CustomMask.empty() && !MatchesMask(text)) result |= vldCCCustomMask;
     if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;

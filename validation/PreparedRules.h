@@ -65,6 +65,7 @@ private:
     template <typename Char> int32_t PlainNumberRules(std::basic_string_view<Char> text) const noexcept;
     int32_t ValueRules(double value) const noexcept;
     template <typename Char> int32_t TextRules(std::basic_string_view<Char> text) const noexcept;
+    int32_t AsciiTextRules(std::string_view text) const noexcept;
     template <typename Char> bool MatchesMask(std::basic_string_view<Char> text) const noexcept;
     bool HasTooManyDecimals(std::u16string_view text) const noexcept;
     int32_t CaseRulesOfCodePoint(std::u16string_view text, size_t& at) const noexcept;
