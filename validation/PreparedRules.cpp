@@ -66,6 +66,20 @@ std::vector<std::array<uint64_t, 2>> AsciiUnitsOf(std::u16string_view mask) {
     return units;
 }
 
+// `SerialFromDate` of a year of four digits (years 100 to 9999 have serials; none lies before the common
+// era): the days before the year, then the days before the month from a table.
+std::optional<double> ShortDateSerial(int year, int month, int day) noexcept {
+    static constexpr int kDaysBefore[] = { 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365 };
+    if (year < 100 || month < 1 || month > 12 || day < 1) return std::nullopt;
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    const int leapDay = leap && month > 2 ? 1 : 0;
+    if (day > kDaysBefore[month] - kDaysBefore[month - 1] + (leap && month == 2 ? 1 : 0)) return std::nullopt;
+    const int before = year - 1;
+    // 693593 days run from 1 January of year 1 to 30 December 1899, day zero of the serials.
+    return static_cast<double>(365 * before + before / 4 - before / 100 + before / 400
+        + kDaysBefore[month - 1] + leapDay + day - 1 - 693593);
+}
+
 // The most common date texts, month and day of one or two digits in the locale's order (month first or day
 // first), then a four-digit year, with any date separators between them ("3/14/2024"), read in one pass as
 // the date reader reads them: false for any other text, which the date reader then takes. `days` is the
@@ -90,8 +104,8 @@ bool ReadShortDate(std::basic_string_view<Char> text, const LocaleInfo& locale, 
     if (!group(2, first) || !separator() || !group(2, second) || !separator()) return false;
     const size_t yearStart = i;
     if (!group(4, year) || i - yearStart != 4 || i != text.size()) return false;
-    days = locale.dateOrder == DateOrder::MonthDayYear ? SerialFromDate(year, first, second)
-                                                       : SerialFromDate(year, second, first);
+    days = locale.dateOrder == DateOrder::MonthDayYear ? ShortDateSerial(year, first, second)
+                                                       : ShortDateSerial(year, second, first);
     return true;
 }
 

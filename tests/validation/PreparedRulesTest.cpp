@@ -182,7 +182,8 @@ constexpr const char16_t* kEdgeTexts[] = { u"0", u"-0", u"00", u"007", u"-007", 
     u"2,147,483,648", u"-2,147,483,648", u"922,337,203,685,477", u"99,999,999,999,999",
     u"9,999,999,999,999,999", u"1.234.567", u"1.234,56", u"12.34.567", u"1.234,", u"1,5,6", u"1.5,6",
     u"1,234e5", u"1 234", u"1\u00A0234", u"1\u202F234,5", u"1\u202F234\u202F567", u"-1\u00A0000", u"1,234 ",
-    u"+1,234", u"1,2,3", u"aa", u"12.5", u"12,5", u"Ab Cd", u"ab cd", u"AB" };
+    u"+1,234", u"1,2,3", u"aa", u"12.5", u"12,5", u"Ab Cd", u"ab cd", u"AB", u"2/29/2100", u"29.2.2000",
+    u"12/31/9999", u"1/1/0100", u"12/31/0099", u"3/1/1900" };
 
 TEST_P(PreparedRulesAgreement, EdgeNumbersDatesAndTimesGiveEvaluateRulesBits) {
     const LocaleInfo locale = LocaleInfo::FromName(GetParam());
