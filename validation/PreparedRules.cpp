@@ -344,9 +344,16 @@ int32_t PreparedRules::PlainNumberRules(std::basic_string_view<Char> text) const
     if (type == vldCurrency && wholeDigits > 14) return -1;
     static constexpr double kPowers[]
         = { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15 };
-    double value = static_cast<double>(mantissa) / kPowers[fractionDigits];
-    if (negative) value = -value;
-    int32_t result = ValueRules(value);
+    int32_t result = 0;
+    if (m_minimum || m_maximum || !m_forbiddenValues.empty()) {
+        double value = static_cast<double>(mantissa);
+        if (fractionDigits > 0) value /= kPowers[fractionDigits];
+        result = ValueRules(negative ? -value : value);
+    } else {
+        // Without limits or forbidden values only the sign matters, which the digits give: a fraction of
+        // fifteen digits at most never rounds to zero.
+        result = ValueRules(mantissa == 0 ? 0.0 : negative ? -1.0 : 1.0);
+    }
     if (integral) {
         const uint64_t limit = type == vldByte ? 255
             : type == vldInteger               ? (negative ? 32768 : 32767)
