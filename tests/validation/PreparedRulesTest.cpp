@@ -196,6 +196,10 @@ TEST_P(PreparedRulesAgreement, EdgeNumbersDatesAndTimesGiveEvaluateRulesBits) {
         if (!IsNumericType(type)) continue;
         bare.ThousandSeparator = vldTSAllowed;
         all.push_back(bare);
+        // Sign rules without limits, which the digits alone decide.
+        bare.MustNotBeZero = true;
+        (type % 2 == 0 ? bare.MustBePositive : bare.MustBeNegative) = true;
+        all.push_back(bare);
     }
     Settings daytime;
     daytime.MustBeType = vldTime;
