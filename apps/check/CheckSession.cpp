@@ -12,8 +12,13 @@ struct CheckSession::Result {
     uint64_t rows = 0;
     uint64_t values = 0;
     std::string text;
-    /// Per broken value: its row within the chunk and where its line's end starts in `text`.
-    std::vector<std::pair<uint64_t, size_t>> entries;
+    /// Per broken value: its row within the chunk and where its line's end starts and ends in `text`.
+    struct Entry {
+        uint64_t row;
+        size_t start;
+        size_t end;
+    };
+    std::vector<Entry> entries;
     std::vector<uint64_t> brokenByField;
     std::optional<CsvProblem> problem;
     size_t lineBreaks = 0;
@@ -149,6 +154,9 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
             &state.memos[column]);
         result.values += rows;
     }
+    // The column, the constraint names and most messages are composed once per chunk for each field and
+    // set of constraints.
+    ViolationWriter writer(m_options.format, m_options.catalogue ? *m_options.catalogue : EnglishMessages());
     for (size_t column = 0; column < m_columns.size(); ++column) {
         const int field = m_fieldOfColumn[column];
         if (field < 0) continue;
@@ -156,23 +164,24 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
         if (std::none_of(
                 state.bits[column].begin(), state.bits[column].end(), [](int32_t b) { return b > 0; }))
             continue;
+        const PreparedRules& rules = m_fields[static_cast<size_t>(field)].rules;
         for (size_t row = 0; row < rows; ++row) {
             const int32_t bits = state.bits[column][row];
             if (bits <= 0) continue;
             ++result.brokenByField[static_cast<size_t>(field)];
-            result.entries.emplace_back(row, result.text.size());
-            AppendViolation(m_options.format, m_columns[column], table.Text(column, row, state.scratch), bits,
-                m_fields[static_cast<size_t>(field)].rules, result.text,
-                m_options.catalogue ? *m_options.catalogue : EnglishMessages());
+            const size_t start = result.text.size();
+            writer.Append(
+                m_columns[column], table.Text(column, row, state.scratch), bits, rules, result.text);
+            result.entries.push_back({ row, start, result.text.size() });
         }
     }
     // Row order first, then column order, as a sequential reader reports.
     std::stable_sort(result.entries.begin(), result.entries.end(),
-        [](const auto& a, const auto& b) { return a.first < b.first; });
+        [](const Result::Entry& a, const Result::Entry& b) { return a.row < b.row; });
 }
 
 void CheckSession::Consume() {
-    std::string line;
+    std::string lines;
     for (uint64_t index = 0;; ++index) {
         std::unique_ptr<Result> result;
         {
@@ -193,14 +202,13 @@ void CheckSession::Consume() {
             result = std::move(m_done[index]);
             m_done.erase(index);
         }
-        for (size_t i = 0; i < result->entries.size(); ++i) {
-            const auto [row, start] = result->entries[i];
-            line.clear();
-            AppendRow(m_options.format, m_rows + row + 1, line);
-            const size_t end = result->text.find('\n', start);
-            line.append(result->text, start, end - start + 1);
-            std::fwrite(line.data(), 1, line.size(), m_out);
+        // The chunk's lines go out in one write.
+        lines.clear();
+        for (const Result::Entry& entry : result->entries) {
+            AppendRow(m_options.format, m_rows + entry.row + 1, lines);
+            lines.append(result->text, entry.start, entry.end - entry.start);
         }
+        std::fwrite(lines.data(), 1, lines.size(), m_out);
         m_rows += result->rows;
         m_values += result->values;
         for (size_t i = 0; i < m_fields.size(); ++i)

@@ -21,25 +21,110 @@ void AppendNumber(uint64_t value, std::string& out) {
     out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
 }
 
-// A value in double quotes with quotes, backslashes and control characters escaped.
-void AppendQuotedValue(std::u16string_view value, std::string& out) {
+// A value in double quotes with quotes, backslashes and control characters escaped; `utf8` is scratch.
+void AppendQuotedValue(std::u16string_view value, std::string& utf8, std::string& out) {
     const bool cut = value.size() > kShownValueUnits;
-    std::string utf8;
+    utf8.clear();
     AppendUtf8(value.substr(0, kShownValueUnits), utf8);
     out += '"';
-    for (const char c : utf8) {
+    // Runs of bytes that need no escape go in at once.
+    size_t run = 0;
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        const char c = utf8[i];
+        const bool plain = c != '"' && c != '\\' && static_cast<unsigned char>(c) >= 0x20;
+        if (plain) continue;
+        out.append(utf8, run, i - run);
+        run = i + 1;
         if (c == '"' || c == '\\') {
             out += '\\';
             out += c;
-        } else if (static_cast<unsigned char>(c) < 0x20) {
+        } else {
             char buffer[8];
             std::snprintf(buffer, sizeof buffer, "\\x%02X", static_cast<unsigned>(c));
             out += buffer;
-        } else {
-            out += c;
         }
     }
+    out.append(utf8, run);
     out += cut ? "...\"" : "\"";
+}
+
+// Appends what follows the constraints: the message as the format shows it, then the line's end; `utf8` is
+// scratch.
+void AppendMessageAndEnd(
+    ReportFormat format, std::u16string_view message, std::string& utf8, std::string& out) {
+    utf8.clear();
+    AppendUtf8(message, utf8);
+    if (format == ReportFormat::JsonLines) {
+        AppendJsonString(utf8, out);
+        out += "}\n";
+        return;
+    }
+    if (!utf8.empty()) {
+        // One report line per value: the message's lines, in any convention, are joined by a space.
+        out += ": ";
+        for (size_t i = 0; i < utf8.size(); ++i) {
+            const char c = utf8[i];
+            if (c == '\r' && i + 1 < utf8.size() && utf8[i + 1] == '\n') ++i;
+            out += c == '\r' || c == '\n' ? ' ' : c;
+        }
+    }
+    out += '\n';
+}
+
+// The start of a broken value's line after its row number, up to the value.
+void AppendBeforeValue(ReportFormat format, std::string_view column, std::string& out) {
+    if (format == ReportFormat::Text) {
+        out += ", ";
+        out += column;
+        out += ' ';
+        return;
+    }
+    out += ",\"column\":";
+    AppendJsonString(column, out);
+    out += ",\"value\":";
+}
+
+// The value as the format shows it; `utf8` is scratch.
+void AppendValue(ReportFormat format, std::u16string_view value, std::string& utf8, std::string& out) {
+    if (format == ReportFormat::Text) {
+        AppendQuotedValue(value, utf8, out);
+        return;
+    }
+    utf8.clear();
+    AppendUtf8(value, utf8);
+    AppendJsonString(utf8, out);
+}
+
+// The constraints after the value, up to the message.
+void AppendConstraints(ReportFormat format, int32_t bits, std::string& out) {
+    bool first = true;
+    if (format == ReportFormat::Text) {
+        out += " [";
+        ForEachConstraintName(bits, [&](std::string_view name) {
+            if (!first) out += ", ";
+            out += name;
+            first = false;
+        });
+        out += ']';
+        return;
+    }
+    out += ",\"bits\":";
+    AppendNumber(static_cast<uint64_t>(bits), out);
+    out += ",\"constraints\":[";
+    ForEachConstraintName(bits, [&](std::string_view name) {
+        if (!first) out += ',';
+        AppendJsonString(name, out);
+        first = false;
+    });
+    out += "],\"message\":";
+}
+
+// Whether the message shown for a value that broke `bits` depends on the value itself: only the advanced
+// message's line naming a forbidden value (zero among them) does, and never for a missing value.
+bool MessageNamesTheValue(int32_t bits, const Settings& settings) {
+    if (settings.ErrorMessageMode != vldAutoAdvanced || bits == vldCCRequiredField) return false;
+    return settings.MustNotBeValues.size() > 1
+        || (IsNumericType(settings.MustBeType) && settings.MustNotBeZero);
 }
 
 // A text of the report in the language installed for the program, with %1, %2 ... replaced by `args` (UTF-8).
@@ -98,49 +183,35 @@ void AppendRow(ReportFormat format, uint64_t row, std::string& out) {
 
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
     const PreparedRules& rules, std::string& out, const MessageCatalogue& catalogue) {
-    std::string message;
-    AppendUtf8(ShownMessage(value, bits, rules, catalogue), message);
-    if (format == ReportFormat::Text) {
-        out += ", ";
-        out += column;
-        out += ' ';
-        AppendQuotedValue(value, out);
-        out += " [";
-        bool first = true;
-        ForEachConstraintName(bits, [&](std::string_view name) {
-            if (!first) out += ", ";
-            out += name;
-            first = false;
-        });
-        out += ']';
-        if (!message.empty()) {
-            // One report line per value: the message's lines, in any convention, are joined by a space.
-            for (size_t at = 0; (at = message.find_first_of("\r\n", at)) != std::string::npos;)
-                message.replace(at, message.compare(at, 2, "\r\n") == 0 ? 2 : 1, " ");
-            out += ": ";
-            out += message;
-        }
-        out += '\n';
-        return;
-    }
-    out += ",\"column\":";
-    AppendJsonString(column, out);
-    out += ",\"value\":";
     std::string utf8;
-    AppendUtf8(value, utf8);
-    AppendJsonString(utf8, out);
-    out += ",\"bits\":";
-    AppendNumber(static_cast<uint64_t>(bits), out);
-    out += ",\"constraints\":[";
-    bool first = true;
-    ForEachConstraintName(bits, [&](std::string_view name) {
-        if (!first) out += ',';
-        AppendJsonString(name, out);
-        first = false;
-    });
-    out += "],\"message\":";
-    AppendJsonString(message, out);
-    out += "}\n";
+    AppendBeforeValue(format, column, out);
+    AppendValue(format, value, utf8, out);
+    AppendConstraints(format, bits, out);
+    AppendMessageAndEnd(format, ShownMessage(value, bits, rules, catalogue), utf8, out);
+}
+
+const ViolationWriter::Parts& ViolationWriter::PartsOf(
+    std::string_view column, std::u16string_view value, int32_t bits, const PreparedRules& rules) {
+    const auto key = std::make_tuple(&rules, column, bits);
+    if (const auto found = m_parts.find(key); found != m_parts.end()) return found->second;
+    Parts parts;
+    AppendBeforeValue(m_format, column, parts.beforeValue);
+    AppendConstraints(m_format, bits, parts.afterValue);
+    parts.perValue = MessageNamesTheValue(bits, rules.settings());
+    if (!parts.perValue)
+        AppendMessageAndEnd(
+            m_format, ShownMessage(value, bits, rules, m_catalogue), m_utf8, parts.afterValue);
+    return m_parts.emplace(key, std::move(parts)).first->second;
+}
+
+void ViolationWriter::Append(std::string_view column, std::u16string_view value, int32_t bits,
+    const PreparedRules& rules, std::string& out) {
+    const Parts& parts = PartsOf(column, value, bits, rules);
+    out += parts.beforeValue;
+    AppendValue(m_format, value, m_utf8, out);
+    out += parts.afterValue;
+    if (parts.perValue)
+        AppendMessageAndEnd(m_format, ShownMessage(value, bits, rules, m_catalogue), m_utf8, out);
 }
 
 void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out) {

@@ -4,8 +4,10 @@
 #include "validation/PreparedRules.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace quillmar::check {
@@ -21,6 +23,38 @@ enum class ReportFormat { Text, JsonLines };
 /// line feed. The message is composed in the language of `catalogue`; the constraint names never change.
 void AppendViolation(ReportFormat format, std::string_view column, std::u16string_view value, int32_t bits,
     const PreparedRules& rules, std::string& out, const MessageCatalogue& catalogue = EnglishMessages());
+
+/// Writes broken values' report lines as `AppendViolation` does, byte for byte, composing the parts that do
+/// not depend on the value (the column, the constraint names, and the message wherever the field's mode and
+/// rules make it the same for every value with those constraints) once per column, field and constraints.
+/// One writer serves one thread; the `rules` it is given must outlive it.
+class ViolationWriter {
+public:
+    explicit ViolationWriter(ReportFormat format, const MessageCatalogue& catalogue = EnglishMessages())
+        : m_format(format)
+        , m_catalogue(catalogue) { }
+
+    /// Appends what `AppendViolation(format, column, value, bits, rules, out, catalogue)` appends.
+    void Append(std::string_view column, std::u16string_view value, int32_t bits, const PreparedRules& rules,
+        std::string& out);
+
+private:
+    struct Parts {
+        std::string beforeValue; ///< The column, up to the value.
+        std::string afterValue; ///< The constraints, up to the message (and the message with the line end,
+                                ///< when `perValue` is false).
+        bool perValue = false; ///< The message depends on the value, so it is composed each time.
+    };
+    // The parts for the column, the field's rules and the constraints, composed on first use (`value` is the
+    // first value that broke them).
+    const Parts& PartsOf(
+        std::string_view column, std::u16string_view value, int32_t bits, const PreparedRules& rules);
+
+    ReportFormat m_format;
+    const MessageCatalogue& m_catalogue;
+    std::map<std::tuple<const PreparedRules*, std::string_view, int32_t>, Parts> m_parts;
+    std::string m_utf8; // scratch for a value's or a message's UTF-8
+};
 
 /// Appends the start of a broken value's report line: `row 17` or `{"row":17`.
 void AppendRow(ReportFormat format, uint64_t row, std::string& out);

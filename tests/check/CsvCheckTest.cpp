@@ -145,6 +145,54 @@ TEST(CsvCheck, MessageIsTheOneTheFieldShows) {
     }
 }
 
+// A writer keeps what it composed for a field and its constraints; each line must still be the one
+// AppendViolation writes, where the message names the value too.
+TEST(CsvCheck, WriterGivesEachValueTheLineItWouldGetAlone) {
+    const struct {
+        const char* name;
+        ErrorMessageModeConstants mode;
+        MustBeTypeConstants type;
+        bool forbidden; // 7, 8 and 1/7/2024 are forbidden values
+        bool zero; // zero is refused
+    } rows[] = {
+        { "basic", vldAutoBasic, vldInteger, true, true },
+        { "advanced", vldAutoAdvanced, vldInteger, false, false },
+        { "advanced naming forbidden numbers", vldAutoAdvanced, vldInteger, true, false },
+        { "advanced naming zero", vldAutoAdvanced, vldInteger, false, true },
+        { "advanced naming forbidden texts", vldAutoAdvanced, vldString, true, false },
+        { "advanced naming forbidden dates", vldAutoAdvanced, vldDate, true, false },
+        { "custom", vldCustom, vldInteger, true, true },
+    };
+    const struct {
+        const char* column;
+        const char16_t* value;
+        int32_t bits;
+    } values[] = { { "A", u"7", vldCCMaxValue }, { "A", u"8", vldCCMaxValue }, { "A", u"0", vldCCMaxValue },
+        { "B", u"7", vldCCMaxValue }, { "A", u"600", vldCCMaxValue }, { "A", u"", vldCCRequiredField },
+        { "A", u"1/7/2024", vldCCMaxValue }, { "A", u"\"7\"\n", vldCCMaxValue | vldCCMustBeNumber } };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Settings settings;
+        settings.MustBeType = row.type;
+        settings.ErrorMessageMode = row.mode;
+        settings.ErrorMessage = u"Not\r\nthis.";
+        if (row.forbidden)
+            settings.MustNotBeValues = { Variant(), Variant(u"7"), Variant(u"8"), Variant(u"1/7/2024") };
+        settings.MustNotBeZero = row.zero;
+        const PreparedRules rules(settings, LocaleInfo::FromName("en_US"), 0);
+        for (const ReportFormat format : { ReportFormat::Text, ReportFormat::JsonLines }) {
+            ViolationWriter writer(format);
+            std::string written;
+            std::string expected;
+            for (const auto& value : values) {
+                writer.Append(value.column, value.value, value.bits, rules, written);
+                AppendViolation(format, value.column, value.value, value.bits, rules, expected);
+            }
+            EXPECT_EQ(written, expected);
+        }
+    }
+}
+
 // The tool itself: a locale it does not know is refused, never read as another; an encoding is no part of
 // a locale's name, and C in the environment is American English.
 TEST(CsvCheck, ToolRefusesALocaleItDoesNotKnow) {
