@@ -1,8 +1,8 @@
 // The CSV reading path of quillmar-check: any bytes give a report and exit status 0 or 1, or status 2 with
 // one line naming the file; reading in tiny blocks on two threads gives exactly what one block on one thread
 // gives; the structural scan reads every record and every fault as libcsv does, the bytes in one piece and
-// cut into chunks of whole records as the tool cuts them; and every value read gets from the prepared checker
-// the bits the interactive checker gives.
+// cut into chunks of whole records as the tool cuts them (the cut read by the widest and the portable scan
+// alike); and every value read gets from the prepared checker the bits the interactive checker gives.
 #include "apps/check/CsvChunk.h"
 #include "apps/check/CsvSource.h"
 #include "apps/check/RecordSplit.h"
@@ -106,9 +106,12 @@ void CompareReadersInChunks(std::string_view body, size_t columns, size_t block)
         const bool atEnd = end == body.size();
         const std::string_view buffer = body.substr(start, end - start);
         const RecordPrefix complete = CompleteRecords(buffer);
+        const RecordPrefix portable = CompleteRecords(buffer, ScanWidth::Portable);
         const RecordPrefix reference = ReferenceCut(buffer);
         fuzz::Require(complete.length == reference.length && complete.lineBreaks == reference.lineBreaks,
             "the cut into whole records is not where a byte-wise reader puts it");
+        fuzz::Require(portable.length == reference.length && portable.lineBreaks == reference.lineBreaks,
+            "the portable cut into whole records is not where a byte-wise reader puts it");
         const size_t cut = atEnd ? buffer.size() : complete.length;
         if (cut > 0) CompareReaders(buffer.substr(0, cut), columns);
         start += cut;

@@ -139,6 +139,25 @@ size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
     return count;
 }
 
+// The quote, LF and CR masks alone, 64 bytes to a vector; the last, shorter block is loaded under a mask.
+[[gnu::target("avx512f,avx512bw")]] void ScanLineMasksAvx512(
+    std::string_view bytes, LineMasks* out) noexcept {
+    const __m512i quote = _mm512_set1_epi8('"');
+    const __m512i lf = _mm512_set1_epi8('\n');
+    const __m512i cr = _mm512_set1_epi8('\r');
+    const size_t whole = bytes.size() / 64;
+    for (size_t block = 0; block < whole; ++block) {
+        const __m512i v = _mm512_loadu_si512(bytes.data() + 64 * block);
+        out[block] = { _mm512_cmpeq_epi8_mask(v, quote), _mm512_cmpeq_epi8_mask(v, lf),
+            _mm512_cmpeq_epi8_mask(v, cr) };
+    }
+    if (const size_t rest = bytes.size() % 64; rest != 0) {
+        const __m512i v = _mm512_maskz_loadu_epi8((__mmask64 { 1 } << rest) - 1, bytes.data() + 64 * whole);
+        out[whole] = { _mm512_cmpeq_epi8_mask(v, quote), _mm512_cmpeq_epi8_mask(v, lf),
+            _mm512_cmpeq_epi8_mask(v, cr) };
+    }
+}
+
 bool HasAvx512() noexcept {
     static const bool has = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw")
         && __builtin_cpu_supports("avx512vl");
@@ -147,6 +166,21 @@ bool HasAvx512() noexcept {
 #endif
 
 } // namespace
+
+void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width) noexcept {
+#if defined(QUILLMAR_AVX512_SCAN)
+    if (width == ScanWidth::Widest && HasAvx512()) {
+        ScanLineMasksAvx512(bytes, out);
+        return;
+    }
+#endif
+    (void)width;
+    for (size_t base = 0; base < bytes.size(); base += 64) {
+        const BlockMasks masks
+            = ScanBlock(bytes.data() + base, std::min<size_t>(64, bytes.size() - base), nullptr);
+        out[base / 64] = { masks.quote, masks.lf, masks.cr };
+    }
+}
 
 void CsvStructure::Scan(std::string_view bytes, ScanWidth width) {
     const size_t blocks = (bytes.size() + 63) / 64;

@@ -41,6 +41,19 @@ struct BlockMasks {
 /// AVX-512 where the processor has it (asked once), which gives the same structure.
 enum class ScanWidth { Portable, Widest };
 
+/// The bits of 64 CSV bytes that tell where records end: quotes, LFs and CRs (bit i for byte i).
+struct LineMasks {
+    uint64_t quote = 0;
+    uint64_t lf = 0;
+    uint64_t cr = 0;
+};
+
+/// Writes the line masks of each block of 64 bytes of `bytes` to `out`, which has room for
+/// `(bytes.size() + 63) / 64` of them; the last block may be shorter, its bits past the bytes are 0. Reads
+/// as `width` says: with `ScanBlock`, or 64 bytes to a vector with AVX-512 where the processor has it; both
+/// give the same masks.
+void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width = ScanWidth::Widest) noexcept;
+
 /// The structure of a run of CSV bytes, found block by block: where the commas, CRs and LFs outside quotes
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {

@@ -40,28 +40,36 @@ template <typename AtTerminator> void ForEachTerminator(std::string_view bytes, 
 
 } // namespace
 
-RecordPrefix CompleteRecords(std::string_view bytes) noexcept {
+RecordPrefix CompleteRecords(std::string_view bytes, ScanWidth width) noexcept {
     // Block by block: the line breaks are the LFs and the CRs not followed by an LF, the terminators those of
-    // them outside quotes; the cut goes after the last terminator.
+    // them outside quotes; the cut goes after the last terminator. The masks are found a batch of blocks at
+    // a time, so they stay in the first-level cache between the scan and their use.
+    constexpr size_t kBatchBlocks = 64;
+    LineMasks batch[kBatchBlocks];
     RecordPrefix prefix;
     uint64_t inside = 0; // all ones while the previous block ended inside quotes
     size_t lineBreaks = 0;
     const size_t n = bytes.size();
-    for (size_t base = 0; base < n; base += 64) {
-        const size_t size = std::min<size_t>(64, n - base);
-        const BlockMasks masks = ScanBlock(bytes.data() + base, size, nullptr);
-        const uint64_t quoted = PrefixXor(masks.quote) ^ inside;
-        inside = uint64_t { 0 } - (quoted >> 63);
-        const bool lfFollows = base + size < n && bytes[base + size] == '\n';
-        uint64_t lonelyCr = masks.cr & ~((masks.lf >> 1) | (uint64_t { lfFollows } << 63));
-        if (base + size == n) lonelyCr &= ~(uint64_t { 1 } << (size - 1)); // undecided: an LF may follow
-        const uint64_t breaks = masks.lf | lonelyCr;
-        if (const uint64_t terminators = breaks & ~quoted; terminators != 0) {
-            const int last = 63 - std::countl_zero(terminators);
-            const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
-            prefix = { base + static_cast<size_t>(last) + 1, lineBreaks + CountBits(breaks & upToLast) };
+    for (size_t batchBase = 0; batchBase < n; batchBase += 64 * kBatchBlocks) {
+        const size_t batchSize = std::min<size_t>(64 * kBatchBlocks, n - batchBase);
+        ScanLineMasks(bytes.substr(batchBase, batchSize), batch, width);
+        for (size_t offset = 0; offset < batchSize; offset += 64) {
+            const size_t base = batchBase + offset;
+            const size_t size = std::min<size_t>(64, n - base);
+            const LineMasks& masks = batch[offset / 64];
+            const uint64_t quoted = PrefixXor(masks.quote) ^ inside;
+            inside = uint64_t { 0 } - (quoted >> 63);
+            const bool lfFollows = base + size < n && bytes[base + size] == '\n';
+            uint64_t lonelyCr = masks.cr & ~((masks.lf >> 1) | (uint64_t { lfFollows } << 63));
+            if (base + size == n) lonelyCr &= ~(uint64_t { 1 } << (size - 1)); // undecided: an LF may follow
+            const uint64_t breaks = masks.lf | lonelyCr;
+            if (const uint64_t terminators = breaks & ~quoted; terminators != 0) {
+                const int last = 63 - std::countl_zero(terminators);
+                const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
+                prefix = { base + static_cast<size_t>(last) + 1, lineBreaks + CountBits(breaks & upToLast) };
+            }
+            lineBreaks += CountBits(breaks);
         }
-        lineBreaks += CountBits(breaks);
     }
     return prefix;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/check/CsvScan.h"
+
 #include <cstddef>
 #include <string_view>
 
@@ -17,8 +19,9 @@ struct RecordPrefix {
 /// Finds the cut with one pass over 64-byte blocks that tracks whether it stands inside quotes (a doubled
 /// quote leaves and re-enters, so it needs no special case). A CR at the very end is left undecided, since an
 /// LF may follow. For well-formed CSV every cut lies between two records exactly where a sequential reader
-/// sees one end.
-[[nodiscard]] RecordPrefix CompleteRecords(std::string_view bytes) noexcept;
+/// sees one end. `width` chooses how the blocks are read; every width gives the same cut.
+[[nodiscard]] RecordPrefix CompleteRecords(
+    std::string_view bytes, ScanWidth width = ScanWidth::Widest) noexcept;
 
 /// The prefix that ends with the terminator of the first record (empty lines before it included); length 0
 /// when the bytes hold no terminated record yet.

@@ -1,4 +1,5 @@
-// Where a block of CSV bytes is cut into whole records, block boundaries of the scan included.
+// Where a block of CSV bytes is cut into whole records, block and batch boundaries of the scan included, read
+// by the portable and the widest scan.
 #include "apps/check/RecordSplit.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,8 @@ namespace {
 
 TEST(RecordSplit, CutsAfterTheLastTerminatorOutsideQuotes) {
     const std::string x62(62, 'x');
+    const std::string x63(63, 'x');
+    const std::string batch(4095, 'x'); // the cut reads its masks 4096 bytes at a time
     const struct {
         std::string bytes;
         size_t length;
@@ -24,12 +27,22 @@ TEST(RecordSplit, CutsAfterTheLastTerminatorOutsideQuotes) {
         { x62 + "a\r", 0, 0 },
         { x62 + "\"\"" + x62 + "\n\"a\n", 127, 1 }, // a quote pair ends a block; another opens in the next
         { x62 + "a\"" + x62 + "\n\"\n", 129, 2 },
+        { x63 + "\"\n\"\n", 67, 2 }, // a quote opens a block's last byte, closes the next block's second
+        { x63 + "\r" + "b\n", 66, 2 }, // a lonely CR as a block's last byte
+        { x63 + "\r\nb", 65, 1 },
+        { x63 + "\r", 0, 0 },
+        { batch + "\r\nc", 4097, 1 }, // a CRLF across two batches
+        { batch + "\r" + "c\r", 4096, 1 }, // a lonely CR as a batch's last byte; the final CR waits
+        { "\"" + batch + "\n\"\n\"", 4099, 2 }, // a quote open across two batches
+        { batch + "\"\n" + batch + "\"\n" + x62, 8194, 2 },
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.bytes);
-        const RecordPrefix prefix = CompleteRecords(row.bytes);
-        EXPECT_EQ(prefix.length, row.length);
-        EXPECT_EQ(prefix.lineBreaks, row.lineBreaks);
+        SCOPED_TRACE(row.bytes.substr(row.bytes.find_first_not_of('x')));
+        for (const ScanWidth width : { ScanWidth::Portable, ScanWidth::Widest }) {
+            const RecordPrefix prefix = CompleteRecords(row.bytes, width);
+            EXPECT_EQ(prefix.length, row.length) << static_cast<int>(width);
+            EXPECT_EQ(prefix.lineBreaks, row.lineBreaks) << static_cast<int>(width);
+        }
     }
 }
 
