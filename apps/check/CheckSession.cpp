@@ -87,6 +87,14 @@ bool CheckSession::Submit(Chunk chunk) {
     return true;
 }
 
+std::string CheckSession::TakeSpareBuffer() {
+    std::lock_guard lock(m_mutex);
+    if (m_spareBuffers.empty()) return {};
+    std::string spare = std::move(m_spareBuffers.back());
+    m_spareBuffers.pop_back();
+    return spare;
+}
+
 void CheckSession::Fail(uint64_t line, std::string what) {
     std::string text = "quillmar-check: " + m_source;
     if (line > 0) text += ", line " + std::to_string(line);
@@ -131,6 +139,10 @@ void CheckSession::Work() {
         auto result = std::make_unique<Result>();
         CheckChunk(node.mapped(), *result, state);
         lock.lock();
+        // Two spare buffers keep the reader supplied; more would only hold memory.
+        std::string& bytes = node.mapped().bytes;
+        if (bytes.capacity() >= m_options.chunkBytes && m_spareBuffers.size() < 2)
+            m_spareBuffers.push_back(std::move(bytes));
         m_done.emplace(node.key(), std::move(result));
         m_changed.notify_all();
     }

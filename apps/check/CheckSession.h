@@ -57,6 +57,10 @@ public:
     /// Hands the next chunk over; false once a fault has stopped the check (submit no more).
     bool Submit(Chunk chunk);
 
+    /// The bytes of a chunk the check is done with (as long as that chunk was, its storage kept), or an empty
+    /// string: a reader that reads into it writes to memory already in use instead of fresh pages.
+    [[nodiscard]] std::string TakeSpareBuffer();
+
     /// Stops the check with a fault of the reader at the given line (0: no line), once the chunks before
     /// it are reported.
     void Fail(uint64_t line, std::string what);
@@ -90,6 +94,7 @@ private:
     bool m_closing = false;
     bool m_stopped = false;
     std::optional<std::pair<uint64_t, std::string>> m_readerFault; // chunk index, line
+    std::vector<std::string> m_spareBuffers; // a few checked chunks' bytes, for the reader to fill again
     std::vector<std::thread> m_workers;
     std::thread m_consumer;
 

@@ -76,29 +76,41 @@ int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem:
 
     CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);
     uint64_t line = header.lineBreaks + 1; // where the buffer starts
+    // The bytes read and not yet handed over; the buffer past them is room for the next read. A buffer taken
+    // back from the check is already as long as a block, so reading into it zero-fills and faults in nothing.
+    size_t filled = buffer.size();
     for (;;) {
+        const std::string_view bytes(buffer.data(), filled);
         const RecordPrefix prefix
-            = atEnd ? RecordPrefix { buffer.size(), CountLineBreaks(buffer) } : CompleteRecords(buffer);
+            = atEnd ? RecordPrefix { filled, CountLineBreaks(bytes) } : CompleteRecords(bytes);
         if (prefix.length > 0) {
             // The block's bytes become the chunk's; only the unfinished record after the cut is copied.
+            const size_t rest = filled - prefix.length;
+            std::string next = session.TakeSpareBuffer();
+            if (next.capacity() < rest + block) {
+                next = std::string();
+                next.reserve(rest + block + block / 16);
+            }
+            if (next.size() < rest) next.resize(rest);
+            std::memcpy(next.data(), buffer.data() + prefix.length, rest);
             Chunk chunk;
             chunk.bytes = std::move(buffer);
-            buffer.assign(chunk.bytes, prefix.length);
             chunk.bytes.resize(prefix.length);
+            buffer = std::move(next);
+            filled = rest;
             chunk.lineBreaks = prefix.lineBreaks;
             chunk.inputBytes = prefix.length;
             line += prefix.lineBreaks;
             if (!session.Submit(std::move(chunk))) break;
         }
         if (atEnd) break;
-        if (buffer.size() > kMaxRecordBytes) {
+        if (filled > kMaxRecordBytes) {
             session.Fail(line, "a record longer than 8 MiB (is a quote left open?)");
             break;
         }
-        const size_t size = buffer.size();
-        buffer.resize(size + block);
-        const size_t read = std::fread(buffer.data() + size, 1, block, file.get());
-        buffer.resize(size + read);
+        if (buffer.size() < filled + block) buffer.resize(filled + block);
+        const size_t read = std::fread(buffer.data() + filled, 1, block, file.get());
+        filled += read;
         if (read < block) {
             if (std::ferror(file.get())) {
                 session.Fail(0, std::strerror(errno));
