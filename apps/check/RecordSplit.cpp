@@ -42,13 +42,19 @@ template <typename AtTerminator> void ForEachTerminator(std::string_view bytes, 
 
 RecordPrefix CompleteRecords(std::string_view bytes, ScanWidth width) noexcept {
     // Block by block: the line breaks are the LFs and the CRs not followed by an LF, the terminators those of
-    // them outside quotes; the cut goes after the last terminator. The masks are found a batch of blocks at
-    // a time, so they stay in the first-level cache between the scan and their use.
+    // them outside quotes; the cut goes after the last terminator, so only the last block that holds one is
+    // kept and looked into at the end. The masks are found a batch of blocks at a time, so they stay in the
+    // first-level cache between the scan and their use.
     constexpr size_t kBatchBlocks = 64;
     LineMasks batch[kBatchBlocks];
-    RecordPrefix prefix;
     uint64_t inside = 0; // all ones while the previous block ended inside quotes
     size_t lineBreaks = 0;
+    // The last block with a terminator: where it starts, its terminators and line breaks, and the line
+    // breaks before it.
+    size_t lastBase = 0;
+    uint64_t lastTerminators = 0;
+    uint64_t lastBreaks = 0;
+    size_t breaksBeforeLast = 0;
     const size_t n = bytes.size();
     for (size_t batchBase = 0; batchBase < n; batchBase += 64 * kBatchBlocks) {
         const size_t batchSize = std::min<size_t>(64 * kBatchBlocks, n - batchBase);
@@ -64,14 +70,18 @@ RecordPrefix CompleteRecords(std::string_view bytes, ScanWidth width) noexcept {
             if (base + size == n) lonelyCr &= ~(uint64_t { 1 } << (size - 1)); // undecided: an LF may follow
             const uint64_t breaks = masks.lf | lonelyCr;
             if (const uint64_t terminators = breaks & ~quoted; terminators != 0) {
-                const int last = 63 - std::countl_zero(terminators);
-                const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
-                prefix = { base + static_cast<size_t>(last) + 1, lineBreaks + CountBits(breaks & upToLast) };
+                lastBase = base;
+                lastTerminators = terminators;
+                lastBreaks = breaks;
+                breaksBeforeLast = lineBreaks;
             }
             lineBreaks += CountBits(breaks);
         }
     }
-    return prefix;
+    if (lastTerminators == 0) return {};
+    const int last = 63 - std::countl_zero(lastTerminators);
+    const uint64_t upToLast = last == 63 ? ~uint64_t { 0 } : (uint64_t { 1 } << (last + 1)) - 1;
+    return { lastBase + static_cast<size_t>(last) + 1, breaksBeforeLast + CountBits(lastBreaks & upToLast) };
 }
 
 RecordPrefix FirstRecord(std::string_view bytes) noexcept {
