@@ -139,9 +139,11 @@ void CheckSession::Work() {
         auto result = std::make_unique<Result>();
         CheckChunk(node.mapped(), *result, state);
         lock.lock();
-        // Two spare buffers keep the reader supplied; more would only hold memory.
+        // Two spare buffers keep the reader supplied; more would only hold memory, and so would one grown
+        // for a long record, which goes back to the system.
         std::string& bytes = node.mapped().bytes;
-        if (bytes.capacity() >= m_options.chunkBytes && m_spareBuffers.size() < 2)
+        if (bytes.capacity() >= m_options.chunkBytes && bytes.capacity() <= 4 * m_options.chunkBytes
+            && m_spareBuffers.size() < 2)
             m_spareBuffers.push_back(std::move(bytes));
         m_done.emplace(node.key(), std::move(result));
         m_changed.notify_all();
