@@ -577,6 +577,7 @@ void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span
         if (memo->m_rules != rules.identity()) {
             std::fill(memo->m_entries.begin(), memo->m_entries.end(), ColumnMemo::Entry {});
             memo->m_rules = rules.identity();
+            memo->m_stored = 0;
         }
         size_t hits = 0;
         size_t until = std::min(n, kMemoProbe);
@@ -596,11 +597,13 @@ void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span
                     ++hits;
                 } else {
                     bits[i] = Judge(rules, column, run);
+                    memo->m_stored += entry.size == 0 ? 1 : 0;
                     entry = { low, high, bits[i], run.size };
                 }
             }
-            // A column that repeats itself in half its texts goes on being looked up, a probe at a time.
-            if (i + 1 == until && hits * 2 >= kMemoProbe) {
+            // A column that repeats itself in half its texts goes on being looked up, a probe at a time, and
+            // so does one whose memo is still half empty, whose texts may not have come round yet.
+            if (i + 1 == until && (hits * 2 >= kMemoProbe || memo->m_stored * 2 < memo->m_entries.size())) {
                 until = std::min(n, until + kMemoProbe);
                 hits = 0;
             }

@@ -139,6 +139,7 @@ private:
     };
     std::vector<Entry> m_entries;
     uint64_t m_rules = 0; // the identity of the rules the entries were judged by
+    size_t m_stored = 0; // entries filled
 };
 
 /// `CheckColumn` of the texts `column` gives, ASCII ones read from their bytes; `bits` has a place per run.
