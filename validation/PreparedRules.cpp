@@ -46,8 +46,8 @@ bool ChangedBy(UChar32 c, UChar32 (*map)(UChar32)) {
 // A mask without `*` takes exactly one character per unit, so a text matches it when it has as many
 // characters and each is one its unit takes. Per unit, the ASCII characters it takes, found by matching each
 // against the unit alone (a list ends at its first `]`); empty for a mask with a `*` or an unclosed list.
-std::vector<std::array<uint64_t, 2>> AsciiUnitsOf(std::u16string_view mask) {
-    std::vector<std::array<uint64_t, 2>> units;
+std::vector<std::array<uint8_t, 128>> AsciiUnitsOf(std::u16string_view mask) {
+    std::vector<std::array<uint8_t, 128>> units;
     for (size_t p = 0; p < mask.size();) {
         size_t end = p + 1;
         if (mask[p] == u'*') return {};
@@ -56,11 +56,10 @@ std::vector<std::array<uint64_t, 2>> AsciiUnitsOf(std::u16string_view mask) {
             if (close == std::u16string_view::npos) return {};
             end = close + 1;
         }
-        std::array<uint64_t, 2> bits {};
+        std::array<uint8_t, 128> takes {};
         for (char16_t c = 0; c < 128; ++c)
-            if (MatchPattern(std::u16string_view(&c, 1), mask.substr(p, end - p)))
-                bits[c / 64] |= uint64_t { 1 } << (c % 64);
-        units.push_back(bits);
+            takes[c] = MatchPattern(std::u16string_view(&c, 1), mask.substr(p, end - p)) ? 1 : 0;
+        units.push_back(takes);
         p = end;
     }
     return units;
@@ -184,6 +183,7 @@ PreparedRules::PreparedRules(const Settings& settings, const LocaleInfo& locale,
             if (settings.MustBeUpperCase && c >= u'a' && c <= u'z') bits |= vldCCMustBeUpperCase;
             if (settings.MustBeLowerCase && c >= u'A' && c <= u'Z') bits |= vldCCMustBeLowerCase;
             m_asciiBits[c] = bits;
+            m_anyAsciiBits |= bits != 0;
         }
     }
 }
@@ -442,17 +442,23 @@ int32_t PreparedRules::AsciiTextRules(std::string_view text) const noexcept {
     int32_t result = 0;
     if (m_maxLength > 0 && text.size() > static_cast<size_t>(m_maxLength)) result |= vldCCMaxLength;
     const bool masked = !m_settings.CustomMask.empty();
-    bool matches = !masked || text.size() == m_maskUnits.size();
-    const bool properCase = m_settings.MustBeProperCase;
-    bool improper = false;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<unsigned char>(text[i]);
-        result |= m_asciiBits[c];
-        if (masked && matches) matches = (m_maskUnits[i][c / 64] >> (c % 64) & 1) != 0;
-        if (properCase && (i == 0 || text[i - 1] == ' ')) improper |= c >= 'a' && c <= 'z';
+    const auto unit = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
+    // Separate short loops without branches: each part is skipped where the field has no such rule.
+    if (masked) {
+        uint8_t matches = text.size() == m_maskUnits.size() ? 1 : 0;
+        for (size_t i = 0; matches != 0 && i < text.size(); ++i)
+            matches &= m_maskUnits[i][unit(i)];
+        if (matches == 0) result |= vldCCCustomMask;
     }
-    if (!matches) result |= vldCCCustomMask;
-    if (improper) result |= vldCCMustBeProperCase;
+    if (m_anyAsciiBits)
+        for (size_t i = 0; i < text.size(); ++i)
+            result |= m_asciiBits[unit(i)];
+    if (m_settings.MustBeProperCase) {
+        bool improper = false;
+        for (size_t i = 0; i < text.size(); ++i)
+            improper |= (i == 0 || text[i - 1] == ' ') && unit(i) >= 'a' && unit(i) <= 'z';
+        if (improper) result |= vldCCMustBeProperCase;
+    }
     for (const std::u16string& item : m_forbiddenTexts)
         if (SameText(item, text)) result |= vldCCMustNotBeValues;
     return result;
@@ -467,7 +473,7 @@ template <typename Char> bool PreparedRules::MatchesMask(std::basic_string_view<
         const char16_t c = UnitOf(text[i]);
         if constexpr (sizeof(Char) == 2)
             if (c >= 128) return MatchPattern(text, m_settings.CustomMask);
-        if ((m_maskUnits[i][c / 64] >> (c % 64) & 1) == 0) return false;
+        if (m_maskUnits[i][c] == 0) return false;
     }
     return true;
 }

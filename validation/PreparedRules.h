@@ -92,8 +92,9 @@ private:
     std::vector<std::u16string> m_forbiddenTexts;
     std::array<int32_t, 128> m_asciiBits {};
     bool m_anyCharacterRule = false;
-    // A mask without `*`: per unit, the ASCII characters it takes (a bit per character); empty otherwise.
-    std::vector<std::array<uint64_t, 2>> m_maskUnits;
+    bool m_anyAsciiBits = false;
+    // A mask without `*`: per unit, whether it takes each ASCII character; empty otherwise.
+    std::vector<std::array<uint8_t, 128>> m_maskUnits;
 };
 
 /// Where one text of a column stands: `size` ASCII bytes at `offset` of the column's bytes, or, when `wide`,
