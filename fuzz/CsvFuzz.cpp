@@ -52,6 +52,13 @@ void CompareScanWidths(std::string_view bytes) {
     widest.Scan(bytes, ScanWidth::Widest);
     portable.Scan(bytes, ScanWidth::Portable);
     bool same = std::ranges::equal(widest.Separators(), portable.Separators());
+    size_t start = 0;
+    for (const uint32_t separator : widest.Separators()) {
+        const size_t at = separator & CsvStructure::kPosition;
+        same = same && ((separator & CsvStructure::kLineEnd) != 0) == (bytes[at] == '\n' || bytes[at] == '\r')
+            && ((separator & CsvStructure::kQuoteOrHigh) != 0) == widest.AnyQuoteOrHigh(start, at);
+        start = at + 1;
+    }
     for (size_t from = 0; same && from < bytes.size(); ++from)
         same = widest.AnyQuote(from, from + 1) == portable.AnyQuote(from, from + 1)
             && widest.AnyHigh(from, from + 1) == portable.AnyHigh(from, from + 1);

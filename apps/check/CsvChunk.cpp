@@ -146,37 +146,43 @@ bool CsvChunkReader::AddSpecial(
 
 // A value of ASCII bytes without doubled quotes stays where it was read, so most values are never copied.
 bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTable& table) {
-    if (bytes.size() >= (size_t { 1 } << 31) || columns == 0) return false;
+    if (bytes.size() > CsvStructure::kPosition || columns == 0) return false;
     m_structure.Scan(bytes);
     const std::span<const uint32_t> separators = m_structure.Separators();
     // A row takes a separator per value but its last one's, which the terminator follows: no more rows than
     // this fit, so the table never grows while it is filled.
     table.Clear(columns, bytes, separators.size() / columns + 2);
     size_t column = 0;
-    const auto addValue = [&](size_t from, size_t to) {
-        if (column == columns) return false;
-        if (!m_structure.AnyQuoteOrHigh(from, to)) {
-            table.CommitBytes(column++, from, to - from);
-            return true;
-        }
-        return AddSpecial(bytes, from, to, column++, table);
-    };
     size_t start = 0;
     bool begun = false; // a comma has been seen in the current record
-    for (const uint32_t at : separators) {
-        if (bytes[at] == ',') {
-            if (!addValue(start, at)) return false;
-            begun = true;
-        } else if (begun || at > start) { // a CR or LF right at a record's start ends an empty line
-            if (!addValue(start, at) || column != columns) return false;
+    for (const uint32_t separator : separators) {
+        const size_t at = separator & CsvStructure::kPosition;
+        const bool lineEnd = (separator & CsvStructure::kLineEnd) != 0;
+        if (lineEnd && !begun && at == start) { // a CR or LF right at a record's start ends an empty line
+            start = at + 1;
+            continue;
+        }
+        if (column == columns) return false;
+        if ((separator & CsvStructure::kQuoteOrHigh) == 0)
+            table.CommitBytes(column, start, at - start);
+        else if (!AddSpecial(bytes, start, at, column, table))
+            return false;
+        ++column;
+        begun = !lineEnd;
+        if (lineEnd) {
+            if (column != columns) return false;
             table.CommitRow();
             column = 0;
-            begun = false;
         }
         start = at + 1;
     }
     if (begun || start < bytes.size()) {
-        if (!addValue(start, bytes.size()) || column != columns) return false;
+        if (column == columns) return false;
+        if (!m_structure.AnyQuoteOrHigh(start, bytes.size()))
+            table.CommitBytes(column, start, bytes.size() - start);
+        else if (!AddSpecial(bytes, start, bytes.size(), column, table))
+            return false;
+        if (++column != columns) return false;
         table.CommitRow();
     }
     return true;

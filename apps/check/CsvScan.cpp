@@ -65,6 +65,13 @@ BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept
 
 namespace {
 
+// What a scan carries from one block to the next: all ones while the block before ended inside quotes, and
+// 1 when the value still open at its end holds a quote or a byte beyond ASCII.
+struct ScanCarry {
+    uint64_t inside = 0;
+    uint64_t openQuoteOrHigh = 0;
+};
+
 // Where a scan writes what it finds, per block of 64 bytes and per separator.
 struct ScanOutput {
     uint64_t* quotes;
@@ -76,9 +83,9 @@ struct ScanOutput {
 // Keeps the masks of the block at `base` and the separators outside quotes, carrying the quote state in
 // `inside` (all ones while the previous block ended inside quotes); the new separator count.
 inline size_t KeepBlock(
-    const BlockMasks& masks, size_t base, uint64_t& inside, const ScanOutput& out, size_t count) noexcept {
-    const uint64_t quoted = PrefixXor(masks.quote) ^ inside;
-    inside = uint64_t { 0 } - (quoted >> 63);
+    const BlockMasks& masks, size_t base, ScanCarry& carry, const ScanOutput& out, size_t count) noexcept {
+    const uint64_t quoted = PrefixXor(masks.quote) ^ carry.inside;
+    carry.inside = uint64_t { 0 } - (quoted >> 63);
     const size_t block = base / 64;
     out.quotes[block] = masks.quote;
     out.high[block] = masks.high;
@@ -86,11 +93,28 @@ inline size_t KeepBlock(
     // The positions are written eight at a time whatever their number, which spares a branch per
     // separator; writes past the last one land in the room kept after the bytes and are written over next.
     uint64_t separators = (masks.comma | masks.lf | masks.cr) & ~quoted;
+    // Which values hold a quote or a byte beyond ASCII, for all separators at once. A value starts after a
+    // separator (the first at the block's start) and runs up to the next one, so `separators - starts`
+    // sets the bits of every value, and those of the last one, still open, up to the block's end. Adding a
+    // value's marked bits to its own carries into its separator's bit exactly when there is one; the open
+    // value's mark from the blocks before enters at bit 0.
+    const uint64_t starts = (separators << 1) | 1;
+    const uint64_t values = separators - starts;
+    const uint64_t marked = ((masks.quote | masks.high) & values) | carry.openQuoteOrHigh;
+    const uint64_t flagged = (values + marked) & separators;
+    const int top = 64 - std::countl_zero(separators);
+    const uint64_t open = top == 64 ? 0 : ~uint64_t { 0 } << top;
+    carry.openQuoteOrHigh = (marked & open) != 0 ? 1 : 0;
+    const uint64_t lineEnds = (masks.lf | masks.cr) & separators;
     const auto found = static_cast<size_t>(std::popcount(separators));
     uint32_t* at = out.separators + count;
     const auto write8 = [&] {
         for (int i = 0; i < 8; ++i, ++at) {
-            *at = static_cast<uint32_t>(base + static_cast<size_t>(std::countr_zero(separators)));
+            // Past the last separator: a write that the next block's or nobody's reading overwrites.
+            const int bit = std::countr_zero(separators) & 63;
+            *at = static_cast<uint32_t>(base + static_cast<size_t>(bit))
+                | static_cast<uint32_t>((lineEnds >> bit) & 1) << 30
+                | static_cast<uint32_t>((flagged >> bit) & 1) << 31;
             separators &= separators - 1;
         }
     };
@@ -104,11 +128,11 @@ inline size_t KeepBlock(
 }
 
 size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
-    uint64_t inside = 0;
+    ScanCarry carry;
     size_t count = 0;
     for (size_t base = 0; base < bytes.size(); base += 64) {
         const size_t size = std::min<size_t>(64, bytes.size() - base);
-        count = KeepBlock(ScanBlock(bytes.data() + base, size, nullptr), base, inside, out, count);
+        count = KeepBlock(ScanBlock(bytes.data() + base, size, nullptr), base, carry, out, count);
     }
     return count;
 }
@@ -122,7 +146,7 @@ size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
     const __m512i comma = _mm512_set1_epi8(',');
     const __m512i lf = _mm512_set1_epi8('\n');
     const __m512i cr = _mm512_set1_epi8('\r');
-    uint64_t inside = 0;
+    ScanCarry carry;
     size_t count = 0;
     for (size_t base = 0; base < bytes.size(); base += 64) {
         const size_t size = std::min<size_t>(64, bytes.size() - base);
@@ -134,7 +158,7 @@ size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
         masks.lf = _mm512_cmpeq_epi8_mask(v, lf);
         masks.cr = _mm512_cmpeq_epi8_mask(v, cr);
         masks.high = _mm512_movepi8_mask(v);
-        count = KeepBlock(masks, base, inside, out, count);
+        count = KeepBlock(masks, base, carry, out, count);
     }
     return count;
 }

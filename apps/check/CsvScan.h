@@ -58,10 +58,17 @@ void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width = Sca
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {
 public:
-    /// Scans `bytes` (at most 4 GiB).
+    /// A separator as `Separators` gives it: its position in the low 30 bits, `kLineEnd` for a CR or LF, and
+    /// `kQuoteOrHigh` when the value it ends (from just after the separator before it, or from the start)
+    /// holds a quote or a byte beyond ASCII.
+    static constexpr uint32_t kPosition = (uint32_t { 1 } << 30) - 1;
+    static constexpr uint32_t kLineEnd = uint32_t { 1 } << 30;
+    static constexpr uint32_t kQuoteOrHigh = uint32_t { 1 } << 31;
+
+    /// Scans `bytes` (less than 1 GiB).
     void Scan(std::string_view bytes, ScanWidth width = ScanWidth::Widest);
 
-    /// The positions of the commas, CRs and LFs outside quotes, in order.
+    /// The commas, CRs and LFs outside quotes, in order, as described at `kPosition`.
     [[nodiscard]] std::span<const uint32_t> Separators() const noexcept {
         return { m_separators.get(), m_separatorCount };
     }
