@@ -95,6 +95,7 @@ TEST(CsvChunk, StructuralScanReadsAsLibcsvDoes) {
     inputs.emplace_back(std::string("a\0b,c\n", 6), 2);
     inputs.emplace_back(kLong, 3);
     inputs.emplace_back(kLong + kLong + "z,\"", 3);
+    inputs.emplace_back("\xC3\xA9" + std::string(140, 'z') + ",b\n", 2); // marked two blocks before its end
     std::string many; // more rows than a table holds before it grows
     for (int i = 0; i < 200; ++i)
         many += std::to_string(i) + ",\"\xC3\xA9" + std::to_string(i) + "\"\n";
