@@ -53,10 +53,9 @@ void CompareScanWidths(std::string_view bytes) {
     portable.Scan(bytes, ScanWidth::Portable);
     bool same = std::ranges::equal(widest.Separators(), portable.Separators());
     size_t start = 0;
-    for (const uint32_t separator : widest.Separators()) {
-        const size_t at = separator & CsvStructure::kPosition;
-        same = same && ((separator & CsvStructure::kLineEnd) != 0) == (bytes[at] == '\n' || bytes[at] == '\r')
-            && ((separator & CsvStructure::kQuoteOrHigh) != 0) == widest.AnyQuoteOrHigh(start, at);
+    for (const uint32_t at : widest.Separators()) {
+        same = same && widest.EndsRecord(at) == (bytes[at] == '\n' || bytes[at] == '\r')
+            && widest.EndsQuoteOrHigh(at) == widest.AnyQuoteOrHigh(start, at);
         start = at + 1;
     }
     for (size_t from = 0; same && from < bytes.size(); ++from)

@@ -146,7 +146,7 @@ bool CsvChunkReader::AddSpecial(
 
 // A value of ASCII bytes without doubled quotes stays where it was read, so most values are never copied.
 bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTable& table) {
-    if (bytes.size() > CsvStructure::kPosition || columns == 0) return false;
+    if (bytes.size() >= (size_t { 1 } << 31) || columns == 0) return false;
     m_structure.Scan(bytes);
     const std::span<const uint32_t> separators = m_structure.Separators();
     // A row takes a separator per value but its last one's, which the terminator follows: no more rows than
@@ -155,15 +155,14 @@ bool CsvChunkReader::ReadByScan(std::string_view bytes, size_t columns, ColumnTa
     size_t column = 0;
     size_t start = 0;
     bool begun = false; // a comma has been seen in the current record
-    for (const uint32_t separator : separators) {
-        const size_t at = separator & CsvStructure::kPosition;
-        const bool lineEnd = (separator & CsvStructure::kLineEnd) != 0;
+    for (const uint32_t at : separators) {
+        const bool lineEnd = m_structure.EndsRecord(at);
         if (lineEnd && !begun && at == start) { // a CR or LF right at a record's start ends an empty line
             start = at + 1;
             continue;
         }
         if (column == columns) return false;
-        if ((separator & CsvStructure::kQuoteOrHigh) == 0)
+        if (!m_structure.EndsQuoteOrHigh(at))
             table.CommitBytes(column, start, at - start);
         else if (!AddSpecial(bytes, start, at, column, table))
             return false;

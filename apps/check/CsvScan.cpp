@@ -77,6 +77,8 @@ struct ScanOutput {
     uint64_t* quotes;
     uint64_t* high;
     uint64_t* quotesOrHigh;
+    uint64_t* lineEnds;
+    uint64_t* marked;
     uint32_t* separators;
 };
 
@@ -105,16 +107,13 @@ inline size_t KeepBlock(
     const int top = 64 - std::countl_zero(separators);
     const uint64_t open = top == 64 ? 0 : ~uint64_t { 0 } << top;
     carry.openQuoteOrHigh = (marked & open) != 0 ? 1 : 0;
-    const uint64_t lineEnds = (masks.lf | masks.cr) & separators;
+    out.lineEnds[block] = (masks.lf | masks.cr) & separators;
+    out.marked[block] = flagged;
     const auto found = static_cast<size_t>(std::popcount(separators));
     uint32_t* at = out.separators + count;
     const auto write8 = [&] {
         for (int i = 0; i < 8; ++i, ++at) {
-            // Past the last separator: a write that the next block's or nobody's reading overwrites.
-            const int bit = std::countr_zero(separators) & 63;
-            *at = static_cast<uint32_t>(base + static_cast<size_t>(bit))
-                | static_cast<uint32_t>((lineEnds >> bit) & 1) << 30
-                | static_cast<uint32_t>((flagged >> bit) & 1) << 31;
+            *at = static_cast<uint32_t>(base + static_cast<size_t>(std::countr_zero(separators)));
             separators &= separators - 1;
         }
     };
@@ -211,12 +210,15 @@ void CsvStructure::Scan(std::string_view bytes, ScanWidth width) {
     m_quotes.resize(blocks);
     m_high.resize(blocks);
     m_quotesOrHigh.resize(blocks);
+    m_lineEnds.resize(blocks);
+    m_marked.resize(blocks);
     // A separator may stand at every byte, and the last block's eight at a time may write up to 64 more.
     if (m_separatorRoom < bytes.size() + 64) {
         m_separators.reset(new uint32_t[bytes.size() + 64]);
         m_separatorRoom = bytes.size() + 64;
     }
-    const ScanOutput out { m_quotes.data(), m_high.data(), m_quotesOrHigh.data(), m_separators.get() };
+    const ScanOutput out { m_quotes.data(), m_high.data(), m_quotesOrHigh.data(), m_lineEnds.data(),
+        m_marked.data(), m_separators.get() };
 #if defined(QUILLMAR_AVX512_SCAN)
     if (width == ScanWidth::Widest && HasAvx512()) {
         m_separatorCount = ScanAvx512(bytes, out);

@@ -58,19 +58,22 @@ void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width = Sca
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {
 public:
-    /// A separator as `Separators` gives it: its position in the low 30 bits, `kLineEnd` for a CR or LF, and
-    /// `kQuoteOrHigh` when the value it ends (from just after the separator before it, or from the start)
-    /// holds a quote or a byte beyond ASCII.
-    static constexpr uint32_t kPosition = (uint32_t { 1 } << 30) - 1;
-    static constexpr uint32_t kLineEnd = uint32_t { 1 } << 30;
-    static constexpr uint32_t kQuoteOrHigh = uint32_t { 1 } << 31;
-
-    /// Scans `bytes` (less than 1 GiB).
+    /// Scans `bytes` (at most 4 GiB).
     void Scan(std::string_view bytes, ScanWidth width = ScanWidth::Widest);
 
-    /// The commas, CRs and LFs outside quotes, in order, as described at `kPosition`.
+    /// The positions of the commas, CRs and LFs outside quotes, in order.
     [[nodiscard]] std::span<const uint32_t> Separators() const noexcept {
         return { m_separators.get(), m_separatorCount };
+    }
+    /// Whether the separator at `at` is a CR or LF, which ends a record.
+    [[nodiscard]] bool EndsRecord(uint32_t at) const noexcept {
+        return (m_lineEnds[at / 64] >> (at % 64) & 1) != 0;
+    }
+    /// Whether the value the separator at `at` ends (from just after the separator before it, or from the
+    /// start) holds a quote or a byte beyond ASCII: `AnyQuoteOrHigh` of that value, found for a whole block
+    /// at once by the scan.
+    [[nodiscard]] bool EndsQuoteOrHigh(uint32_t at) const noexcept {
+        return (m_marked[at / 64] >> (at % 64) & 1) != 0;
     }
     /// Whether a quote, a byte that is not ASCII, or either stands in [from, to).
     [[nodiscard]] bool AnyQuote(size_t from, size_t to) const noexcept { return AnyBit(m_quotes, from, to); }
@@ -101,6 +104,8 @@ private:
     std::vector<uint64_t> m_quotes;
     std::vector<uint64_t> m_high;
     std::vector<uint64_t> m_quotesOrHigh;
+    std::vector<uint64_t> m_lineEnds; // the separators that are CRs or LFs
+    std::vector<uint64_t> m_marked; // the separators whose value holds a quote or a byte beyond ASCII
 };
 
 } // namespace quillmar::check

@@ -43,10 +43,9 @@ void ExpectSameStructure(std::string_view bytes) {
     EXPECT_TRUE(std::ranges::equal(widest.Separators(), portable.Separators()));
     // Each separator's marks, as the bytes before it and its own byte give them.
     size_t start = 0;
-    for (const uint32_t separator : widest.Separators()) {
-        const size_t at = separator & CsvStructure::kPosition;
-        EXPECT_EQ((separator & CsvStructure::kLineEnd) != 0, bytes[at] == '\n' || bytes[at] == '\r') << at;
-        EXPECT_EQ((separator & CsvStructure::kQuoteOrHigh) != 0, widest.AnyQuoteOrHigh(start, at)) << at;
+    for (const uint32_t at : widest.Separators()) {
+        EXPECT_EQ(widest.EndsRecord(at), bytes[at] == '\n' || bytes[at] == '\r') << at;
+        EXPECT_EQ(widest.EndsQuoteOrHigh(at), widest.AnyQuoteOrHigh(start, at)) << at;
         start = at + 1;
     }
     for (size_t from = 0; from < bytes.size(); ++from) {
