@@ -84,7 +84,7 @@ struct ScanOutput {
 
 // Keeps the masks of the block at `base` and the separators outside quotes, carrying the quote state in
 // `inside` (all ones while the previous block ended inside quotes); the new separator count.
-inline size_t KeepBlock(
+[[gnu::always_inline]] inline size_t KeepBlock(
     const BlockMasks& masks, size_t base, ScanCarry& carry, const ScanOutput& out, size_t count) noexcept {
     const uint64_t quoted = PrefixXor(masks.quote) ^ carry.inside;
     carry.inside = uint64_t { 0 } - (quoted >> 63);
