@@ -44,24 +44,27 @@ Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsi
     return { status, Drain(out), Drain(err) };
 }
 
-// The structure the widest scan finds (separators, quotes and bytes beyond ASCII) beside that of the
-// portable scan.
+// The structure each wide scan finds (separators and their marks, quotes and bytes beyond ASCII) beside
+// that of the portable scan.
 void CompareScanWidths(std::string_view bytes) {
-    static CsvStructure widest;
+    static CsvStructure wide;
     static CsvStructure portable;
-    widest.Scan(bytes, ScanWidth::Widest);
     portable.Scan(bytes, ScanWidth::Portable);
-    bool same = std::ranges::equal(widest.Separators(), portable.Separators());
-    size_t start = 0;
-    for (const uint32_t at : widest.Separators()) {
-        same = same && widest.EndsRecord(at) == (bytes[at] == '\n' || bytes[at] == '\r')
-            && widest.EndsQuoteOrHigh(at) == widest.AnyQuoteOrHigh(start, at);
-        start = at + 1;
+    for (const ScanWidth width : { ScanWidth::Vector, ScanWidth::Widest }) {
+        wide.Scan(bytes, width);
+        bool same = std::ranges::equal(wide.Separators(), portable.Separators());
+        size_t start = 0;
+        for (const uint32_t at : wide.Separators()) {
+            same = same && wide.EndsRecord(at) == (bytes[at] == '\n' || bytes[at] == '\r')
+                && wide.EndsQuoteOrHigh(at) == portable.AnyQuoteOrHigh(start, at)
+                && portable.EndsQuoteOrHigh(at) == wide.EndsQuoteOrHigh(at);
+            start = at + 1;
+        }
+        for (size_t from = 0; same && from < bytes.size(); ++from)
+            same = wide.AnyQuote(from, from + 1) == portable.AnyQuote(from, from + 1)
+                && wide.AnyHigh(from, from + 1) == portable.AnyHigh(from, from + 1);
+        fuzz::Require(same, "a wide and the portable scan find different structures");
     }
-    for (size_t from = 0; same && from < bytes.size(); ++from)
-        same = widest.AnyQuote(from, from + 1) == portable.AnyQuote(from, from + 1)
-            && widest.AnyHigh(from, from + 1) == portable.AnyHigh(from, from + 1);
-    fuzz::Require(same, "the widest and the portable scan find different structures");
 }
 
 // The bytes read by the structural scan (falling back to libcsv where it is unsure) and by libcsv alone.

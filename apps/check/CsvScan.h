@@ -38,8 +38,10 @@ struct BlockMasks {
 }
 
 /// How a scan reads its bytes: `ScanBlock` 16 bytes at a time (SSE2) everywhere, or 64 at a time with
-/// AVX-512 where the processor has it (asked once), which gives the same structure.
-enum class ScanWidth { Portable, Widest };
+/// AVX-512 where the processor has it (asked once), which gives the same structure. `Widest` also packs the
+/// separators' positions with VBMI2 where there is that too; `Vector` never does, so that both ways can be
+/// compared on one processor.
+enum class ScanWidth { Portable, Vector, Widest };
 
 /// The bits of 64 CSV bytes that tell where records end: quotes, LFs and CRs (bit i for byte i).
 struct LineMasks {

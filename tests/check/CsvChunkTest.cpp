@@ -34,24 +34,27 @@ Read ReadWith(Reader how, std::string_view bytes, size_t columns) {
     return read;
 }
 
-// The structure the widest scan finds beside that of the portable one.
+// The structure each wide scan finds beside that of the portable one, and each separator's marks as the
+// bytes before it and its own byte give them.
 void ExpectSameStructure(std::string_view bytes) {
-    CsvStructure widest;
     CsvStructure portable;
-    widest.Scan(bytes, ScanWidth::Widest);
     portable.Scan(bytes, ScanWidth::Portable);
-    EXPECT_TRUE(std::ranges::equal(widest.Separators(), portable.Separators()));
-    // Each separator's marks, as the bytes before it and its own byte give them.
-    size_t start = 0;
-    for (const uint32_t at : widest.Separators()) {
-        EXPECT_EQ(widest.EndsRecord(at), bytes[at] == '\n' || bytes[at] == '\r') << at;
-        EXPECT_EQ(widest.EndsQuoteOrHigh(at), widest.AnyQuoteOrHigh(start, at)) << at;
-        start = at + 1;
-    }
-    for (size_t from = 0; from < bytes.size(); ++from) {
-        EXPECT_EQ(widest.AnyQuote(from, from + 1), portable.AnyQuote(from, from + 1)) << from;
-        EXPECT_EQ(widest.AnyHigh(from, from + 1), portable.AnyHigh(from, from + 1)) << from;
-        EXPECT_EQ(widest.AnyQuoteOrHigh(from, bytes.size()), portable.AnyQuoteOrHigh(from, bytes.size()));
+    for (const ScanWidth width : { ScanWidth::Vector, ScanWidth::Widest }) {
+        CsvStructure wide;
+        wide.Scan(bytes, width);
+        EXPECT_TRUE(std::ranges::equal(wide.Separators(), portable.Separators()));
+        size_t start = 0;
+        for (const uint32_t at : wide.Separators()) {
+            EXPECT_EQ(wide.EndsRecord(at), bytes[at] == '\n' || bytes[at] == '\r') << at;
+            EXPECT_EQ(wide.EndsQuoteOrHigh(at), portable.AnyQuoteOrHigh(start, at)) << at;
+            EXPECT_EQ(portable.EndsQuoteOrHigh(at), portable.AnyQuoteOrHigh(start, at)) << at;
+            start = at + 1;
+        }
+        for (size_t from = 0; from < bytes.size(); ++from) {
+            EXPECT_EQ(wide.AnyQuote(from, from + 1), portable.AnyQuote(from, from + 1)) << from;
+            EXPECT_EQ(wide.AnyHigh(from, from + 1), portable.AnyHigh(from, from + 1)) << from;
+            EXPECT_EQ(wide.AnyQuoteOrHigh(from, bytes.size()), portable.AnyQuoteOrHigh(from, bytes.size()));
+        }
     }
 }
 
