@@ -21,7 +21,7 @@ struct CheckOptions {
     /// Checking threads; 0 for one per core.
     unsigned threads = 0;
     /// The size of the blocks CSV is read in; a chunk of rows is about this long.
-    size_t chunkBytes = size_t { 1 } << 20;
+    size_t chunkBytes = size_t { 1 } << 19;
     /// Draw a progress bar on the error stream once the check has run for a second.
     bool progress = false;
     /// Where the messages find their words; null for the product's English.
