@@ -1,6 +1,6 @@
 #pragma once
 
-#include "validation/PreparedRules.h"
+#include "validation/ColumnCheck.h"
 
 #include <cstdint>
 #include <span>

@@ -1,6 +1,6 @@
 // The prepared checker against the interactive one: generated texts of every type, under a decimal point and
 // a decimal comma, give the bits a field's CheckInput gives while it holds the same text.
-#include "validation/PreparedRules.h"
+#include "validation/ColumnCheck.h"
 #include "base/Utf8.h"
 #include "formfile/FormFile.h"
 #include "host/standalone/StandaloneHost.h"

@@ -1,7 +1,7 @@
 #include "validation/Rules.h"
+#include "validation/ColumnCheck.h"
 #include "validation/Numbers.h"
 #include "validation/NumericText.h"
-#include "validation/PreparedRules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,118 @@
+#include "validation/ColumnCheck.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstring>
+
+namespace quillmar {
+
+void CheckColumn(const PreparedRules& rules, std::span<const std::u16string_view> texts,
+    std::span<int32_t> bits) noexcept {
+    assert(texts.size() == bits.size() && "CheckColumn needs one bit set per text");
+    for (size_t i = 0; i < texts.size(); ++i)
+        bits[i] = rules.CheckInput(texts[i]);
+}
+
+namespace {
+
+constexpr size_t kMemoBits = 12;
+// Texts a call looks up before it judges whether the column repeats itself enough to go on looking up.
+constexpr size_t kMemoProbe = 1024;
+
+int32_t Judge(const PreparedRules& rules, const ColumnRuns& column, TextRun run) noexcept {
+    return run.wide ? rules.Evaluate(std::u16string_view(column.units.data() + run.offset, run.size))
+                    : rules.EvaluateAscii(std::string_view(column.bytes.data() + run.offset, run.size));
+}
+
+// The text's bytes (at most 16) as two words, the bytes past its end zero; reads 16 bytes where they stand
+// inside the column's bytes.
+void KeyOf(const ColumnRuns& column, TextRun run, uint64_t& low, uint64_t& high) noexcept {
+    const char* at = column.bytes.data() + run.offset;
+    if (run.offset + 16 <= column.bytes.size()) {
+        std::memcpy(&low, at, 8);
+        std::memcpy(&high, at + 8, 8);
+    } else {
+        char padded[16] = {};
+        std::memcpy(padded, at, run.size);
+        std::memcpy(&low, padded, 8);
+        std::memcpy(&high, padded + 8, 8);
+    }
+    const auto keep
+        = [](size_t bytes) { return bytes >= 8 ? ~uint64_t { 0 } : (uint64_t { 1 } << (8 * bytes)) - 1; };
+    low &= keep(run.size);
+    high &= run.size > 8 ? keep(run.size - 8) : 0;
+}
+
+} // namespace
+
+ColumnMemo::ColumnMemo()
+    : m_entries(size_t { 1 } << kMemoBits) { }
+
+void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span<int32_t> bits,
+    ColumnMemo* memo) noexcept {
+    assert(column.runs.size() == bits.size() && "CheckColumn needs one bit set per text");
+    if (rules.settings().MustBeType == vldUnspecified) {
+        std::fill(bits.begin(), bits.end(), 0);
+        return;
+    }
+    size_t i = 0;
+    const size_t n = column.runs.size();
+    if (memo) {
+        if (memo->m_rules != rules.identity()) {
+            std::fill(memo->m_entries.begin(), memo->m_entries.end(), ColumnMemo::Entry {});
+            memo->m_rules = rules.identity();
+            memo->m_stored = 0;
+        }
+        size_t hits = 0;
+        size_t until = std::min(n, kMemoProbe);
+        // A batch's keys and slots come first, their entries fetched while the rest are found; the lookups
+        // then find them at hand.
+        constexpr size_t kBatch = 32;
+        constexpr uint32_t kNotKept = UINT32_MAX;
+        uint64_t lows[kBatch];
+        uint64_t highs[kBatch];
+        uint32_t slots[kBatch];
+        while (i < until) {
+            const size_t end = std::min(until, i + kBatch);
+            for (size_t j = i; j < end; ++j) {
+                const TextRun run = column.runs[j];
+                const size_t k = j - i;
+                slots[k] = kNotKept;
+                if (run.wide || run.size == 0 || run.size > 16) continue;
+                KeyOf(column, run, lows[k], highs[k]);
+                const uint64_t hash = (lows[k] ^ (highs[k] * UINT64_C(0xC2B2AE3D27D4EB4F)) ^ run.size)
+                    * UINT64_C(0x9E3779B97F4A7C15);
+                slots[k] = static_cast<uint32_t>(hash >> (64 - kMemoBits));
+                __builtin_prefetch(&memo->m_entries[slots[k]]);
+            }
+            for (size_t j = i; j < end; ++j) {
+                const TextRun run = column.runs[j];
+                const size_t k = j - i;
+                if (slots[k] == kNotKept) {
+                    bits[j] = Judge(rules, column, run);
+                    continue;
+                }
+                ColumnMemo::Entry& entry = memo->m_entries[slots[k]];
+                if (entry.size == run.size && entry.low == lows[k] && entry.high == highs[k]) {
+                    bits[j] = entry.bits;
+                    ++hits;
+                } else {
+                    bits[j] = Judge(rules, column, run);
+                    memo->m_stored += entry.size == 0 ? 1 : 0;
+                    entry = { lows[k], highs[k], bits[j], run.size };
+                }
+            }
+            i = end;
+            // A column that repeats itself in half its texts goes on being looked up, a probe at a time, and
+            // so does one whose memo is still half empty, whose texts may not have come round yet.
+            if (i == until && (hits * 2 >= kMemoProbe || memo->m_stored * 2 < memo->m_entries.size())) {
+                until = std::min(n, until + kMemoProbe);
+                hits = 0;
+            }
+        }
+    }
+    for (; i < n; ++i)
+        bits[i] = Judge(rules, column, column.runs[i]);
+}
+
+} // namespace quillmar
