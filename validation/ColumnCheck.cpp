@@ -1,6 +1,8 @@
 #include "validation/ColumnCheck.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cassert>
 #include <cstring>
 
@@ -37,10 +39,16 @@ void KeyOf(const ColumnRuns& column, TextRun run, uint64_t& low, uint64_t& high)
         std::memcpy(&low, padded, 8);
         std::memcpy(&high, padded + 8, 8);
     }
-    const auto keep
-        = [](size_t bytes) { return bytes >= 8 ? ~uint64_t { 0 } : (uint64_t { 1 } << (8 * bytes)) - 1; };
-    low &= keep(run.size);
-    high &= run.size > 8 ? keep(run.size - 8) : 0;
+    // The bytes a text of each length keeps in each word.
+    static constexpr auto kKeep = [] {
+        std::array<std::array<uint64_t, 2>, 17> keep {};
+        for (size_t size = 0; size <= 16; ++size)
+            for (size_t byte = 0; byte < size; ++byte)
+                keep[size][byte / 8] |= uint64_t { 0xFF } << (8 * (byte % 8));
+        return keep;
+    }();
+    low &= kKeep[run.size][0];
+    high &= kKeep[run.size][1];
 }
 
 } // namespace
@@ -80,8 +88,8 @@ void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span
                 slots[k] = kNotKept;
                 if (run.wide || run.size == 0 || run.size > 16) continue;
                 KeyOf(column, run, lows[k], highs[k]);
-                const uint64_t hash = (lows[k] ^ (highs[k] * UINT64_C(0xC2B2AE3D27D4EB4F)) ^ run.size)
-                    * UINT64_C(0x9E3779B97F4A7C15);
+                const uint64_t hash
+                    = (lows[k] ^ std::rotl(highs[k], 29) ^ run.size) * UINT64_C(0x9E3779B97F4A7C15);
                 slots[k] = static_cast<uint32_t>(hash >> (64 - kMemoBits));
                 __builtin_prefetch(&memo->m_entries[slots[k]]);
             }
