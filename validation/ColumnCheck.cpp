@@ -73,47 +73,28 @@ void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span
         }
         size_t hits = 0;
         size_t until = std::min(n, kMemoProbe);
-        // A batch's keys and slots come first, their entries fetched while the rest are found; the lookups
-        // then find them at hand.
-        constexpr size_t kBatch = 32;
-        constexpr uint32_t kNotKept = UINT32_MAX;
-        uint64_t lows[kBatch];
-        uint64_t highs[kBatch];
-        uint32_t slots[kBatch];
-        while (i < until) {
-            const size_t end = std::min(until, i + kBatch);
-            for (size_t j = i; j < end; ++j) {
-                const TextRun run = column.runs[j];
-                const size_t k = j - i;
-                slots[k] = kNotKept;
-                if (run.wide || run.size == 0 || run.size > 16) continue;
-                KeyOf(column, run, lows[k], highs[k]);
-                const uint64_t hash
-                    = (lows[k] ^ std::rotl(highs[k], 29) ^ run.size) * UINT64_C(0x9E3779B97F4A7C15);
-                slots[k] = static_cast<uint32_t>(hash >> (64 - kMemoBits));
-                __builtin_prefetch(&memo->m_entries[slots[k]]);
-            }
-            for (size_t j = i; j < end; ++j) {
-                const TextRun run = column.runs[j];
-                const size_t k = j - i;
-                if (slots[k] == kNotKept) {
-                    bits[j] = Judge(rules, column, run);
-                    continue;
-                }
-                ColumnMemo::Entry& entry = memo->m_entries[slots[k]];
-                if (entry.size == run.size && entry.low == lows[k] && entry.high == highs[k]) {
-                    bits[j] = entry.bits;
+        for (; i < until; ++i) {
+            const TextRun run = column.runs[i];
+            if (run.wide || run.size == 0 || run.size > 16) {
+                bits[i] = Judge(rules, column, run);
+            } else {
+                uint64_t low;
+                uint64_t high;
+                KeyOf(column, run, low, high);
+                const uint64_t hash = (low ^ std::rotl(high, 29) ^ run.size) * UINT64_C(0x9E3779B97F4A7C15);
+                ColumnMemo::Entry& entry = memo->m_entries[hash >> (64 - kMemoBits)];
+                if (entry.size == run.size && entry.low == low && entry.high == high) {
+                    bits[i] = entry.bits;
                     ++hits;
                 } else {
-                    bits[j] = Judge(rules, column, run);
+                    bits[i] = Judge(rules, column, run);
                     memo->m_stored += entry.size == 0 ? 1 : 0;
-                    entry = { lows[k], highs[k], bits[j], run.size };
+                    entry = { low, high, bits[i], run.size };
                 }
             }
-            i = end;
             // A column that repeats itself in half its texts goes on being looked up, a probe at a time, and
             // so does one whose memo is still half empty, whose texts may not have come round yet.
-            if (i == until && (hits * 2 >= kMemoProbe || memo->m_stored * 2 < memo->m_entries.size())) {
+            if (i + 1 == until && (hits * 2 >= kMemoProbe || memo->m_stored * 2 < memo->m_entries.size())) {
                 until = std::min(n, until + kMemoProbe);
                 hits = 0;
             }
