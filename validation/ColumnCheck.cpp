@@ -17,7 +17,7 @@ void CheckColumn(const PreparedRules& rules, std::span<const std::u16string_view
 
 namespace {
 
-constexpr size_t kMemoBits = 12;
+constexpr size_t kMemoBits = 13;
 // Texts a call looks up before it judges whether the column repeats itself enough to go on looking up.
 constexpr size_t kMemoProbe = 1024;
 
