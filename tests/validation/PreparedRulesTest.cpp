@@ -1,10 +1,10 @@
 // The prepared checker against the interactive one: generated texts of every type, under a decimal point and
 // a decimal comma, give the bits a field's CheckInput gives while it holds the same text.
-#include "validation/ColumnCheck.h"
 #include "base/Utf8.h"
 #include "formfile/FormFile.h"
 #include "host/standalone/StandaloneHost.h"
 #include "support/ValueGenerator.h"
+#include "validation/ColumnCheck.h"
 #include "validation/Conversions.h"
 #include "validation/Rules.h"
 
