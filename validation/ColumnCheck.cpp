@@ -100,8 +100,7 @@ void CheckColumn(const PreparedRules& rules, const ColumnRuns& column, std::span
             }
         }
     }
-    for (; i < n; ++i)
-        bits[i] = Judge(rules, column, column.runs[i]);
+    rules.CheckRuns(column, i, n, bits.data());
 }
 
 } // namespace quillmar

@@ -1,5 +1,7 @@
 #include "validation/PreparedRules.h"
 
+#include "validation/ColumnCheck.h"
+
 #include "validation/Conversions.h"
 #include "validation/DateTime.h"
 #include "validation/NumberScan.h"
@@ -216,6 +218,41 @@ int32_t PreparedRules::EvaluateAscii(std::string_view text) const noexcept {
         break;
     }
     return result >= 0 ? result : EvaluateWidened(text);
+}
+
+void PreparedRules::CheckRuns(
+    const ColumnRuns& column, size_t from, size_t to, int32_t* bits) const noexcept {
+    const int32_t empty = m_settings.RequiredField ? vldCCRequiredField : 0;
+    const auto each = [&](auto shortWay) {
+        for (size_t i = from; i < to; ++i) {
+            const TextRun run = column.runs[i];
+            if (run.wide) {
+                bits[i] = Evaluate(std::u16string_view(column.units.data() + run.offset, run.size));
+                continue;
+            }
+            const std::string_view text(column.bytes.data() + run.offset, run.size);
+            const int32_t result = text.empty() ? empty : shortWay(text);
+            bits[i] = result >= 0 ? result : EvaluateWidened(text);
+        }
+    };
+    if (m_settings.MustBeType == vldUnspecified) {
+        std::fill(bits + from, bits + to, 0);
+        return;
+    }
+    switch (m_kind) {
+    case Kind::DateTime:
+        each([this](std::string_view text) { return ShortDateTimeRules(text); });
+        break;
+    case Kind::Number:
+        each([this](std::string_view text) { return PlainNumberRules(text); });
+        break;
+    case Kind::Text:
+        if (m_settings.CustomMask.empty() || !m_maskUnits.empty())
+            each([this](std::string_view text) { return AsciiTextRules(text); });
+        else
+            each([](std::string_view) { return -1; });
+        break;
+    }
 }
 
 int32_t PreparedRules::EvaluateWidened(std::string_view text) const noexcept {

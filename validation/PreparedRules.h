@@ -13,6 +13,8 @@
 
 namespace quillmar {
 
+struct ColumnRuns;
+
 /// One field's rules made ready for checking many texts: the locale facts, the limits and forbidden values
 /// converted once, the thousands separator and the decimal count, and a table of what each ASCII character
 /// breaks. `Evaluate` gives exactly the bits of `EvaluateRules` for the settings, locale and edit-box limit
@@ -40,6 +42,10 @@ public:
     [[nodiscard]] int32_t CheckInput(std::u16string_view text) const noexcept {
         return m_settings.MustBeType == vldUnspecified ? 0 : Evaluate(text);
     }
+
+    /// `CheckInput` of the texts of `column` from `from` up to `to`, each written to `bits` at its index: the
+    /// field's kind is asked once for them all rather than once a text.
+    void CheckRuns(const ColumnRuns& column, size_t from, size_t to, int32_t* bits) const noexcept;
 
     /// `CheckInput` of a text of ASCII characters given as its bytes, as `EvaluateAscii` reads them.
     [[nodiscard]] int32_t CheckInputAscii(std::string_view text) const noexcept {

@@ -270,6 +270,7 @@ TEST(CheckColumn, RepeatedTextsGiveCheckInputsBitsThroughTheMemo) {
     Settings text;
     text.MustBeType = vldString;
     text.MustNotBeValues = { {}, u"abcdefgh1", u"abcdefgh12345678" };
+    text.RequiredField = true;
     Settings number;
     number.MustBeType = vldInteger;
     number.MaxValue = 5.0;
@@ -289,7 +290,10 @@ TEST(CheckColumn, RepeatedTextsGiveCheckInputsBitsThroughTheMemo) {
     for (const Settings& settings : { text, number, text }) {
         const PreparedRules rules(settings, locale, settings.MustBeType == vldString ? 12 : 0);
         std::vector<int32_t> bits(runs.size(), -1);
+        std::vector<int32_t> unremembered(runs.size(), -1);
         CheckColumn(rules, { bytes, units, runs }, bits, &memo);
+        CheckColumn(rules, { bytes, units, runs }, unremembered);
+        ASSERT_EQ(bits, unremembered);
         for (size_t i = 0; i < runs.size(); ++i) {
             const std::u16string run = runs[i].wide ? units.substr(runs[i].offset, runs[i].size)
                                                     : std::u16string(bytes.begin() + runs[i].offset,
