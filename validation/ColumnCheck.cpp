@@ -19,7 +19,7 @@ namespace {
 
 constexpr size_t kMemoBits = 13;
 // Texts a call looks up before it judges whether the column repeats itself enough to go on looking up.
-constexpr size_t kMemoProbe = 1024;
+constexpr size_t kMemoProbe = 256;
 
 int32_t Judge(const PreparedRules& rules, const ColumnRuns& column, TextRun run) noexcept {
     return run.wide ? rules.Evaluate(std::u16string_view(column.units.data() + run.offset, run.size))
