@@ -30,7 +30,9 @@ struct WorkerState {
     CsvChunkReader reader;
     ColumnTable table;
     std::vector<std::vector<int32_t>> bits;
-    std::vector<ColumnMemo> memos; // a column's texts seen in earlier chunks
+    // A field's texts seen in earlier chunks, made when the field is first checked: one per field of the
+    // form however many columns the file has (columns of the same name share their field's).
+    std::vector<std::optional<ColumnMemo>> memos;
     std::u16string scratch;
 };
 
@@ -159,13 +161,16 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     result.rows = rows;
     result.brokenByField.assign(m_fields.size(), 0);
     state.bits.resize(m_columns.size());
-    state.memos.resize(m_columns.size());
+    state.memos.resize(m_fields.size());
     for (size_t column = 0; column < m_columns.size(); ++column) {
         const int field = m_fieldOfColumn[column];
         if (field < 0) continue;
         state.bits[column].resize(rows);
-        CheckColumn(m_fields[static_cast<size_t>(field)].rules, table.Column(column), state.bits[column],
-            &state.memos[column]);
+        CheckColumn(
+            m_fields[static_cast<size_t>(field)].rules, table.Column(column), state.bits[column], [&] {
+                std::optional<ColumnMemo>& memo = state.memos[static_cast<size_t>(field)];
+                return memo ? &*memo : &memo.emplace();
+            }());
         result.values += rows;
     }
     // The column, the constraint names and most messages are composed once per chunk for each field and
