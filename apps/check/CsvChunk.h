@@ -20,7 +20,8 @@ struct CsvProblem {
 };
 
 /// Reads whole CSV records (RFC 4180: quoted values with doubled quotes, embedded commas and line breaks,
-/// CR, LF or CRLF terminators; spaces kept; empty lines skipped) into UTF-16. Well-formed bytes go through a
+/// CR, LF or CRLF terminators; spaces kept; empty lines skipped) into a column table: ASCII values as runs of
+/// the bytes, the others decoded into UTF-16. Well-formed bytes go through a
 /// block-wise structural scan; whatever that scan is unsure of (a fault above all) is read again by libcsv
 /// in strict mode, which is the reference for every record and every fault. One reader serves one thread
 /// and is reused from chunk to chunk.

@@ -15,7 +15,7 @@
 
 namespace quillmar::check {
 
-BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept {
+BlockMasks ScanBlock(const char* bytes, size_t size) noexcept {
     BlockMasks masks;
 #if defined(__SSE2__)
     // Short blocks are copied into a zeroed block first; a zero byte is none of the bytes looked for.
@@ -30,7 +30,6 @@ BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept
     const __m128i comma = _mm_set1_epi8(',');
     const __m128i lf = _mm_set1_epi8('\n');
     const __m128i cr = _mm_set1_epi8('\r');
-    const __m128i zero = _mm_setzero_si128();
     for (int part = 0; part < 4; ++part) {
         const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block + 16 * part));
         const auto bits = [&](__m128i m) {
@@ -41,14 +40,7 @@ BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept
         masks.lf |= bits(_mm_cmpeq_epi8(v, lf));
         masks.cr |= bits(_mm_cmpeq_epi8(v, cr));
         masks.high |= bits(v);
-        if (widened && size == 64) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(widened + 16 * part), _mm_unpacklo_epi8(v, zero));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(widened + 16 * part + 8), _mm_unpackhi_epi8(v, zero));
-        }
     }
-    if (widened && size < 64)
-        for (size_t i = 0; i < size; ++i)
-            widened[i] = static_cast<unsigned char>(bytes[i]);
 #else
     for (size_t i = 0; i < size; ++i) {
         const auto c = static_cast<unsigned char>(bytes[i]);
@@ -58,7 +50,6 @@ BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept
         if (c == '\n') masks.lf |= bit;
         if (c == '\r') masks.cr |= bit;
         if (c >= 0x80) masks.high |= bit;
-        if (widened) widened[i] = c;
     }
 #endif
     return masks;
@@ -137,8 +128,7 @@ size_t ScanPortable(std::string_view bytes, const ScanOutput& out) noexcept {
     size_t count = 0;
     for (size_t base = 0; base < bytes.size(); base += 64) {
         const size_t size = std::min<size_t>(64, bytes.size() - base);
-        const uint64_t separators
-            = MarkBlock(ScanBlock(bytes.data() + base, size, nullptr), base, carry, out);
+        const uint64_t separators = MarkBlock(ScanBlock(bytes.data() + base, size), base, carry, out);
         count += WriteEight(separators, base, out.separators + count);
     }
     return count;
@@ -241,8 +231,7 @@ void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width) noex
 #endif
     (void)width;
     for (size_t base = 0; base < bytes.size(); base += 64) {
-        const BlockMasks masks
-            = ScanBlock(bytes.data() + base, std::min<size_t>(64, bytes.size() - base), nullptr);
+        const BlockMasks masks = ScanBlock(bytes.data() + base, std::min<size_t>(64, bytes.size() - base));
         out[base / 64] = { masks.quote, masks.lf, masks.cr };
     }
 }

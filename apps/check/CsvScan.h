@@ -19,10 +19,8 @@ struct BlockMasks {
     uint64_t high = 0;
 };
 
-/// The masks of the `size` (at most 64) bytes at `bytes`; the bits past `size` are 0. When `widened` is not
-/// null, also writes each byte as one UTF-16 unit to it (`size` units), which is the UTF-16 form of the bytes
-/// wherever they are ASCII.
-[[nodiscard]] BlockMasks ScanBlock(const char* bytes, size_t size, char16_t* widened) noexcept;
+/// The masks of the `size` (at most 64) bytes at `bytes`; the bits past `size` are 0.
+[[nodiscard]] BlockMasks ScanBlock(const char* bytes, size_t size) noexcept;
 
 /// Each bit becomes the exclusive or of itself and every bit below it: for a quote mask, the bytes from an
 /// opening quote up to (not including) its closing quote. A doubled quote leaves and re-enters, so it needs
