@@ -23,6 +23,9 @@ struct CheckSession::Result {
     std::optional<CsvProblem> problem;
     size_t lineBreaks = 0;
     uint64_t inputBytes = 0;
+    /// The mapped file the chunk stood in, and where its bytes ended there.
+    MappedFile* file = nullptr;
+    size_t fileEnd = 0;
 };
 
 // What each worker thread keeps from chunk to chunk, so that checking stops allocating once warm.
@@ -156,7 +159,7 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     result.lineBreaks = chunk.lineBreaks;
     result.inputBytes = chunk.inputBytes;
     ColumnTable& table = chunk.ready ? chunk.table : state.table;
-    if (!chunk.ready) result.problem = state.reader.Read(chunk.bytes, m_columns.size(), table);
+    if (!chunk.ready) result.problem = state.reader.Read(chunk.Bytes(), m_columns.size(), table);
     const size_t rows = table.RowCount();
     result.rows = rows;
     result.brokenByField.assign(m_fields.size(), 0);
@@ -197,6 +200,17 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     // Row order first, then column order, as a sequential reader reports.
     std::stable_sort(result.entries.begin(), result.entries.end(),
         [](const Result::Entry& a, const Result::Entry& b) { return a.row < b.row; });
+    if (chunk.file) {
+        result.file = chunk.file;
+        result.fileEnd
+            = static_cast<size_t>(chunk.mapped.data() + chunk.mapped.size() - chunk.file->Bytes().data());
+        // A file that shrank as it was read gave zeros for the bytes it lost, here or in any chunk after: the
+        // chunk is a fault, and nothing of it is reported.
+        if (chunk.file->Shrank()) {
+            result.problem = CsvProblem { 0, "the file shrank while it was read" };
+            result.entries.clear();
+        }
+    }
 }
 
 void CheckSession::Consume() {
@@ -245,6 +259,7 @@ void CheckSession::Consume() {
         }
         m_lines += result->lineBreaks;
         m_bytesDone += result->inputBytes;
+        if (result->file) result->file->Release(result->fileEnd);
         DrawProgress(false);
         std::lock_guard lock(m_mutex);
         ++m_consumed;

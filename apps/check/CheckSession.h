@@ -2,6 +2,7 @@
 
 #include "apps/check/ColumnTable.h"
 #include "apps/check/FormFields.h"
+#include "apps/check/MappedFile.h"
 #include "apps/check/Report.h"
 
 #include <condition_variable>
@@ -24,19 +25,28 @@ struct CheckOptions {
     size_t chunkBytes = size_t { 1 } << 19;
     /// Draw a progress bar on the error stream once the check has run for a second.
     bool progress = false;
+    /// Read a regular CSV file by mapping it into memory rather than reading it in blocks, which copies it.
+    bool mapFiles = true;
     /// Where the messages find their words; null for the product's English.
     const MessageCatalogue* catalogue = nullptr;
 };
 
 /// A run of whole rows to check: CSV bytes to read, or rows already read into a table.
 struct Chunk {
+    /// The CSV bytes, when they were read into memory of the chunk's own.
     std::string bytes;
+    /// The CSV bytes, when they stand in a mapped file (which outlives the check): `bytes` is then unused,
+    /// and the file is told when the check is done with them.
+    MappedFile* file = nullptr;
+    std::string_view mapped;
     ColumnTable table;
     bool ready = false;
     /// The physical line breaks the chunk's bytes hold (for the line numbers of faults).
     size_t lineBreaks = 0;
     /// The share of the input the chunk stands for, for the progress bar.
     uint64_t inputBytes = 0;
+
+    [[nodiscard]] std::string_view Bytes() const noexcept { return file ? mapped : std::string_view(bytes); }
 };
 
 /// One check of a data source against a form's fields: chunks of rows go in, in order, and are read and

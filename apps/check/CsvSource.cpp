@@ -1,6 +1,7 @@
 #include "apps/check/CsvSource.h"
 
 #include "apps/check/CsvChunk.h"
+#include "apps/check/MappedFile.h"
 #include "apps/check/RecordSplit.h"
 
 #include <cerrno>
@@ -37,45 +38,42 @@ bool ReadUntilHeader(std::FILE* file, std::string& buffer, size_t block, bool& a
     return true;
 }
 
-} // namespace
-
-int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem::path& path,
-    const CheckOptions& options, std::FILE* out, std::FILE* err) {
-    const std::string name = path.string();
-    const auto fail = [&](const std::string& what, uint64_t line = 0) {
-        const std::string where = line > 0 ? ", line " + std::to_string(line) : std::string();
-        std::fprintf(err, "quillmar-check: %s%s: %s\n", name.c_str(), where.c_str(), what.c_str());
-        return 2;
-    };
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) return fail("is a directory, not a CSV file");
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(name.c_str(), "rb"));
-    if (!file) return fail(std::strerror(errno));
-    const uint64_t totalBytes = std::filesystem::file_size(path, error);
-
-    std::string buffer;
-    bool atEnd = false;
-    const size_t block = std::max<size_t>(options.chunkBytes, 1);
-    if (!ReadUntilHeader(file.get(), buffer, block, atEnd)) return fail(std::strerror(errno));
-    if (buffer.starts_with("\xEF\xBB\xBF")) buffer.erase(0, 3);
-    RecordPrefix header = FirstRecord(buffer);
-    if (header.length == 0) {
-        if (buffer.size() > kMaxRecordBytes) return fail("the header row is longer than 8 MiB", 1);
-        header = { buffer.size(), CountLineBreaks(buffer) };
+// Hands a mapped file's records after the header to the check, a block at a time cut at record boundaries;
+// the chunks view the mapping, and the pages the check is done with are given back as it goes.
+void SubmitMapped(CheckSession& session, MappedFile& file, size_t at, uint64_t line, size_t block) {
+    const std::string_view all = file.Bytes();
+    while (at < all.size()) {
+        // A record longer than a block widens the window until it holds one, up to the longest record.
+        RecordPrefix prefix;
+        for (size_t window = block;; window *= 2) {
+            const std::string_view bytes = all.substr(at, window);
+            if (at + bytes.size() == all.size()) {
+                prefix = { bytes.size(), CountLineBreaks(bytes) };
+                break;
+            }
+            prefix = CompleteRecords(bytes);
+            if (prefix.length > 0) break;
+            if (bytes.size() > kMaxRecordBytes) {
+                session.Fail(line, "a record longer than 8 MiB (is a quote left open?)");
+                return;
+            }
+        }
+        Chunk chunk;
+        chunk.file = &file;
+        chunk.mapped = all.substr(at, prefix.length);
+        chunk.lineBreaks = prefix.lineBreaks;
+        chunk.inputBytes = prefix.length;
+        at += prefix.length;
+        line += prefix.lineBreaks;
+        if (!session.Submit(std::move(chunk))) return;
     }
-    std::vector<std::string> columns;
-    {
-        CsvChunkReader reader;
-        if (const auto problem
-            = reader.ReadHeader(std::string_view(buffer).substr(0, header.length), columns))
-            return fail(problem->what, problem->lineBreaksBefore + 1);
-    }
-    if (columns.empty()) return fail("no header row naming the columns");
-    if (const auto fault = NoFieldColumn(fields, columns)) return fail(*fault);
-    buffer.erase(0, header.length);
+    if (file.Shrank()) session.Fail(line, "the file shrank while it was read");
+}
 
-    CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);
-    uint64_t line = header.lineBreaks + 1; // where the buffer starts
+// Hands the records after the header to the check as they are read, in blocks cut at record boundaries;
+// `buffer` holds the bytes read after the header, `atEnd` whether that is all.
+void SubmitStream(
+    CheckSession& session, std::FILE* file, std::string buffer, bool atEnd, uint64_t line, size_t block) {
     // The bytes read and not yet handed over; the buffer past them is room for the next read. A buffer taken
     // back from the check is already as long as a block, so reading into it zero-fills and faults in nothing.
     size_t filled = buffer.size();
@@ -101,24 +99,72 @@ int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem:
             chunk.lineBreaks = prefix.lineBreaks;
             chunk.inputBytes = prefix.length;
             line += prefix.lineBreaks;
-            if (!session.Submit(std::move(chunk))) break;
+            if (!session.Submit(std::move(chunk))) return;
         }
-        if (atEnd) break;
+        if (atEnd) return;
         if (filled > kMaxRecordBytes) {
             session.Fail(line, "a record longer than 8 MiB (is a quote left open?)");
-            break;
+            return;
         }
         if (buffer.size() < filled + block) buffer.resize(filled + block);
-        const size_t read = std::fread(buffer.data() + filled, 1, block, file.get());
+        const size_t read = std::fread(buffer.data() + filled, 1, block, file);
         filled += read;
         if (read < block) {
-            if (std::ferror(file.get())) {
+            if (std::ferror(file)) {
                 session.Fail(0, std::strerror(errno));
-                break;
+                return;
             }
             atEnd = true;
         }
     }
+}
+
+} // namespace
+
+int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem::path& path,
+    const CheckOptions& options, std::FILE* out, std::FILE* err) {
+    const std::string name = path.string();
+    const auto fail = [&](const std::string& what, uint64_t line = 0) {
+        const std::string where = line > 0 ? ", line " + std::to_string(line) : std::string();
+        std::fprintf(err, "quillmar-check: %s%s: %s\n", name.c_str(), where.c_str(), what.c_str());
+        return 2;
+    };
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) return fail("is a directory, not a CSV file");
+    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(name.c_str(), "rb"));
+    if (!file) return fail(std::strerror(errno));
+    const uint64_t totalBytes = std::filesystem::file_size(path, error);
+
+    // A regular file is mapped; anything else (a pipe, a terminal) is read as a stream, whose first blocks
+    // are read until they hold the header.
+    const std::unique_ptr<MappedFile> mapped
+        = options.mapFiles ? MappedFile::Map(fileno(file.get())) : nullptr;
+    std::string buffer;
+    bool atEnd = mapped != nullptr;
+    const size_t block = std::max<size_t>(options.chunkBytes, 1);
+    if (!mapped && !ReadUntilHeader(file.get(), buffer, block, atEnd)) return fail(std::strerror(errno));
+    const std::string_view all = mapped ? mapped->Bytes() : std::string_view(buffer);
+    const std::string_view text = AfterByteOrderMark(all);
+    RecordPrefix header = FirstRecord(text);
+    if (header.length == 0) {
+        if (text.size() > kMaxRecordBytes) return fail("the header row is longer than 8 MiB", 1);
+        header = { text.size(), CountLineBreaks(text) };
+    }
+    std::vector<std::string> columns;
+    {
+        CsvChunkReader reader;
+        if (const auto problem = reader.ReadHeader(text.substr(0, header.length), columns))
+            return fail(problem->what, problem->lineBreaksBefore + 1);
+    }
+    if (columns.empty()) return fail("no header row naming the columns");
+    if (const auto fault = NoFieldColumn(fields, columns)) return fail(*fault);
+    const size_t bodyStart = all.size() - text.size() + header.length;
+
+    CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);
+    if (mapped)
+        SubmitMapped(session, *mapped, bodyStart, header.lineBreaks + 1, block);
+    else
+        SubmitStream(session, file.get(), buffer.substr(bodyStart), atEnd, header.lineBreaks + 1, block);
     return session.Finish();
 }
 

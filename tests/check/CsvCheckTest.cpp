@@ -1,12 +1,15 @@
 // quillmar-check on small committed CSV files: RFC 4180 quoting, a byte-order mark and CRLF, columns and
 // fields that do not meet, malformed records, and the report of a file that breaks several rules.
 #include "apps/check/CsvSource.h"
+#include "apps/check/MappedFile.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace quillmar::check {
 namespace {
@@ -271,16 +274,42 @@ TEST(CsvCheck, TinyChunksOnManyThreadsGiveTheSequentialResult) {
         CheckOptions sequential;
         sequential.threads = 1;
         const CheckRun expected = Check(file, sequential);
-        for (const size_t chunk : { 1, 7, 64 }) {
-            CheckOptions split;
-            split.threads = 3;
-            split.chunkBytes = chunk;
-            const CheckRun run = Check(file, split);
-            EXPECT_EQ(run.status, expected.status) << chunk;
-            EXPECT_EQ(run.out, expected.out) << chunk;
-            EXPECT_EQ(run.err, expected.err) << chunk;
+        // Mapped and read as a stream, which a pipe is.
+        for (const bool mapped : { true, false }) {
+            for (const size_t chunk : { 1, 7, 64 }) {
+                CheckOptions split;
+                split.threads = 3;
+                split.chunkBytes = chunk;
+                split.mapFiles = mapped;
+                const CheckRun run = Check(file, split);
+                EXPECT_EQ(run.status, expected.status) << chunk << mapped;
+                EXPECT_EQ(run.out, expected.out) << chunk << mapped;
+                EXPECT_EQ(run.err, expected.err) << chunk << mapped;
+            }
         }
     }
+}
+
+// A file cut short while it is mapped would end the process at the first read past its new end: the lost
+// pages read as zeros instead, and the mapping says so.
+TEST(CsvCheck, MappedFileThatShrinksReadsZerosAndSaysSo) {
+    char path[] = "/tmp/quillmar-mapped-XXXXXX";
+    const int descriptor = mkstemp(path);
+    ASSERT_GE(descriptor, 0);
+    const std::string bytes(3 * 65536, 'x');
+    ASSERT_EQ(write(descriptor, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    {
+        const std::unique_ptr<MappedFile> file = MappedFile::Map(descriptor);
+        ASSERT_NE(file, nullptr);
+        EXPECT_EQ(file->Bytes()[70000], 'x');
+        EXPECT_FALSE(file->Shrank());
+        ASSERT_EQ(ftruncate(descriptor, 65536), 0);
+        EXPECT_EQ(file->Bytes()[65535], 'x');
+        EXPECT_EQ(file->Bytes()[3 * 65536 - 1], '\0');
+        EXPECT_TRUE(file->Shrank());
+    }
+    close(descriptor);
+    unlink(path);
 }
 
 } // namespace
