@@ -57,7 +57,7 @@ CheckSession::CheckSession(const std::vector<CheckedField>& fields, const std::v
     , m_err(err)
     , m_source(std::move(source))
     , m_totalBytes(totalBytes)
-    , m_lines(firstLine)
+    , m_line(firstLine)
     , m_brokenByField(fields.size(), 0)
     , m_started(Now()) {
     std::string notes;
@@ -75,21 +75,51 @@ CheckSession::CheckSession(const std::vector<CheckedField>& fields, const std::v
         = m_options.threads != 0 ? m_options.threads : std::max(1U, std::thread::hardware_concurrency());
     for (unsigned i = 0; i < threads; ++i)
         m_workers.emplace_back([this] { Work(); });
-    m_consumer = std::thread([this] { Consume(); });
 }
 
 CheckSession::~CheckSession() {
-    if (m_consumer.joinable()) (void)Finish();
+    if (!m_finished) (void)Finish();
 }
 
 bool CheckSession::Submit(Chunk chunk) {
-    std::unique_lock lock(m_mutex);
-    const uint64_t inFlight = 2 * m_workers.size() + 2;
-    m_changed.wait(lock, [&] { return m_stopped || m_submitted - m_consumed < inFlight; });
-    if (m_stopped) return false;
-    m_pending.emplace(m_submitted++, std::move(chunk));
-    m_changed.notify_all();
-    return true;
+    {
+        std::lock_guard lock(m_mutex);
+        if (m_stopped || m_readerFault) return false;
+        m_pending.emplace(m_submitted++, std::move(chunk));
+    }
+    m_workAvailable.notify_one();
+    return WriteDone(2 * m_workers.size() + 2);
+}
+
+bool CheckSession::WriteDone(uint64_t limit) {
+    for (;;) {
+        std::unique_ptr<Result> result;
+        {
+            std::unique_lock lock(m_mutex);
+            for (;;) {
+                if (m_stopped) return false;
+                if (const auto done = m_done.find(m_consumed); done != m_done.end()) {
+                    result = std::move(done->second);
+                    m_done.erase(done);
+                    break;
+                }
+                if (m_submitted - m_consumed < limit) return true;
+                m_writerWaiting = true;
+                m_resultReady.wait(lock);
+                m_writerWaiting = false;
+            }
+        }
+        if (!Write(*result)) {
+            {
+                std::lock_guard lock(m_mutex);
+                m_stopped = true;
+            }
+            m_workAvailable.notify_all();
+            return false;
+        }
+        std::lock_guard lock(m_mutex);
+        ++m_consumed;
+    }
 }
 
 std::string CheckSession::TakeSpareBuffer() {
@@ -106,18 +136,24 @@ void CheckSession::Fail(uint64_t line, std::string what) {
     text += ": " + what;
     std::lock_guard lock(m_mutex);
     m_readerFault.emplace(m_submitted, std::move(text));
-    m_changed.notify_all();
 }
 
 int CheckSession::Finish() {
+    m_finished = true;
+    // Every chunk handed over is written, unless a fault stopped the check; a fault of the reader comes after
+    // the chunks before it.
+    if (WriteDone(1) && m_readerFault) {
+        std::fprintf(m_err, "%s\n", m_readerFault->second.c_str());
+        m_fault = true;
+    }
+    DrawProgress(true);
     {
         std::lock_guard lock(m_mutex);
         m_closing = true;
-        m_changed.notify_all();
     }
+    m_workAvailable.notify_all();
     for (std::thread& worker : m_workers)
         worker.join();
-    m_consumer.join();
     if (m_fault) return 2;
     Summary summary { m_rows, m_values, {} };
     uint64_t broken = 0;
@@ -137,7 +173,7 @@ void CheckSession::Work() {
     WorkerState state;
     for (;;) {
         std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [&] { return m_stopped || m_closing || !m_pending.empty(); });
+        m_workAvailable.wait(lock, [&] { return m_stopped || m_closing || !m_pending.empty(); });
         if (m_pending.empty() || m_stopped) return;
         auto node = m_pending.extract(m_pending.begin());
         lock.unlock();
@@ -150,8 +186,11 @@ void CheckSession::Work() {
         if (bytes.capacity() >= m_options.chunkBytes && bytes.capacity() <= 4 * m_options.chunkBytes
             && m_spareBuffers.size() < 2)
             m_spareBuffers.push_back(std::move(bytes));
+        // Only the result the writer waits for wakes it.
+        const bool awaited = m_writerWaiting && node.key() == m_consumed;
         m_done.emplace(node.key(), std::move(result));
-        m_changed.notify_all();
+        lock.unlock();
+        if (awaited) m_resultReady.notify_one();
     }
 }
 
@@ -213,59 +252,32 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     }
 }
 
-void CheckSession::Consume() {
-    std::string lines;
-    for (uint64_t index = 0;; ++index) {
-        std::unique_ptr<Result> result;
-        {
-            std::unique_lock lock(m_mutex);
-            m_changed.wait(lock, [&] {
-                return m_done.count(index) != 0 || (m_readerFault && m_readerFault->first == index)
-                    || (m_closing && index == m_submitted);
-            });
-            if (m_done.count(index) == 0) {
-                if (m_readerFault) {
-                    std::fprintf(m_err, "%s\n", m_readerFault->second.c_str());
-                    m_fault = true;
-                }
-                m_stopped = true;
-                m_changed.notify_all();
-                break;
-            }
-            result = std::move(m_done[index]);
-            m_done.erase(index);
-        }
-        // The chunk's lines go out in one write.
-        lines.clear();
-        for (const Result::Entry& entry : result->entries) {
-            AppendRow(m_options.format, m_rows + entry.row + 1, lines);
-            lines.append(result->text, entry.start, entry.end - entry.start);
-        }
-        std::fwrite(lines.data(), 1, lines.size(), m_out);
-        m_rows += result->rows;
-        m_values += result->values;
-        for (size_t i = 0; i < m_fields.size(); ++i)
-            m_brokenByField[i] += result->brokenByField[i];
-        if (result->problem) {
-            DrawProgress(true);
-            std::fprintf(m_err, "quillmar-check: %s, line %llu: %s\n", m_source.c_str(),
-                static_cast<unsigned long long>(m_lines + result->problem->lineBreaksBefore),
-                result->problem->what.c_str());
-            std::lock_guard lock(m_mutex);
-            m_fault = true;
-            m_stopped = true;
-            m_changed.notify_all();
-            break;
-        }
-        m_lines += result->lineBreaks;
-        m_bytesDone += result->inputBytes;
-        if (result->file) result->file->Release(result->fileEnd);
-        DrawProgress(false);
-        std::lock_guard lock(m_mutex);
-        ++m_consumed;
-        m_changed.notify_all();
+bool CheckSession::Write(const Result& result) {
+    // The chunk's lines go out in one write.
+    std::string& lines = m_lines;
+    lines.clear();
+    for (const Result::Entry& entry : result.entries) {
+        AppendRow(m_options.format, m_rows + entry.row + 1, lines);
+        lines.append(result.text, entry.start, entry.end - entry.start);
     }
-    DrawProgress(true);
+    std::fwrite(lines.data(), 1, lines.size(), m_out);
+    m_rows += result.rows;
+    m_values += result.values;
+    for (size_t i = 0; i < m_fields.size(); ++i)
+        m_brokenByField[i] += result.brokenByField[i];
+    if (result.problem) {
+        DrawProgress(true);
+        std::fprintf(m_err, "quillmar-check: %s, line %llu: %s\n", m_source.c_str(),
+            static_cast<unsigned long long>(m_line + result.problem->lineBreaksBefore),
+            result.problem->what.c_str());
+        m_fault = true;
+        return false;
+    }
+    m_line += result.lineBreaks;
+    m_bytesDone += result.inputBytes;
+    if (result.file) result.file->Release(result.fileEnd);
+    DrawProgress(false);
+    return true;
 }
 
 void CheckSession::DrawProgress(bool last) {

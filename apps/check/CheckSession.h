@@ -50,8 +50,9 @@ struct Chunk {
 };
 
 /// One check of a data source against a form's fields: chunks of rows go in, in order, and are read and
-/// checked on all threads; the report comes out in row order on `out`, then the summary. Memory stays
-/// bounded: `Submit` waits while a few chunks per thread are on their way.
+/// checked on the session's threads; the thread that hands them over writes the report in row order on
+/// `out` as their results come back, then the summary. Memory stays bounded: `Submit` waits while a few
+/// chunks per thread are on their way.
 class CheckSession {
 public:
     /// Starts the threads and writes a line for each column no field matches (save the columns of
@@ -64,7 +65,8 @@ public:
     CheckSession(const CheckSession&) = delete;
     CheckSession& operator=(const CheckSession&) = delete;
 
-    /// Hands the next chunk over; false once a fault has stopped the check (submit no more).
+    /// Hands the next chunk over and writes the results that are back; false once a fault has stopped the
+    /// check (submit no more).
     bool Submit(Chunk chunk);
 
     /// The bytes of a chunk the check is done with (as long as that chunk was, its storage kept), or an empty
@@ -82,7 +84,11 @@ public:
 private:
     struct Result;
     void Work();
-    void Consume();
+    /// Writes the results of the chunks checked, in order, waiting for them while `limit` or more chunks are
+    /// on their way; false once a fault has stopped the check.
+    bool WriteDone(uint64_t limit);
+    /// Writes one chunk's lines and counts them; false for a chunk that ends in a fault.
+    bool Write(const Result& result);
     void CheckChunk(Chunk& chunk, Result& result, struct WorkerState& state) const;
     void DrawProgress(bool last);
 
@@ -96,7 +102,9 @@ private:
     uint64_t m_totalBytes;
 
     std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable m_workAvailable; // workers wait for chunks
+    std::condition_variable m_resultReady; // the writer waits for the next chunk's result
+    bool m_writerWaiting = false;
     std::map<uint64_t, Chunk> m_pending;
     std::map<uint64_t, std::unique_ptr<Result>> m_done;
     uint64_t m_submitted = 0;
@@ -106,12 +114,13 @@ private:
     std::optional<std::pair<uint64_t, std::string>> m_readerFault; // chunk index, line
     std::vector<std::string> m_spareBuffers; // a few checked chunks' bytes, for the reader to fill again
     std::vector<std::thread> m_workers;
-    std::thread m_consumer;
+    bool m_finished = false;
 
-    // Owned by the consumer thread until it ends.
+    // Owned by the thread that submits, which writes the report.
     uint64_t m_rows = 0;
     uint64_t m_values = 0;
-    uint64_t m_lines;
+    uint64_t m_line; // where the next chunk starts
+    std::string m_lines; // a chunk's report lines
     uint64_t m_bytesDone = 0;
     std::vector<uint64_t> m_brokenByField;
     bool m_fault = false;
