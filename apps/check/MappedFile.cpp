@@ -88,8 +88,11 @@ MappedFile::~MappedFile() {
 }
 
 void MappedFile::Release(size_t offset) noexcept {
-    const size_t upTo = std::min(offset, m_size) & ~(g_pageSize - 1);
-    if (upTo <= m_released) return;
+    // A few large releases rather than one per chunk: each one has every other core that runs a thread of
+    // the process drop the pages from its address cache, and one on a boundary of large pages splits none.
+    constexpr size_t kStep = size_t { 4 } << 20;
+    const size_t upTo = std::min(offset, m_size) & ~(kStep / 2 - 1);
+    if (upTo < m_released + kStep) return;
     madvise(const_cast<char*>(m_data) + m_released, upTo - m_released, MADV_DONTNEED);
     m_released = upTo;
 }

@@ -22,8 +22,8 @@ public:
 
     /// The file's bytes as they were when it was mapped.
     [[nodiscard]] std::string_view Bytes() const noexcept { return { m_data, m_size }; }
-    /// Gives back the memory of the whole pages before `offset`, in order: the bytes before it are not read
-    /// again.
+    /// Gives back the memory of the pages before `offset`, in steps of a few megabytes: the bytes before it
+    /// are not read again.
     void Release(size_t offset) noexcept;
     /// True once a read fell past the file's end: the file shrank while it was mapped, and the bytes read
     /// since are not the file's.
