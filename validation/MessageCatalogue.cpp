@@ -163,22 +163,7 @@ const MessageCatalogue& EnglishMessages() {
 
 std::u16string ComposeMessage(
     const MessageCatalogue& catalogue, MessageId id, std::initializer_list<std::u16string_view> args) {
-    const std::u16string pattern = catalogue.Template(id);
-    std::u16string text;
-    text.reserve(pattern.size());
-    for (size_t i = 0; i < pattern.size(); ++i) {
-        if (pattern[i] == u'%' && i + 1 < pattern.size() && pattern[i + 1] >= u'1'
-            && pattern[i + 1] <= u'9') {
-            const size_t index = static_cast<size_t>(pattern[i + 1] - u'1');
-            if (index < args.size()) {
-                text += *(args.begin() + index);
-                ++i;
-                continue;
-            }
-        }
-        text += pattern[i];
-    }
-    return text;
+    return FillPlaceholders<char16_t>(catalogue.Template(id), std::span(args.begin(), args.size()));
 }
 
 } // namespace quillmar

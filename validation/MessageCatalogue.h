@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -145,6 +146,28 @@ public:
 
 /// The English catalogue shared by every caller that names no other.
 [[nodiscard]] QUILLMAR_CORE_EXPORT const MessageCatalogue& EnglishMessages();
+
+/// `pattern` with %1 ... %9 replaced by `args` in order, once: an argument holding "%2" stays as it is. A
+/// placeholder without an argument is left as written.
+template <typename Char>
+[[nodiscard]] std::basic_string<Char> FillPlaceholders(
+    std::basic_string_view<Char> pattern, std::span<const std::basic_string_view<Char>> args) {
+    std::basic_string<Char> text;
+    text.reserve(pattern.size());
+    for (size_t i = 0; i < pattern.size(); ++i) {
+        if (pattern[i] == Char('%') && i + 1 < pattern.size() && pattern[i + 1] >= Char('1')
+            && pattern[i + 1] <= Char('9')) {
+            const auto index = static_cast<size_t>(pattern[i + 1] - Char('1'));
+            if (index < args.size()) {
+                text += args[index];
+                ++i;
+                continue;
+            }
+        }
+        text += pattern[i];
+    }
+    return text;
+}
 
 /// The text of `id` in the catalogue's language with %1 ... %9 replaced by `args` in order, once: an
 /// argument holding "%2" stays as it is. A placeholder without an argument is left as written.

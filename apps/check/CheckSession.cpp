@@ -64,11 +64,11 @@ CheckSession::CheckSession(const std::vector<CheckedField>& fields, const std::v
     for (const std::string& column : m_columns) {
         m_fieldOfColumn.push_back(FindField(m_fields, column));
         if (m_fieldOfColumn.back() < 0 && !IsRecordColumn(column))
-            AppendUncheckedColumn(m_options.format, column, notes);
+            AppendUncheckedColumn(m_options.format, column, notes, Texts());
     }
     for (const CheckedField& field : m_fields)
         if (std::find(m_columns.begin(), m_columns.end(), field.name) == m_columns.end())
-            AppendUncheckedField(m_options.format, field.name, notes);
+            AppendUncheckedField(m_options.format, field.name, notes, Texts());
     std::fwrite(notes.data(), 1, notes.size(), m_out);
 
     const unsigned threads
@@ -163,7 +163,7 @@ int CheckSession::Finish() {
         broken += m_brokenByField[i];
     }
     std::string text;
-    AppendSummary(m_options.format, summary, text);
+    AppendSummary(m_options.format, summary, text, Texts());
     std::fwrite(text.data(), 1, text.size(), m_out);
     std::fflush(m_out);
     return broken == 0 ? 0 : 1;
@@ -217,7 +217,7 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     }
     // The column, the constraint names and most messages are composed once per chunk for each field and
     // set of constraints.
-    ViolationWriter writer(m_options.format, m_options.catalogue ? *m_options.catalogue : EnglishMessages());
+    ViolationWriter writer(m_options.format, Texts().Messages());
     for (size_t column = 0; column < m_columns.size(); ++column) {
         const int field = m_fieldOfColumn[column];
         if (field < 0) continue;

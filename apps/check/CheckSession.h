@@ -27,8 +27,8 @@ struct CheckOptions {
     bool progress = false;
     /// Read a regular CSV file by mapping it into memory rather than reading it in blocks, which copies it.
     bool mapFiles = true;
-    /// Where the messages find their words; null for the product's English.
-    const MessageCatalogue* catalogue = nullptr;
+    /// The words of the report and the messages; null for the product's English.
+    const CheckTexts* texts = nullptr;
 };
 
 /// A run of whole rows to check: CSV bytes to read, or rows already read into a table.
@@ -91,6 +91,9 @@ private:
     bool Write(const Result& result);
     void CheckChunk(Chunk& chunk, Result& result, struct WorkerState& state) const;
     void DrawProgress(bool last);
+    [[nodiscard]] const CheckTexts& Texts() const {
+        return m_options.texts ? *m_options.texts : EnglishCheckTexts();
+    }
 
     const std::vector<CheckedField>& m_fields;
     std::vector<std::string> m_columns;

@@ -4,9 +4,6 @@
 #include "formfile/FieldRules.h"
 #include "validation/ConstraintNames.h"
 
-#include <QCoreApplication>
-#include <QString>
-
 #include <charconv>
 #include <cstdio>
 
@@ -127,19 +124,19 @@ bool MessageNamesTheValue(int32_t bits, const Settings& settings) {
         || (IsNumericType(settings.MustBeType) && settings.MustNotBeZero);
 }
 
-// A text of the report in the language installed for the program, with %1, %2 ... replaced by `args` (UTF-8).
-template <typename... Args> std::string Translated(const char* english, const Args&... args) {
-    const auto utf16 = [](std::string_view utf8) {
-        return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-    };
-    return QCoreApplication::translate("quillmar-check", english).arg(utf16(args)...).toStdString();
+// A text of the report in the language of `texts`, with %1, %2 ... replaced by `args` (UTF-8).
+template <typename... Args>
+std::string Translated(const CheckTexts& texts, const char* english, const Args&... args) {
+    const std::string_view list[] = { std::string_view(args)... };
+    return texts.Text(english, list);
 }
 
 // A count with its noun, singular for one: "1 row", "2 rows".
-void AppendCount(uint64_t count, const char* one, const char* many, std::string& out) {
+void AppendCount(
+    const CheckTexts& texts, uint64_t count, const char* one, const char* many, std::string& out) {
     std::string number;
     AppendNumber(count, number);
-    out += Translated(count == 1 ? one : many, number);
+    out += Translated(texts, count == 1 ? one : many, number);
 }
 
 } // namespace
@@ -214,9 +211,10 @@ void ViolationWriter::Append(std::string_view column, std::u16string_view value,
         AppendMessageAndEnd(m_format, ShownMessage(value, bits, rules, m_catalogue), m_utf8, out);
 }
 
-void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out) {
+void AppendUncheckedColumn(
+    ReportFormat format, std::string_view column, std::string& out, const CheckTexts& texts) {
     if (format == ReportFormat::Text) {
-        out += Translated(
+        out += Translated(texts,
             QT_TRANSLATE_NOOP("quillmar-check", "column %1: no field of the form has this name; not checked"),
             column);
         out += '\n';
@@ -227,9 +225,10 @@ void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::st
     out += "}\n";
 }
 
-void AppendUncheckedField(ReportFormat format, std::string_view field, std::string& out) {
+void AppendUncheckedField(
+    ReportFormat format, std::string_view field, std::string& out, const CheckTexts& texts) {
     if (format == ReportFormat::Text) {
-        out += Translated(
+        out += Translated(texts,
             QT_TRANSLATE_NOOP("quillmar-check", "field %1: no column of the data has this name; not checked"),
             field);
         out += '\n';
@@ -240,7 +239,7 @@ void AppendUncheckedField(ReportFormat format, std::string_view field, std::stri
     out += "}\n";
 }
 
-void AppendSummary(ReportFormat format, const Summary& summary, std::string& out) {
+void AppendSummary(ReportFormat format, const Summary& summary, std::string& out, const CheckTexts& texts) {
     uint64_t broken = 0;
     for (const auto& field : summary.brokenByField)
         broken += field.second;
@@ -248,13 +247,13 @@ void AppendSummary(ReportFormat format, const Summary& summary, std::string& out
         std::string rows;
         std::string values;
         std::string brokenCount;
-        AppendCount(summary.rows, QT_TRANSLATE_NOOP("quillmar-check", "%1 row"),
+        AppendCount(texts, summary.rows, QT_TRANSLATE_NOOP("quillmar-check", "%1 row"),
             QT_TRANSLATE_NOOP("quillmar-check", "%1 rows"), rows);
-        AppendCount(summary.values, QT_TRANSLATE_NOOP("quillmar-check", "%1 value"),
+        AppendCount(texts, summary.values, QT_TRANSLATE_NOOP("quillmar-check", "%1 value"),
             QT_TRANSLATE_NOOP("quillmar-check", "%1 values"), values);
         AppendNumber(broken, brokenCount);
-        out += Translated(
-            QT_TRANSLATE_NOOP("quillmar-check", "checked %1, %2: %3 broken"), rows, values, brokenCount);
+        out += Translated(texts, QT_TRANSLATE_NOOP("quillmar-check", "checked %1, %2: %3 broken"), rows,
+            values, brokenCount);
         out += '\n';
         for (const auto& [name, count] : summary.brokenByField) {
             out += "  ";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "validation/MessageCatalogue.h"
+#include "apps/check/CheckTexts.h"
 #include "validation/PreparedRules.h"
 
 #include <cstdint>
@@ -60,9 +60,11 @@ private:
 void AppendRow(ReportFormat format, uint64_t row, std::string& out);
 
 /// Appends the line that tells a column was not checked (no field has its name) or a field was not checked
-/// (no column has its name).
-void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out);
-void AppendUncheckedField(ReportFormat format, std::string_view field, std::string& out);
+/// (no column has its name), in the language of `texts`.
+void AppendUncheckedColumn(ReportFormat format, std::string_view column, std::string& out,
+    const CheckTexts& texts = EnglishCheckTexts());
+void AppendUncheckedField(ReportFormat format, std::string_view field, std::string& out,
+    const CheckTexts& texts = EnglishCheckTexts());
 
 /// What a whole check found.
 struct Summary {
@@ -73,8 +75,9 @@ struct Summary {
 };
 
 /// Appends the summary: the rows, the values, the broken values, and the broken values of each field
-/// ("checked 1 row, 6 values: 2 broken").
-void AppendSummary(ReportFormat format, const Summary& summary, std::string& out);
+/// ("checked 1 row, 6 values: 2 broken"), in the language of `texts`.
+void AppendSummary(ReportFormat format, const Summary& summary, std::string& out,
+    const CheckTexts& texts = EnglishCheckTexts());
 
 /// Appends a JSON string literal of UTF-8 text.
 void AppendJsonString(std::string_view utf8, std::string& out);

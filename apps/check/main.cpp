@@ -4,10 +4,6 @@
 #include "apps/check/FormFields.h"
 #include "apps/check/TableSource.h"
 #include "base/LocaleName.h"
-#include "i18n/QuillmarTranslations.h"
-
-#include <QCoreApplication>
-#include <QLocale>
 
 #include <charconv>
 #include <cstdio>
@@ -94,9 +90,12 @@ int main(int argc, char** argv) {
     }
     const LocaleInfo locale = localeName ? LocaleInfo::FromName(*localeName) : LocaleInfo::FromEnvironment();
     // The messages speak the language of the values' locale, unless another is named.
-    QCoreApplication application(argc, argv);
-    InstallTranslations(QLocale(QString::fromStdString(messagesName.value_or(locale.name))));
-    options.catalogue = &TranslatedMessages();
+    std::string problem;
+    const std::unique_ptr<const CheckTexts> texts
+        = LoadCheckTexts(messagesName.value_or(locale.name), problem);
+    if (!problem.empty())
+        std::fprintf(stderr, "quillmar-check: %s; the report stays in English\n", problem.c_str());
+    options.texts = texts.get();
     const FormFields form = LoadFormFields(std::filesystem::path(paths[0]), locale);
     if (!form.error.empty()) {
         std::fprintf(stderr, "quillmar-check: %s\n", form.error.c_str());

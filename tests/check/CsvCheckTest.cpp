@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -265,6 +266,27 @@ TEST(CsvCheck, ToolPrintsItsMessagesInTheLanguageOfTheLocale) {
         out << outFile.rdbuf();
         EXPECT_NE(out.str().find(std::string(row.line) + "\n"), std::string::npos) << out.str();
     }
+    // A program whose translations are not beside it says so in one line and reports in English.
+    const std::string alone = (std::filesystem::path(::testing::TempDir()) / "quillmar-check-alone").string();
+    std::filesystem::copy_file(
+        QUILLMAR_CHECK_BINARY, alone, std::filesystem::copy_options::overwrite_existing);
+    const std::string out = ::testing::TempDir() + "/check-alone.out";
+    const std::string err = ::testing::TempDir() + "/check-alone.err";
+    // The dates of en_US break in de_DE: exit status 1.
+    const int status = std::system((alone + " --locale de_DE " + DataPath("check.qform.json") + " "
+        + DataPath("columns.csv") + " >" + out + " 2>" + err)
+                                       .c_str());
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    std::stringstream outText;
+    std::stringstream errText;
+    outText << std::ifstream(out).rdbuf();
+    errText << std::ifstream(err).rdbuf();
+    EXPECT_EQ(errText.str(),
+        "quillmar-check: the translations (quillmar-check-texts.so) are not installed beside " + alone
+            + "; the report stays in English\n");
+    EXPECT_TRUE(outText.str().starts_with("column Comment: no field of the form has this name"))
+        << outText.str();
 }
 
 TEST(CsvCheck, TinyChunksOnManyThreadsGiveTheSequentialResult) {
