@@ -34,10 +34,12 @@ std::string Drain(std::FILE* file) {
     return text;
 }
 
-Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsigned threads, size_t block) {
+Run Check(const std::vector<CheckedField>& fields, const std::string& path, unsigned threads, size_t block,
+    bool mapped = true) {
     CheckOptions options;
     options.threads = threads;
     options.chunkBytes = block;
+    options.mapFiles = mapped;
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
     const int status = CheckCsvFile(fields, path, options, out, err);
@@ -181,7 +183,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     else
         fuzz::Require(whole.err.empty(), "a report with an error line");
     const size_t block = 1 + (size > 0 ? data[0] % 16 : 0);
-    const Run split = Check(fields, path, 2, block);
+    // The file mapped, or read as a stream is.
+    const Run split = Check(fields, path, 2, block, size > 0 && (data[0] & 0x10) != 0);
     // A malformed file stops both runs with one line naming it; which fault of a badly quoted record is
     // named first may depend on where a block ends, so only valid files must give the same words.
     const bool sameFault = whole.status == 2
