@@ -124,3 +124,16 @@ function(quillmar_docs)
   install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libquillmar-dev
     COMPONENT dev OPTIONAL)
 endfunction()
+
+# quillmar_private_module(target): a loadable module that shows the loader its own entry points only: the
+# libraries linked into it stay its own, and (outside sanitized builds, whose runtime the loading program
+# brings) every symbol it needs is resolved when it is linked.
+function(quillmar_private_module target)
+  set_target_properties(${target} PROPERTIES PREFIX "" CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    target_link_options(${target} PRIVATE -Wl,--exclude-libs,ALL)
+    if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+      target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
+  endif()
+endfunction()

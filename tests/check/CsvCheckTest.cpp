@@ -267,11 +267,12 @@ TEST(CsvCheck, ToolPrintsItsMessagesInTheLanguageOfTheLocale) {
         EXPECT_NE(out.str().find(std::string(row.line) + "\n"), std::string::npos) << out.str();
     }
     // A program whose translations are not beside it says so in one line and reports in English.
-    const std::string alone = (std::filesystem::path(::testing::TempDir()) / "quillmar-check-alone").string();
-    std::filesystem::copy_file(
-        QUILLMAR_CHECK_BINARY, alone, std::filesystem::copy_options::overwrite_existing);
-    const std::string out = ::testing::TempDir() + "/check-alone.out";
-    const std::string err = ::testing::TempDir() + "/check-alone.err";
+    std::string folder = (std::filesystem::path(::testing::TempDir()) / "quillmar-alone-XXXXXX").string();
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    const std::string alone = folder + "/quillmar-check";
+    std::filesystem::copy_file(QUILLMAR_CHECK_BINARY, alone);
+    const std::string out = folder + "/out";
+    const std::string err = folder + "/err";
     // The dates of en_US break in de_DE: exit status 1.
     const int status = std::system((alone + " --locale de_DE " + DataPath("check.qform.json") + " "
         + DataPath("columns.csv") + " >" + out + " 2>" + err)
