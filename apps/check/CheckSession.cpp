@@ -1,6 +1,7 @@
 #include "apps/check/CheckSession.h"
 
 #include "apps/check/CsvChunk.h"
+#include "apps/check/RecordSplit.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,9 +24,14 @@ struct CheckSession::Result {
     std::optional<CsvProblem> problem;
     size_t lineBreaks = 0;
     uint64_t inputBytes = 0;
-    /// The mapped file the chunk stood in, and where its bytes ended there.
+    /// The mapped file the chunk's range stood in: the range, whether a record started at its beginning,
+    /// and where the records read from it start and stop.
     MappedFile* file = nullptr;
-    size_t fileEnd = 0;
+    size_t begin = 0;
+    size_t end = 0;
+    bool startsRecord = false;
+    size_t start = 0;
+    size_t stop = 0;
 };
 
 // What each worker thread keeps from chunk to chunk, so that checking stops allocating once warm.
@@ -109,6 +115,7 @@ bool CheckSession::WriteDone(uint64_t limit) {
                 m_writerWaiting = false;
             }
         }
+        if (result->file) Follow(result);
         if (!Write(*result)) {
             {
                 std::lock_guard lock(m_mutex);
@@ -198,7 +205,25 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     result.lineBreaks = chunk.lineBreaks;
     result.inputBytes = chunk.inputBytes;
     ColumnTable& table = chunk.ready ? chunk.table : state.table;
-    if (!chunk.ready) result.problem = state.reader.Read(chunk.Bytes(), m_columns.size(), table);
+    std::string_view bytes = chunk.bytes;
+    bool tooLong = false;
+    if (chunk.file) {
+        const std::string_view all = chunk.file->Bytes();
+        const RecordRange range
+            = FindRecordRange(all, chunk.begin, chunk.end, chunk.startsRecord, kMaxRecordBytes);
+        result.file = chunk.file;
+        result.begin = chunk.begin;
+        result.end = chunk.end;
+        result.startsRecord = chunk.startsRecord;
+        result.start = range.start;
+        result.stop = range.stop;
+        tooLong = range.tooLong;
+        bytes = all.substr(range.start, range.stop - range.start);
+    }
+    if (!chunk.ready) result.problem = state.reader.Read(bytes, m_columns.size(), table);
+    if (tooLong && !result.problem)
+        result.problem
+            = CsvProblem { CountLineBreaks(bytes), "a record longer than 8 MiB (is a quote left open?)" };
     const size_t rows = table.RowCount();
     result.rows = rows;
     result.brokenByField.assign(m_fields.size(), 0);
@@ -239,17 +264,41 @@ void CheckSession::CheckChunk(Chunk& chunk, Result& result, WorkerState& state) 
     // Row order first, then column order, as a sequential reader reports.
     std::stable_sort(result.entries.begin(), result.entries.end(),
         [](const Result::Entry& a, const Result::Entry& b) { return a.row < b.row; });
-    if (chunk.file) {
-        result.file = chunk.file;
-        result.fileEnd
-            = static_cast<size_t>(chunk.mapped.data() + chunk.mapped.size() - chunk.file->Bytes().data());
-        // A file that shrank as it was read gave zeros for the bytes it lost, here or in any chunk after: the
-        // chunk is a fault, and nothing of it is reported.
-        if (chunk.file->Shrank()) {
-            result.problem = CsvProblem { 0, "the file shrank while it was read" };
-            result.entries.clear();
+    // A file that shrank as it was read gave zeros for the bytes it lost, here or in any chunk after: the
+    // chunk is a fault, and nothing of it is reported.
+    if (chunk.file && chunk.file->Shrank()) {
+        result.problem = CsvProblem { 0, "the file shrank while it was read" };
+        result.entries.clear();
+    }
+}
+
+void CheckSession::Follow(std::unique_ptr<Result>& result) {
+    if (!m_fileStart) m_fileStart = result->start;
+    if (!result->startsRecord) {
+        if (m_nextStart >= result->end) {
+            // The records before run past the whole range: none starts in it.
+            result->rows = 0;
+            result->values = 0;
+            result->entries.clear();
+            std::fill(result->brokenByField.begin(), result->brokenByField.end(), 0);
+            result->problem.reset();
+            result->start = result->stop = m_nextStart;
+        } else if (result->start != m_nextStart) {
+            // The range's first line terminator stood inside a quoted value: its records are found again from
+            // where the records before stop.
+            Chunk again;
+            again.file = result->file;
+            again.begin = m_nextStart;
+            again.end = result->end;
+            again.startsRecord = true;
+            again.inputBytes = result->inputBytes;
+            if (!m_followState) m_followState = std::make_unique<WorkerState>();
+            auto found = std::make_unique<Result>();
+            CheckChunk(again, *found, *m_followState);
+            result = std::move(found);
         }
     }
+    m_nextStart = result->stop;
 }
 
 bool CheckSession::Write(const Result& result) {
@@ -266,6 +315,9 @@ bool CheckSession::Write(const Result& result) {
     for (size_t i = 0; i < m_fields.size(); ++i)
         m_brokenByField[i] += result.brokenByField[i];
     if (result.problem) {
+        // The lines of a mapped file are counted only when a fault needs one.
+        if (result.file && m_fileStart)
+            m_line += CountLineBreaks(result.file->Bytes().substr(*m_fileStart, result.start - *m_fileStart));
         DrawProgress(true);
         std::fprintf(m_err, "quillmar-check: %s, line %llu: %s\n", m_source.c_str(),
             static_cast<unsigned long long>(m_line + result.problem->lineBreaksBefore),
@@ -273,9 +325,9 @@ bool CheckSession::Write(const Result& result) {
         m_fault = true;
         return false;
     }
-    m_line += result.lineBreaks;
+    if (!result.file) m_line += result.lineBreaks;
     m_bytesDone += result.inputBytes;
-    if (result.file) result.file->Release(result.fileEnd);
+    if (result.file) result.file->Release(result.stop);
     DrawProgress(false);
     return true;
 }

@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -33,20 +34,22 @@ struct CheckOptions {
 
 /// A run of whole rows to check: CSV bytes to read, or rows already read into a table.
 struct Chunk {
-    /// The CSV bytes, when they were read into memory of the chunk's own.
+    /// CSV bytes, whole records, read into memory of the chunk's own.
     std::string bytes;
-    /// The CSV bytes, when they stand in a mapped file (which outlives the check): `bytes` is then unused,
-    /// and the file is told when the check is done with them.
+    /// Or a range of a mapped file (which outlives the check): the records that start in [begin, end), which
+    /// the checking thread finds itself (`FindRecordRange`), a record starting at `begin` when
+    /// `startsRecord`. The thread that writes the report makes sure each range starts where the one before
+    /// stops.
     MappedFile* file = nullptr;
-    std::string_view mapped;
+    size_t begin = 0;
+    size_t end = 0;
+    bool startsRecord = false;
     ColumnTable table;
     bool ready = false;
-    /// The physical line breaks the chunk's bytes hold (for the line numbers of faults).
+    /// The physical line breaks `bytes` hold (for the line numbers of faults).
     size_t lineBreaks = 0;
     /// The share of the input the chunk stands for, for the progress bar.
     uint64_t inputBytes = 0;
-
-    [[nodiscard]] std::string_view Bytes() const noexcept { return file ? mapped : std::string_view(bytes); }
 };
 
 /// One check of a data source against a form's fields: chunks of rows go in, in order, and are read and
@@ -90,6 +93,9 @@ private:
     /// Writes one chunk's lines and counts them; false for a chunk that ends in a fault.
     bool Write(const Result& result);
     void CheckChunk(Chunk& chunk, Result& result, struct WorkerState& state) const;
+    /// Makes sure a range of a mapped file starts where the range before it stopped, finding its records
+    /// again from there when its guess was wrong.
+    void Follow(std::unique_ptr<Result>& result);
     void DrawProgress(bool last);
     [[nodiscard]] const CheckTexts& Texts() const {
         return m_options.texts ? *m_options.texts : EnglishCheckTexts();
@@ -118,11 +124,15 @@ private:
     std::vector<std::string> m_spareBuffers; // a few checked chunks' bytes, for the reader to fill again
     std::vector<std::thread> m_workers;
     bool m_finished = false;
+    std::unique_ptr<struct WorkerState> m_followState; // for ranges found again by the writing thread
 
     // Owned by the thread that submits, which writes the report.
     uint64_t m_rows = 0;
     uint64_t m_values = 0;
-    uint64_t m_line; // where the next chunk starts
+    uint64_t m_line; // where the next chunk of bytes starts
+    // In a mapped file: where the first range started (line `m_line`), and where the next one must start.
+    std::optional<size_t> m_fileStart;
+    size_t m_nextStart = 0;
     std::string m_lines; // a chunk's report lines
     uint64_t m_bytesDone = 0;
     std::vector<uint64_t> m_brokenByField;

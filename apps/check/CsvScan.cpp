@@ -208,6 +208,20 @@ template <bool kPacked>
     }
 }
 
+// The quotes' count, 64 bytes to a vector; the last, shorter block is loaded under a mask.
+[[gnu::target("avx512f,avx512bw")]] size_t CountQuotesAvx512(std::string_view bytes) noexcept {
+    const __m512i quote = _mm512_set1_epi8('"');
+    size_t count = 0;
+    const size_t whole = bytes.size() / 64;
+    for (size_t block = 0; block < whole; ++block)
+        count += static_cast<size_t>(
+            std::popcount(_mm512_cmpeq_epi8_mask(_mm512_loadu_si512(bytes.data() + 64 * block), quote)));
+    if (const size_t rest = bytes.size() % 64; rest != 0)
+        count += static_cast<size_t>(std::popcount(_mm512_cmpeq_epi8_mask(
+            _mm512_maskz_loadu_epi8((__mmask64 { 1 } << rest) - 1, bytes.data() + 64 * whole), quote)));
+    return count;
+}
+
 bool HasAvx512() noexcept {
     static const bool has = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw")
         && __builtin_cpu_supports("avx512vl");
@@ -234,6 +248,17 @@ void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width) noex
         const BlockMasks masks = ScanBlock(bytes.data() + base, std::min<size_t>(64, bytes.size() - base));
         out[base / 64] = { masks.quote, masks.lf, masks.cr };
     }
+}
+
+bool OddQuotes(std::string_view bytes, ScanWidth width) noexcept {
+#if defined(QUILLMAR_AVX512_SCAN)
+    if (width == ScanWidth::Widest && HasAvx512()) return (CountQuotesAvx512(bytes) & 1) != 0;
+#endif
+    (void)width;
+    uint64_t parity = 0;
+    for (size_t base = 0; base < bytes.size(); base += 64)
+        parity ^= ScanBlock(bytes.data() + base, std::min<size_t>(64, bytes.size() - base)).quote;
+    return (std::popcount(parity) & 1) != 0;
 }
 
 void CsvStructure::Scan(std::string_view bytes, ScanWidth width) {

@@ -54,6 +54,10 @@ struct LineMasks {
 /// give the same masks.
 void ScanLineMasks(std::string_view bytes, LineMasks* out, ScanWidth width = ScanWidth::Widest) noexcept;
 
+/// Whether `bytes` hold an odd number of quotes: read as `width` says, 64 bytes to a vector with AVX-512
+/// where the processor has it.
+[[nodiscard]] bool OddQuotes(std::string_view bytes, ScanWidth width = ScanWidth::Widest) noexcept;
+
 /// The structure of a run of CSV bytes, found block by block: where the commas, CRs and LFs outside quotes
 /// stand, and which bytes are quotes or not ASCII. A scan keeps its storage for the next one.
 class CsvStructure {

@@ -38,36 +38,20 @@ bool ReadUntilHeader(std::FILE* file, std::string& buffer, size_t block, bool& a
     return true;
 }
 
-// Hands a mapped file's records after the header to the check, a block at a time cut at record boundaries;
-// the chunks view the mapping, and the pages the check is done with are given back as it goes.
-void SubmitMapped(CheckSession& session, MappedFile& file, size_t at, uint64_t line, size_t block) {
-    const std::string_view all = file.Bytes();
-    while (at < all.size()) {
-        // A record longer than a block widens the window until it holds one, up to the longest record.
-        RecordPrefix prefix;
-        for (size_t window = block;; window *= 2) {
-            const std::string_view bytes = all.substr(at, window);
-            if (at + bytes.size() == all.size()) {
-                prefix = { bytes.size(), CountLineBreaks(bytes) };
-                break;
-            }
-            prefix = CompleteRecords(bytes);
-            if (prefix.length > 0) break;
-            if (bytes.size() > kMaxRecordBytes) {
-                session.Fail(line, "a record longer than 8 MiB (is a quote left open?)");
-                return;
-            }
-        }
+// Hands a mapped file's bytes after the header to the check in ranges of a block, which the checking
+// threads cut at record boundaries themselves: this thread reads none of them.
+void SubmitMapped(CheckSession& session, MappedFile& file, size_t at, size_t block) {
+    const size_t size = file.Bytes().size();
+    for (size_t begin = at; begin < size; begin += block) {
         Chunk chunk;
         chunk.file = &file;
-        chunk.mapped = all.substr(at, prefix.length);
-        chunk.lineBreaks = prefix.lineBreaks;
-        chunk.inputBytes = prefix.length;
-        at += prefix.length;
-        line += prefix.lineBreaks;
+        chunk.begin = begin;
+        chunk.end = begin + std::min(block, size - begin);
+        chunk.startsRecord = begin == at;
+        chunk.inputBytes = chunk.end - begin;
         if (!session.Submit(std::move(chunk))) return;
     }
-    if (file.Shrank()) session.Fail(line, "the file shrank while it was read");
+    if (file.Shrank()) session.Fail(0, "the file shrank while it was read");
 }
 
 // Hands the records after the header to the check as they are read, in blocks cut at record boundaries;
@@ -162,7 +146,7 @@ int CheckCsvFile(const std::vector<CheckedField>& fields, const std::filesystem:
 
     CheckSession session(fields, columns, options, out, err, name, header.lineBreaks + 1, totalBytes);
     if (mapped)
-        SubmitMapped(session, *mapped, bodyStart, header.lineBreaks + 1, block);
+        SubmitMapped(session, *mapped, bodyStart, block);
     else
         SubmitStream(session, file.get(), buffer.substr(bodyStart), atEnd, header.lineBreaks + 1, block);
     return session.Finish();

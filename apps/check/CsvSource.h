@@ -7,10 +7,6 @@
 
 namespace quillmar::check {
 
-/// The longest record a CSV file may hold; a longer one (most often an unclosed quote) is a fault, so
-/// memory stays bounded whatever the file holds.
-inline constexpr size_t kMaxRecordBytes = size_t { 8 } << 20;
-
 /// Checks a CSV file (UTF-8, an optional byte-order mark, a header row naming the columns) against the
 /// fields, streaming it in blocks cut at record boundaries. Writes the report to `out` and any fault's one
 /// line to `err`; returns the exit status of `CheckSession::Finish` (2 when the file cannot be read).

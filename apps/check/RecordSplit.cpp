@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 
 namespace quillmar::check {
 namespace {
@@ -97,12 +98,58 @@ RecordPrefix FirstRecord(std::string_view bytes) noexcept {
     return prefix;
 }
 
-size_t CountLineBreaks(std::string_view bytes) noexcept {
+size_t CountLineBreaks(std::string_view bytes, ScanWidth width) noexcept {
+    constexpr size_t kBatchBlocks = 64;
+    LineMasks batch[kBatchBlocks];
     size_t count = 0;
-    for (size_t i = 0; i < bytes.size(); ++i)
-        if (bytes[i] == '\n' || (bytes[i] == '\r' && (i + 1 == bytes.size() || bytes[i + 1] != '\n')))
-            ++count;
+    const size_t n = bytes.size();
+    for (size_t batchBase = 0; batchBase < n; batchBase += 64 * kBatchBlocks) {
+        const size_t batchSize = std::min<size_t>(64 * kBatchBlocks, n - batchBase);
+        ScanLineMasks(bytes.substr(batchBase, batchSize), batch, width);
+        for (size_t offset = 0; offset < batchSize; offset += 64) {
+            const size_t next = batchBase + offset + 64;
+            const LineMasks& masks = batch[offset / 64];
+            const bool lfFollows = next < n && bytes[next] == '\n';
+            const uint64_t lonelyCr = masks.cr & ~((masks.lf >> 1) | (uint64_t { lfFollows } << 63));
+            count += static_cast<size_t>(std::popcount(masks.lf | lonelyCr));
+        }
+    }
     return count;
+}
+
+namespace {
+
+// Whether a line terminator ends just before `at` (0 < at <= size): an LF, or a CR no LF follows.
+bool EndsLineBefore(std::string_view bytes, size_t at) noexcept {
+    const char c = bytes[at - 1];
+    return c == '\n' || (c == '\r' && (at == bytes.size() || bytes[at] != '\n'));
+}
+
+} // namespace
+
+RecordRange FindRecordRange(
+    std::string_view bytes, size_t begin, size_t end, bool startsRecord, size_t limit) noexcept {
+    const size_t n = bytes.size();
+    size_t start = begin;
+    if (!startsRecord) {
+        start = std::max<size_t>(begin, 1);
+        while (start <= end && !EndsLineBefore(bytes, start))
+            ++start;
+        if (start > end) return { end, end, false };
+    }
+    if (end >= n) return { start, n, false };
+    // The quote state at the range's end, then the start of the record it holds there (walking back, each
+    // quote passed flipping the state), whose length the limit bounds, then that record's end.
+    const bool insideAtEnd = start < end && OddQuotes(bytes.substr(start, end - start));
+    size_t last = end;
+    for (bool inside = insideAtEnd; last > start && (inside || !EndsLineBefore(bytes, last));)
+        if (bytes[--last] == '"') inside = !inside;
+    bool inside = insideAtEnd;
+    for (size_t at = end;; ++at) {
+        if (at == n || (!inside && EndsLineBefore(bytes, at))) return { start, at, false };
+        if (at - last > limit) return { start, last, true };
+        if (bytes[at] == '"') inside = !inside;
+    }
 }
 
 size_t LineBreaksBeforeRecord(std::string_view bytes, size_t record) noexcept {

@@ -292,14 +292,15 @@ TEST(CsvCheck, ToolPrintsItsMessagesInTheLanguageOfTheLocale) {
 
 TEST(CsvCheck, TinyChunksOnManyThreadsGiveTheSequentialResult) {
     for (const char* file : { "quoted.csv", "columns.csv", "malformed.csv", "short.csv", "unclosed.csv",
-             "broken.csv", "one.csv" }) {
+             "broken.csv", "one.csv", "multiline.csv" }) {
         SCOPED_TRACE(file);
         CheckOptions sequential;
         sequential.threads = 1;
         const CheckRun expected = Check(file, sequential);
         // Mapped and read as a stream, which a pipe is.
         for (const bool mapped : { true, false }) {
-            for (const size_t chunk : { 1, 7, 64 }) {
+            // Ranges of 13 bytes hold a quoted line break and the record's end after it.
+            for (const size_t chunk : { 1, 7, 13, 64 }) {
                 CheckOptions split;
                 split.threads = 3;
                 split.chunkBytes = chunk;

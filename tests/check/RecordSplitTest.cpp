@@ -42,7 +42,41 @@ TEST(RecordSplit, CutsAfterTheLastTerminatorOutsideQuotes) {
             const RecordPrefix prefix = CompleteRecords(row.bytes, width);
             EXPECT_EQ(prefix.length, row.length) << static_cast<int>(width);
             EXPECT_EQ(prefix.lineBreaks, row.lineBreaks) << static_cast<int>(width);
+            EXPECT_EQ(CountLineBreaks(row.bytes.substr(0, row.length), width), row.lineBreaks);
         }
+    }
+}
+
+// A range's records start after its first line terminator, taken to end a record; from there the quotes are
+// followed exactly to the first record after the range, and a record longer than the limit stops them.
+TEST(RecordSplit, RangeTakesTheRecordsThatStartInIt) {
+    const struct {
+        std::string bytes;
+        size_t begin;
+        size_t end;
+        bool startsRecord;
+        RecordRange range;
+    } rows[] = {
+        { "a\nb\nc\n", 1, 3, false, { 2, 4, false } },
+        { "a\nb\nc\n", 2, 3, false, { 2, 4, false } }, // the LF before the range ends a record
+        { "a\nb\nc\n", 0, 2, true, { 0, 2, false } }, // a record at the range's end is the next range's
+        { "a\r\nb\n", 2, 4, false, { 3, 5, false } }, // a CRLF across the range's start is one terminator
+        { "ab\r\nc", 0, 3, true, { 0, 4, false } }, // ... and across its end
+        { "ab\rc\n", 0, 3, true, { 0, 3, false } }, // a lonely CR ends a record
+        { "abcdef\n", 1, 3, false, { 3, 3, false } }, // no record starts in the range
+        { "a,\"x\ny\"\nz\n", 0, 4, true, { 0, 8, false } }, // a quoted LF does not end the record
+        { "a,\"x\ny\"\nz\n", 3, 6, false, { 5, 10, false } }, // a guess from a quoted LF, told by its start
+        { "a,\"x\"\n", 0, 4, true, { 0, 6, false } },
+        { "a\nbcdefghijk\n", 0, 3, true, { 0, 2, true } }, // the record at 2 runs on past the limit of 8
+        { "a\nbcdefgh\n", 0, 3, true, { 0, 10, false } },
+        { "a\nb", 1, 3, false, { 2, 3, false } }, // the bytes' end closes the last record
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.bytes + " " + std::to_string(row.begin) + ".." + std::to_string(row.end));
+        const RecordRange range = FindRecordRange(row.bytes, row.begin, row.end, row.startsRecord, 8);
+        EXPECT_EQ(range.start, row.range.start);
+        EXPECT_EQ(range.stop, row.range.stop);
+        EXPECT_EQ(range.tooLong, row.range.tooLong);
     }
 }
 
