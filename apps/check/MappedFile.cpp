@@ -71,13 +71,15 @@ std::unique_ptr<MappedFile> MappedFile::Map(int descriptor) {
     place.shrank.store(false);
     place.end.store(reinterpret_cast<uintptr_t>(data) + size);
     place.begin.store(reinterpret_cast<uintptr_t>(data));
-    return std::unique_ptr<MappedFile>(new MappedFile(static_cast<const char*>(data), size, slot));
+    return std::unique_ptr<MappedFile>(
+        new MappedFile(static_cast<const char*>(data), size, slot, descriptor));
 }
 
-MappedFile::MappedFile(const char* data, size_t size, size_t slot) noexcept
+MappedFile::MappedFile(const char* data, size_t size, size_t slot, int descriptor) noexcept
     : m_data(data)
     , m_size(size)
-    , m_slot(slot) { }
+    , m_slot(slot)
+    , m_descriptor(descriptor) { }
 
 MappedFile::~MappedFile() {
     Place& place = g_places[m_slot];
@@ -98,7 +100,9 @@ void MappedFile::Release(size_t offset) noexcept {
 }
 
 bool MappedFile::Shrank() const noexcept {
-    return g_places[m_slot].shrank.load();
+    if (g_places[m_slot].shrank.load()) return true;
+    struct stat status { };
+    return fstat(m_descriptor, &status) == 0 && static_cast<uint64_t>(status.st_size) < m_size;
 }
 
 } // namespace quillmar::check

@@ -13,8 +13,8 @@ namespace quillmar::check {
 /// stops with a fault.
 class MappedFile {
 public:
-    /// Maps the open file `descriptor`; null where it cannot be mapped (not a regular file, empty, or the
-    /// system refuses), which the caller then reads as a stream.
+    /// Maps the open file `descriptor`, which must stay open while the mapping lives; null where it cannot
+    /// be mapped (not a regular file, empty, or the system refuses), which the caller then reads as a stream.
     [[nodiscard]] static std::unique_ptr<MappedFile> Map(int descriptor);
     ~MappedFile();
     MappedFile(const MappedFile&) = delete;
@@ -25,16 +25,18 @@ public:
     /// Gives back the memory of the pages before `offset`, in steps of a few megabytes: the bytes before it
     /// are not read again.
     void Release(size_t offset) noexcept;
-    /// True once a read fell past the file's end: the file shrank while it was mapped, and the bytes read
-    /// since are not the file's.
+    /// True once the file is shorter than it was when it was mapped: a read past its new end gave zeros,
+    /// and so did one past it within its last page, which the system fills with zeros unasked. Asked after
+    /// a read, it tells whether what was read was the file's.
     [[nodiscard]] bool Shrank() const noexcept;
 
 private:
-    MappedFile(const char* data, size_t size, size_t slot) noexcept;
+    MappedFile(const char* data, size_t size, size_t slot, int descriptor) noexcept;
 
     const char* m_data;
     size_t m_size;
     size_t m_slot; // where the bus-error handler finds the mapping
+    int m_descriptor;
     size_t m_released = 0;
 };
 
