@@ -94,7 +94,7 @@ bool CheckSession::Submit(Chunk chunk) {
         m_pending.emplace(m_submitted++, std::move(chunk));
     }
     m_workAvailable.notify_one();
-    return WriteDone(2 * m_workers.size() + 2);
+    return WriteDone(4 * m_workers.size() + 4);
 }
 
 bool CheckSession::WriteDone(uint64_t limit) {
@@ -110,9 +110,10 @@ bool CheckSession::WriteDone(uint64_t limit) {
                     break;
                 }
                 if (m_submitted - m_consumed < limit) return true;
-                m_writerWaiting = true;
+                // Woken once for a run of results rather than for each: a wake-up across cores is dear.
+                m_writerWants = std::min<uint64_t>((limit + 1) / 2, m_submitted - m_consumed);
                 m_resultReady.wait(lock);
-                m_writerWaiting = false;
+                m_writerWants = 0;
             }
         }
         if (result->file) Follow(result);
@@ -193,8 +194,10 @@ void CheckSession::Work() {
         if (bytes.capacity() >= m_options.chunkBytes && bytes.capacity() <= 4 * m_options.chunkBytes
             && m_spareBuffers.size() < 2)
             m_spareBuffers.push_back(std::move(bytes));
-        // Only the result the writer waits for wakes it.
-        const bool awaited = m_writerWaiting && node.key() == m_consumed;
+        // Only the last of the run of results the writer waits for wakes it.
+        bool awaited = m_writerWants > 0 && node.key() < m_consumed + m_writerWants;
+        for (uint64_t key = m_consumed; awaited && key < m_consumed + m_writerWants; ++key)
+            awaited = key == node.key() || m_done.count(key) != 0;
         m_done.emplace(node.key(), std::move(result));
         lock.unlock();
         if (awaited) m_resultReady.notify_one();

@@ -113,7 +113,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_workAvailable; // workers wait for chunks
     std::condition_variable m_resultReady; // the writer waits for the next chunk's result
-    bool m_writerWaiting = false;
+    uint64_t m_writerWants = 0; // while the writer waits: the results, from the next, it waits for
     std::map<uint64_t, Chunk> m_pending;
     std::map<uint64_t, std::unique_ptr<Result>> m_done;
     uint64_t m_submitted = 0;
