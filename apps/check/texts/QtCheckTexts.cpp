@@ -8,29 +8,43 @@
 #include <QString>
 #include <QTranslator>
 
+#include <mutex>
 #include <type_traits>
 
 namespace quillmar::check {
 namespace {
 
-class QtCheckTexts final : public CheckTexts {
+// The checking threads compose messages at once, and a translator promises nothing of calls from two threads
+// on one object: each text is looked up under a lock, which few texts take (a message is composed once per
+// chunk for each field and set of broken rules).
+class QtCheckTexts final : public CheckTexts, private MessageCatalogue {
 public:
     QtCheckTexts(std::unique_ptr<QTranslator> report, std::shared_ptr<const MessageCatalogue> messages)
         : m_report(std::move(report))
         , m_messages(std::move(messages)) { }
 
-    [[nodiscard]] const MessageCatalogue& Messages() const override { return *m_messages; }
+    [[nodiscard]] const MessageCatalogue& Messages() const override { return *this; }
 
     [[nodiscard]] std::string Text(
         const char* english, std::span<const std::string_view> args) const override {
-        const QString translated = m_report ? m_report->translate("quillmar-check", english) : QString();
-        const std::string pattern = translated.isEmpty() ? std::string(english) : translated.toStdString();
+        std::string pattern = english;
+        if (m_report) {
+            const std::lock_guard lock(m_mutex);
+            const QString translated = m_report->translate("quillmar-check", english);
+            if (!translated.isEmpty()) pattern = translated.toStdString();
+        }
         return FillPlaceholders<char>(pattern, args);
     }
 
 private:
+    [[nodiscard]] std::u16string Template(MessageId id) const override {
+        const std::lock_guard lock(m_mutex);
+        return m_messages->Template(id);
+    }
+
     std::unique_ptr<QTranslator> m_report;
     std::shared_ptr<const MessageCatalogue> m_messages;
+    mutable std::mutex m_mutex;
 };
 
 } // namespace
